@@ -4,6 +4,7 @@
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageLoop.h"
+#include "platform/MousePointer.h"
 #include "platform/Registry.h"
 #include "platform/TextEncoding.h"
 #include "platform/WarningBox.h"
@@ -18,6 +19,7 @@ struct Platform {
   TextEncoding& encoding;
   FileSystem& files;
   WarningBox& warning_box;
+  MousePointer& mouse_pointer;
 };
 
 }  // namespace imptable

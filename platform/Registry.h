@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,6 +43,13 @@ inline constexpr std::int32_t kRegistryOk = 0;
 inline constexpr std::int32_t kRegistryNotFound = 2;      // ERROR_FILE_NOT_FOUND
 inline constexpr std::int32_t kRegistryAccessDenied = 5;  // ERROR_ACCESS_DENIED
 
+/// The registry as a whole can't be read or written (damaged, locked, no rights): what() says which
+/// one, what is wrong and what to do, in one line.
+class RegistryError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
 /// The registry as the component needs it: the system's on Windows, one SQLite file elsewhere.
 /// Names are matched without regard to case, accented letters included. Names and texts are in
 /// the system's code page.
@@ -49,7 +57,8 @@ class Registry {
  public:
   virtual ~Registry() = default;
 
-  /// @return nullopt when the key or value is absent or unreadable; never throws for that.
+  /// @return nullopt when the key or value is absent or unreadable.
+  /// @throws RegistryError  from any reading member, when the registry itself can't be read.
   virtual std::optional<RegistryValue> Read(const KeyPath& key, std::string_view name) const = 0;
 
   /// Creates the key when needed; an existing value keeps its place in the enumeration order.

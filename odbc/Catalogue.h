@@ -1,0 +1,66 @@
+#ifndef ODBC_CATALOGUE_H_
+#define ODBC_CATALOGUE_H_
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "odbc/ModuleODBC.h"
+
+namespace imptable {
+
+/// A column of the target table, as the driver describes it.
+struct TableColumn {
+  std::string name;
+  std::int16_t sql_type = 0;  // ODBC SQL type code
+  std::string type_name;
+  std::int32_t precision = 0;
+  std::int16_t scale = 0;
+  std::int16_t nullable = 0;
+  bool ignored = false;  // not to be written
+};
+
+/// A member of the primary key or of a unique index.
+struct KeyColumn {
+  std::string column_name;
+  std::int16_t position = 0;  // within the key, from 1
+  std::string key_name;       // of the index; empty for a primary key
+};
+
+/// The catalogue queries on the table of the run ("Owner" and "Table"), each on a statement of its
+/// own. Lists are in the driver's order. A query returns false after it has reported a diagnostic;
+/// its list then holds what was fetched so far. An empty result is a success.
+class Catalogue {
+ public:
+  /// @param module, session  borrowed.
+  Catalogue(const ModuleCommun& module, OdbcSession& session)
+      : module_(module), session_(session) {}
+
+  /// The table's columns; those whose assignment in "Champs" ends with "Ignore" are marked.
+  bool GetTableColumns(std::vector<TableColumn>& columns);
+
+  /// Marks the columns that the database versions itself.
+  /// @param found  set to true when one was marked, else left alone.
+  bool GetSpecialColumns(std::vector<TableColumn>& columns, bool& found);
+
+  bool GetPrimaryKeyColumns(std::vector<KeyColumn>& key);
+  bool GetUniqueIndexColumns(std::vector<KeyColumn>& key);
+
+ private:
+  const ModuleCommun& module_;
+  OdbcSession& session_;
+};
+
+/// The name between two copies of the driver's identifier quote character.
+std::string QuoteIdentifier(const OdbcSession& session, std::string_view name);
+
+/// The quoted table of the run, preceded by the quoted owner and "." when there is one.
+std::string TableReference(const ModuleCommun& module, const OdbcSession& session);
+
+/// Puts the escape character before every "_"; "%" is left as it is.
+void EscapeUnderscores(std::string& name, std::string_view escape);
+
+}  // namespace imptable
+
+#endif  // ODBC_CATALOGUE_H_

@@ -1,0 +1,205 @@
+#include "odbc/ModuleODBC.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace imptable {
+namespace {
+
+constexpr SQLSMALLINT kMessageBytes = 512;
+constexpr SQLSMALLINT kCompletedStringBytes = 512;
+constexpr SQLSMALLINT kSourceNameBytes = 500;
+constexpr std::uint16_t kDefaultNameLength = 50;
+constexpr std::size_t kSeparatorBytes = 255;
+constexpr std::int16_t kLastImportMode = 4;
+
+// Numbers of catalogue texts: never change.
+constexpr std::int32_t kMessageLine = 157;
+constexpr std::int32_t kMessageAllocEnv = 170;
+constexpr std::int32_t kMessageAllocConnect = 171;
+constexpr std::int32_t kMessageFreeEnv = 172;
+constexpr std::int32_t kMessageFreeConnect = 173;
+constexpr std::int32_t kMessageDisconnect = 174;
+constexpr std::int32_t kMessageTitle = 175;
+
+std::string Trimmed(std::string text) {
+  text.erase(0, std::min(text.find_first_not_of(' '), text.size()));
+  text.erase(text.find_last_not_of(' ') + 1);
+  return text;
+}
+
+}  // namespace
+
+OdbcSession::~OdbcSession() {
+  statement.Drop();
+  if (connection != SQL_NULL_HDBC) {
+    SQLDisconnect(connection);
+    SQLFreeConnect(connection);
+  }
+  if (environment != SQL_NULL_HENV) SQLFreeEnv(environment);
+}
+
+bool OdbcSession::ConnectDataSource(const std::string& data_source, const std::string& user,
+                                    const std::string& password) {
+  connected = false;
+  if (!CheckOdbcReturn(SQLAllocEnv(&environment), module_.MessageText(kMessageAllocEnv))) {
+    environment = SQL_NULL_HENV;
+    return false;
+  }
+  if (CheckOdbcReturn(SQLAllocConnect(environment, &connection),
+                      module_.MessageText(kMessageAllocConnect))) {
+    std::string request = "DSN=" + data_source;
+    if (!user.empty()) request += ";UID=" + user;
+    request += password.empty() ? ";PWD=;" : ";PWD=" + password;
+    std::array<SQLCHAR, kCompletedStringBytes> completed{};
+    SQLSMALLINT completed_length = 0;
+    const SQLRETURN code = SQLDriverConnect(
+        connection, nullptr, SqlText(request), static_cast<SQLSMALLINT>(request.size()),
+        completed.data(), kCompletedStringBytes, &completed_length, SQL_DRIVER_NOPROMPT);
+    if (Succeeded(code)) {
+      QueryDriverInfo();
+      connected = true;
+      return true;
+    }
+    ReportError();
+    CheckOdbcReturn(SQLFreeConnect(connection), module_.MessageText(kMessageFreeConnect));
+  }
+  connection = SQL_NULL_HDBC;
+  CheckOdbcReturn(SQLFreeEnv(environment), module_.MessageText(kMessageFreeEnv));
+  environment = SQL_NULL_HENV;
+  return false;
+}
+
+void OdbcSession::DisconnectDataSource() {
+  const auto step = [this](SQLRETURN code, std::int32_t message) {
+    CheckOdbcReturn(code, module_.MessageText(message));
+    module_.platform.message_loop.Yield();
+  };
+  step(SQLDisconnect(connection), kMessageDisconnect);
+  step(SQLFreeConnect(connection), kMessageFreeConnect);
+  connection = SQL_NULL_HDBC;
+  step(SQLFreeEnv(environment), kMessageFreeEnv);
+  environment = SQL_NULL_HENV;
+}
+
+std::string OdbcSession::InfoText(SQLUSMALLINT item) {
+  std::array<char, 2> buffer{};
+  SQLSMALLINT length = 0;
+  const SQLRETURN code = SQLGetInfo(connection, item, buffer.data(), buffer.size(), &length);
+  if (code != SQL_SUCCESS) ReportError();
+  const std::size_t shown = std::min<std::size_t>(
+      strnlen(buffer.data(), buffer.size()), length > 0 ? static_cast<std::size_t>(length) : 0);
+  return Trimmed(std::string(buffer.data(), shown));
+}
+
+std::uint16_t OdbcSession::InfoLength(SQLUSMALLINT item) {
+  std::uint16_t value = 0;
+  SQLSMALLINT length = 0;
+  SQLGetInfo(connection, item, &value, sizeof value, &length);
+  return value == 0 ? kDefaultNameLength : value;
+}
+
+void OdbcSession::QueryDriverInfo() {
+  quote_char = InfoText(SQL_IDENTIFIER_QUOTE_CHAR);
+  max_column_name_length = InfoLength(SQL_MAX_COLUMN_NAME_LEN);
+  max_table_name_length = InfoLength(SQL_MAX_TABLE_NAME_LEN);
+  escape_char = InfoText(SQL_SEARCH_PATTERN_ESCAPE);
+}
+
+bool OdbcSession::CheckOdbcReturn(SQLRETURN code, const std::string& text) {
+  if (code == SQL_SUCCESS) return true;
+  if (execution_mode == kDialogMode) {
+    module_.platform.warning_box.Warn(text, module_.MessageText(kMessageTitle));
+  } else {
+    module_.WriteReport(text, ReportKind::kError);
+  }
+  return false;
+}
+
+bool OdbcSession::IsIgnorableDuplicate(SQLINTEGER native_code) const {
+  if (module_.run.duplicate_key != 1) return false;
+  try {
+    return AsInt32(module_.run.error_code, "CodErr") == native_code;
+  } catch (const RuntimeFault&) {
+    return false;  // a text that is no number equals no native code
+  }
+}
+
+void OdbcSession::ShowDiagnostic(std::int16_t reporting_mode, const std::string& text) {
+  if (reporting_mode == kDialogMode) {
+    module_.platform.warning_box.Warn(text, module_.MessageText(kMessageTitle));
+  } else if (reporting_mode == kRunMode) {
+    if (module_.run.mode <= kLastImportMode && error_file != nullptr) {
+      WriteOrFault(*error_file,
+                   module_.DateTimeText() + module_.MessageText(kMessageLine) +
+                       SignedText(line_number) + ' ' + text + std::string(SystemLineEnd()),
+                   ".ERR");
+    } else {
+      module_.WriteReport(text, ReportKind::kError);
+    }
+  }
+}
+
+void OdbcSession::ReportOdbcError(SQLHDBC failed_connection, SQLHSTMT failed_statement,
+                                  std::int16_t reporting_mode, bool& duplicate_ignored) {
+  std::array<SQLCHAR, 16> state{};
+  std::array<SQLCHAR, kMessageBytes> message{};
+  SQLRETURN code = SQL_SUCCESS;
+  do {
+    SQLINTEGER native_code = 0;
+    SQLSMALLINT length = 0;
+    code = SQLError(environment, failed_connection, failed_statement, state.data(), &native_code,
+                    message.data(), kMessageBytes, &length);
+    if (!Succeeded(code)) break;
+    if (IsIgnorableDuplicate(native_code)) {
+      duplicate_ignored = true;
+      return;
+    }
+    if (length > 0) {
+      const std::size_t shown =
+          static_cast<std::size_t>(std::min<SQLSMALLINT>(length, kMessageBytes - 1));
+      ShowDiagnostic(reporting_mode,
+                     '(' + SignedText(native_code) + ") " +
+                         std::string(reinterpret_cast<const char*>(message.data()), shown));
+    }
+  } while (code == SQL_SUCCESS);
+  error_reported = true;
+}
+
+void OdbcSession::ReportError(SQLHSTMT failed_statement) {
+  bool duplicate_ignored = false;
+  ReportOdbcError(connection, failed_statement, execution_mode, duplicate_ignored);
+}
+
+void OdbcSession::ReadSystemDecimalSeparator() {
+  const auto value = module_.platform.registry.Read(
+      {kHkeyCurrentUser, "Control Panel\\International"}, "sDecimal");
+  if (!value || value->data.size() <= 1 || value->data.size() > kSeparatorBytes) return;
+  system_decimal_separator = value->data.substr(0, value->data.size() - 1);
+}
+
+void ListDataSources(const std::function<void(const std::string&)>& add_item) {
+  SQLHENV environment = SQL_NULL_HENV;
+  SQLAllocEnv(&environment);
+  for (;;) {
+    std::array<SQLCHAR, kSourceNameBytes> name{};
+    std::array<SQLCHAR, kSourceNameBytes> description{};
+    SQLSMALLINT name_length = 0;
+    SQLSMALLINT description_length = 0;
+    const SQLRETURN code =
+        SQLDataSources(environment, SQL_FETCH_NEXT, name.data(), kSourceNameBytes, &name_length,
+                       description.data(), kSourceNameBytes, &description_length);
+    if (!Succeeded(code)) break;
+    const std::size_t length =
+        static_cast<std::size_t>(std::clamp<SQLSMALLINT>(name_length, 0, kSourceNameBytes - 1));
+    add_item(std::string(reinterpret_cast<const char*>(name.data()), length));
+  }
+  SQLFreeEnv(environment);
+}
+
+void WriteOrFault(OutputFile& file, std::string_view bytes, const std::string& path) {
+  if (const std::error_code error = file.Write(bytes)) throw FileFault(error, path);
+}
+
+}  // namespace imptable

@@ -1,0 +1,89 @@
+#ifndef ODBC_MODULE_ODBC_H_
+#define ODBC_MODULE_ODBC_H_
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "odbc/OdbcApi.h"
+#include "odbc/Statement.h"
+#include "plugin/core/ModuleCommun.h"
+
+namespace imptable {
+
+/// Where diagnostics go: never change.
+inline constexpr std::int16_t kDialogMode = 0;  // message boxes
+inline constexpr std::int16_t kRunMode = 1;     // the execution report, or the open ".ERR" file
+
+/// The one connection of the component, the driver's properties, and the single path by which
+/// every ODBC failure becomes text.
+class OdbcSession {
+ public:
+  /// @param module  borrowed; must outlive the session.
+  explicit OdbcSession(ModuleCommun& module) : module_(module) {}
+  OdbcSession(const OdbcSession&) = delete;
+  OdbcSession& operator=(const OdbcSession&) = delete;
+  ~OdbcSession();
+
+  /// Connects with "DSN=...;UID=...;PWD=..."; values are neither quoted nor escaped. A failure is
+  /// reported and leaves no handle behind.
+  bool ConnectDataSource(const std::string& data_source, const std::string& user,
+                         const std::string& password);
+
+  /// Disconnects and frees the handles; a failing step is reported and doesn't stop the others.
+  void DisconnectDataSource();
+
+  /// @return true only for code 0; any other code is reported with `text`.
+  bool CheckOdbcReturn(SQLRETURN code, const std::string& text);
+
+  /// Fetches every diagnostic of the connection or statement and shows it. Sets `error_reported`,
+  /// unless the native code is the duplicate that the task ignores: then `duplicate_ignored` is set
+  /// and the rest is left unread.
+  /// @param statement  SQL_NULL_HSTMT for a diagnostic of the connection.
+  /// @param reporting_mode  kDialogMode or kRunMode; anything else shows nothing.
+  void ReportOdbcError(SQLHDBC connection, SQLHSTMT statement, std::int16_t reporting_mode,
+                       bool& duplicate_ignored);
+
+  /// The same on this connection, in the current execution mode, for callers that have no use for
+  /// the duplicate.
+  void ReportError(SQLHSTMT statement = SQL_NULL_HSTMT);
+
+  /// Reads the user's decimal separator; keeps the previous one when there is none.
+  void ReadSystemDecimalSeparator();
+
+  SQLHENV environment = SQL_NULL_HENV;
+  SQLHDBC connection = SQL_NULL_HDBC;
+  Statement statement;  // of the running import mode
+  bool connected = false;
+
+  std::string quote_char;   // empty: the driver has none
+  std::string escape_char;  // of search patterns
+  std::uint16_t max_column_name_length = 0;
+  std::uint16_t max_table_name_length = 0;
+
+  std::int16_t execution_mode = kDialogMode;
+  bool error_reported = false;
+  OutputFile* error_file = nullptr;  // the ".ERR" file while it is open; borrowed
+  std::int32_t line_number = 0;      // of the source line being processed
+  std::string system_decimal_separator = ".";
+
+ private:
+  void QueryDriverInfo();
+  std::string InfoText(SQLUSMALLINT item);
+  std::uint16_t InfoLength(SQLUSMALLINT item);
+  void ShowDiagnostic(std::int16_t reporting_mode, const std::string& text);
+  bool IsIgnorableDuplicate(SQLINTEGER native_code) const;
+
+  ModuleCommun& module_;
+};
+
+/// Calls `add_item` with the name of each ODBC data source.
+void ListDataSources(const std::function<void(const std::string&)>& add_item);
+
+/// Writes bytes to a file of the run.
+/// @throws RuntimeFault  the file fault, naming `path`, when the write fails.
+void WriteOrFault(OutputFile& file, std::string_view bytes, const std::string& path);
+
+}  // namespace imptable
+
+#endif  // ODBC_MODULE_ODBC_H_

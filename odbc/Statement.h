@@ -1,0 +1,44 @@
+#ifndef ODBC_STATEMENT_H_
+#define ODBC_STATEMENT_H_
+
+#include <utility>
+
+#include "odbc/OdbcApi.h"
+
+namespace imptable {
+
+/// Sole owner of an ODBC statement. Movable, not copyable; dropped with its owner.
+class Statement {
+ public:
+  Statement() = default;
+  Statement(Statement&& other) noexcept : raw_(std::exchange(other.raw_, SQLHSTMT{SQL_NULL_HSTMT})) {}
+  Statement& operator=(Statement&& other) noexcept {
+    std::swap(raw_, other.raw_);
+    return *this;
+  }
+  Statement(const Statement&) = delete;
+  Statement& operator=(const Statement&) = delete;
+  ~Statement() { Drop(); }
+
+  /// @param connection  borrowed; must outlive the statement.
+  /// @return the ODBC code; the statement is empty unless it is 0.
+  SQLRETURN Allocate(SQLHDBC connection);
+
+  /// Drops the statement if there is one; the handle is forgotten only when the driver manager
+  /// confirms with 0.
+  void Drop() noexcept;
+
+  SQLHSTMT raw() const noexcept { return raw_; }
+  explicit operator bool() const noexcept { return raw_ != SQL_NULL_HSTMT; }
+
+ private:
+  SQLHSTMT raw_ = SQL_NULL_HSTMT;
+};
+
+/// Releases a statement with SQL_DROP; sets the handle to null only when that returns 0. Reports
+/// nothing.
+void FreeStatement(SQLHSTMT& statement) noexcept;
+
+}  // namespace imptable
+
+#endif  // ODBC_STATEMENT_H_

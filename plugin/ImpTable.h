@@ -1,0 +1,112 @@
+#ifndef PLUGIN_IMP_TABLE_H_
+#define PLUGIN_IMP_TABLE_H_
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/MessageLoop.h"
+#include "plugin/ModuleState.h"
+#include "plugin/TaskDialog.h"
+
+namespace imptable {
+
+/// The class's wrapper type, as the host knows it: never change.
+inline constexpr std::int16_t kWrapperType = 50;
+
+/// Where the task's events go.
+class ImpTableEvents {
+ public:
+  virtual ~ImpTableEvents() = default;
+  virtual void Progress() = 0;
+  virtual void Complete() = 0;
+};
+
+/// One import task, as the host drives it. Members and their meaning are the host's contract; the
+/// automation face only translates. All members are called on one thread.
+/// Errors: a RuntimeFault leaves any member that fails; the object stays usable.
+class ImpTable {
+ public:
+  /// Reads the language offset from the registry and creates the report writer.
+  /// @param state, events  borrowed; must outlive the object. events may be null.
+  /// @param dialogs  borrowed; null in a build without windows.
+  ImpTable(ModuleState& state, ImpTableEvents* events, TaskDialogFactory* dialogs = nullptr);
+  ImpTable(const ImpTable&) = delete;
+  ImpTable& operator=(const ImpTable&) = delete;
+  ~ImpTable();
+
+  // Properties: plain storage.
+  std::string Nom;                // task name
+  std::int32_t Regst = 0;         // registry root
+  std::string RegstCle;           // path below it of the key that holds the scenario's tasks
+  std::int16_t Etat = 0;          // working mode; receives the dialog's outcome
+  std::string Rapport;            // path of the execution report
+  std::string Scen;               // scenario
+  HostDisplay* Bouton = nullptr;  // passed on to every report write; borrowed
+
+  void RunT(std::int16_t deferred_request);
+
+  /// 0 raises Complete and does nothing else; 2 asks for a resume.
+  void Run(std::int16_t request);
+  void ExecuteTache();
+
+  /// Shows the configuration dialog. @return 0.
+  /// @throws RuntimeFault  no such host object, when the build has no dialogs.
+  std::int16_t Affiche();
+
+  /// The same with the host's caption and the wrapper's icon. @return Etat after the dialog.
+  std::int32_t ShowWrapper();
+
+  bool IsTrigger() const { return false; }
+  bool IsActionSupported(std::int32_t action_type) const;
+
+  /// Name of the bitmap resource that pictures the wrapper.
+  std::string_view GetPicture() const { return "WRAPPER_PICTURE"; }
+
+  /// The task's "Etat" value at the current registry location; 0 when absent or empty.
+  std::int32_t GetStatus() const;
+  std::string GetSummary() const;
+  std::string GetTitle() const;
+  std::int32_t GetWrapperType() const { return kWrapperType; }
+  std::int32_t GetWorkingMode() const { return Etat; }
+  const std::string& GetName() const { return Nom; }
+
+  void SetLanguage(std::int32_t language);
+  void SetName(const std::string& name) { Nom = name; }
+  void SetRegistryRoot(std::int32_t root) { Regst = root; }
+  void SetRegistrySubKey(const std::string& path) { RegstCle = path; }
+  void SetReportFilePath(const std::string& path) { Rapport = path; }
+  void SetScenario(const std::string& scenario) { Scen = scenario; }
+
+  /// @throws RuntimeFault  overflow when the mode doesn't fit 16 bits; Etat is then unchanged.
+  void SetWorkingMode(std::int32_t mode);
+
+  void InitializeProperties(const std::string& name, const std::string& scenario,
+                            std::int32_t language);
+
+  /// The tick handlers of the heartbeat and of the second timer member, which nothing arms.
+  void mwTimer_Tick();
+  void mwTimer1_Tick();
+
+ private:
+  void RaiseProgress();
+  void RaiseComplete();
+  void ShowDialog(bool as_wrapper);
+
+  ModuleState& state_;
+  ImpTableEvents* events_;
+  TaskDialogFactory* dialogs_;
+  std::unique_ptr<ReportWriter> report_writer_;
+  std::int16_t run_request_ = 0;
+  std::int16_t deferred_run_request_ = 0;
+  std::unique_ptr<Timer> mwTimer_;
+  std::unique_ptr<Timer> mwTimer1_;
+};
+
+/// Registry path, below HKEY_LOCAL_MACHINE, of the key that holds a scenario's tasks.
+std::string TasksKeyPath(const std::string& scenario);
+
+}  // namespace imptable
+
+#endif  // PLUGIN_IMP_TABLE_H_

@@ -1,0 +1,78 @@
+#ifndef PLUGIN_CORE_RUN_STATE_H_
+#define PLUGIN_CORE_RUN_STATE_H_
+
+#include <atomic>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "plugin/core/HostLibrary.h"
+#include "plugin/core/RuntimeFault.h"
+
+namespace imptable {
+
+/// Values of "Etat", seen by the host: never change.
+enum class RunStatus : std::int16_t { kNone = 0, kRunning = 1, kSucceeded = 2, kFailed = 3 };
+
+/// Value of the run request that asks for a resume.
+inline constexpr std::int16_t kResumeRequest = 2;
+
+/// What a run has done so far, for whoever watches it. Lines, but for the bytes.
+struct RunProgress {
+  std::int64_t read = 0;
+  std::int64_t inserted = 0;
+  std::int64_t modified = 0;
+  std::int64_t deleted = 0;
+  std::int64_t errors = 0;
+  std::int64_t ignored = 0;  // duplicates that the task's settings ignore
+  std::int64_t skipped = 0;  // done by the run that this one resumes
+  std::uint64_t bytes_read = 0;
+  std::uint64_t bytes_in_file = 0;
+};
+
+/// What one run shares with the import engine: the task's settings with every "@" reference
+/// resolved, and the run's flags. Lives until the next run overwrites it.
+struct RunState {
+  std::string scenario;
+  std::string task;
+  std::string data_source;
+  std::string login;
+  std::string password;
+  std::string owner;
+  std::string table;
+  std::string alias;      // as stored, trailing blanks included
+  std::string directory;  // ends with the path separator
+  std::int16_t mode = 0;
+  std::int16_t deletion_mode = 0;
+  std::int32_t error_limit = 0;
+  std::int16_t resume_option = 0;  // "RecErreurs"
+  std::int16_t empty_file_policy = 0;
+  std::int16_t separator_option = 0;  // "SepDec"
+  std::int16_t null_option = 0;
+  std::int16_t parameter_option = 0;
+  std::int16_t full_file_name = 0;
+  std::string delimiter;
+  std::int16_t delimited = 0;
+  std::vector<std::string> column_layout;  // entry of file column n at n - 1
+  std::string key_or_index;
+  std::int16_t primary_key = 0;
+  std::int16_t duplicate_key = 0;
+  std::string error_code;
+
+  bool resume = false;
+  bool pre_deletion_failed = false;
+  RunStatus status = RunStatus::kNone;
+  HostDisplay* display = nullptr;  // borrowed from the host for the length of the run
+  RunProgress progress;
+
+  /// The fault that ended the last run or one of its modes; empty when there was none.
+  std::optional<RuntimeFault> fault;
+
+  /// Set from a signal handler or another thread: the run ends after the current line.
+  std::atomic<bool> stop_requested{false};
+};
+
+}  // namespace imptable
+
+#endif  // PLUGIN_CORE_RUN_STATE_H_

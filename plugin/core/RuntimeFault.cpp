@@ -1,0 +1,72 @@
+#include "plugin/core/RuntimeFault.h"
+
+#include <array>
+
+#include "plugin/core/MessageCatalogue.h"
+
+namespace imptable {
+namespace {
+
+struct FaultText {
+  FaultNumber number;
+  std::string_view french;
+  std::string_view english;
+};
+
+constexpr std::array<FaultText, 14> kFaultTexts{{
+    {FaultNumber::kInvalidArgument, "Appel de procédure ou argument incorrect",
+     "Invalid procedure call or argument"},
+    {FaultNumber::kOverflow, "Dépassement de capacité", "Overflow"},
+    {FaultNumber::kOutOfMemory, "Mémoire insuffisante", "Out of memory"},
+    {FaultNumber::kIndexOutOfRange, "Indice hors limites", "Index out of range"},
+    {FaultNumber::kTypeMismatch, "Incompatibilité de type", "Type mismatch"},
+    {FaultNumber::kBadFileName, "Nom de fichier incorrect", "Bad file name"},
+    {FaultNumber::kFileNotFound, "Fichier introuvable", "File not found"},
+    {FaultNumber::kDeviceError, "Erreur d'entrée/sortie du périphérique", "Device I/O error"},
+    {FaultNumber::kDiskFull, "Disque plein", "Disk full"},
+    {FaultNumber::kPermissionDenied, "Permission refusée", "Permission denied"},
+    {FaultNumber::kPathAccessError, "Erreur d'accès au chemin ou au fichier",
+     "Path or file access error"},
+    {FaultNumber::kPathNotFound, "Chemin introuvable", "Path not found"},
+    {FaultNumber::kResourceNotFound, "Ressource introuvable", "Resource not found"},
+    {FaultNumber::kNoHostObject, "Objet de l'hôte non disponible", "No such host object"},
+}};
+
+FaultNumber NumberOf(const std::error_code& error) {
+  if (error == std::errc::no_such_file_or_directory) return FaultNumber::kFileNotFound;
+  if (error == std::errc::not_a_directory) return FaultNumber::kPathNotFound;
+  if (error == std::errc::permission_denied || error == std::errc::operation_not_permitted ||
+      error == std::errc::read_only_file_system) {
+    return FaultNumber::kPermissionDenied;
+  }
+  if (error == std::errc::is_a_directory || error == std::errc::text_file_busy) {
+    return FaultNumber::kPathAccessError;
+  }
+  if (error == std::errc::no_space_on_device || error == std::errc::file_too_large) {
+    return FaultNumber::kDiskFull;
+  }
+  if (error == std::errc::filename_too_long || error == std::errc::invalid_argument) {
+    return FaultNumber::kBadFileName;
+  }
+  return FaultNumber::kDeviceError;
+}
+
+}  // namespace
+
+RuntimeFault FileFault(const std::error_code& error, const std::string& path) {
+  return RuntimeFault(NumberOf(error), path);
+}
+
+std::string DescribeFault(const RuntimeFault& fault, std::int32_t language_offset,
+                          const TextEncoding& encoding) {
+  std::string text;
+  for (const FaultText& entry : kFaultTexts) {
+    if (entry.number == fault.number()) {
+      text = encoding.FromUtf8(language_offset == kEnglishOffset ? entry.english : entry.french);
+    }
+  }
+  if (!fault.detail().empty()) text += " : " + fault.detail();
+  return text;
+}
+
+}  // namespace imptable

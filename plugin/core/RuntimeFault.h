@@ -1,0 +1,58 @@
+#ifndef PLUGIN_CORE_RUNTIME_FAULT_H_
+#define PLUGIN_CORE_RUNTIME_FAULT_H_
+
+#include <cstdint>
+#include <exception>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+#include "platform/TextEncoding.h"
+
+namespace imptable {
+
+/// Numbers of run-time faults, as the host and the report show them: never change.
+enum class FaultNumber : std::int32_t {
+  kInvalidArgument = 5,
+  kOverflow = 6,
+  kOutOfMemory = 7,
+  kIndexOutOfRange = 9,
+  kTypeMismatch = 13,
+  kBadFileName = 52,
+  kFileNotFound = 53,
+  kDeviceError = 57,
+  kDiskFull = 61,
+  kPermissionDenied = 70,
+  kPathAccessError = 75,
+  kPathNotFound = 76,
+  kResourceNotFound = 326,
+  kNoHostObject = 430,
+};
+
+/// A run-time fault: ends the routine it happens in. `detail` names the file, value or message
+/// concerned, in the system's code page; empty when there is nothing to name.
+class RuntimeFault : public std::exception {
+ public:
+  explicit RuntimeFault(FaultNumber number, std::string detail = {})
+      : number_(number), detail_(std::move(detail)) {}
+
+  FaultNumber number() const noexcept { return number_; }
+  const std::string& detail() const noexcept { return detail_; }
+  const char* what() const noexcept override { return detail_.c_str(); }
+
+ private:
+  FaultNumber number_;
+  std::string detail_;
+};
+
+/// The fault that a failed file operation amounts to; `path` becomes the detail.
+RuntimeFault FileFault(const std::error_code& error, const std::string& path);
+
+/// The fault in words: its standard description and, when there is one, " : " and the detail.
+/// English when `language_offset` is 10000, else French.
+std::string DescribeFault(const RuntimeFault& fault, std::int32_t language_offset,
+                          const TextEncoding& encoding);
+
+}  // namespace imptable
+
+#endif  // PLUGIN_CORE_RUNTIME_FAULT_H_
