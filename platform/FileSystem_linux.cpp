@@ -1,0 +1,166 @@
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "platform/FileSystem.h"
+#include "platform/NameFolding.h"
+
+namespace imptable {
+namespace {
+
+std::error_code LastError() { return {errno, std::generic_category()}; }
+
+/// Repeats a system call that a signal cut short.
+template <typename Call>
+auto Retry(Call call) {
+  auto result = call();
+  while (result < 0 && errno == EINTR) result = call();
+  return result;
+}
+
+/// Sole owner of a file descriptor.
+class Descriptor {
+ public:
+  explicit Descriptor(int raw) : raw_(raw) {}
+  ~Descriptor() { Close(); }
+  Descriptor(Descriptor&& other) noexcept : raw_(std::exchange(other.raw_, -1)) {}
+  Descriptor& operator=(Descriptor&&) = delete;
+
+  int raw() const { return raw_; }
+  bool is_open() const { return raw_ >= 0; }
+
+  /// Closes only once: even a failed close(2) gives the descriptor back.
+  std::error_code Close() {
+    if (!is_open()) return {};
+    return close(std::exchange(raw_, -1)) == 0 ? std::error_code() : LastError();
+  }
+
+ private:
+  int raw_;
+};
+
+class LinuxInputFile : public InputFile {
+ public:
+  explicit LinuxInputFile(Descriptor file) : file_(std::move(file)) {}
+
+  std::size_t Read(char* buffer, std::size_t size, std::error_code& error) override {
+    const ssize_t count = Retry([&] { return read(file_.raw(), buffer, size); });
+    if (count < 0) {
+      error = LastError();
+      return 0;
+    }
+    error.clear();
+    return static_cast<std::size_t>(count);
+  }
+
+ private:
+  Descriptor file_;
+};
+
+class LinuxOutputFile : public OutputFile {
+ public:
+  explicit LinuxOutputFile(Descriptor file) : file_(std::move(file)) {}
+
+  std::error_code Write(std::string_view bytes) override {
+    while (!bytes.empty()) {
+      const ssize_t count = Retry([&] { return write(file_.raw(), bytes.data(), bytes.size()); });
+      if (count < 0) return LastError();
+      bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return {};
+  }
+
+  std::error_code Close() override { return file_.Close(); }
+
+ private:
+  Descriptor file_;
+};
+
+/// What keeps an open file from being read as data, if anything.
+std::error_code WhyUnreadable(int file) {
+  struct stat status {};
+  if (fstat(file, &status) != 0) return LastError();
+  if (S_ISDIR(status.st_mode)) return std::make_error_code(std::errc::is_a_directory);
+  if (!S_ISREG(status.st_mode)) return std::make_error_code(std::errc::invalid_argument);
+  return {};
+}
+
+/// @return the first entry of the directory, in alphabetical order, whose name differs from `name`
+/// in case at most; empty when there is none or the directory can't be read.
+std::string FirstOfThatName(const std::string& directory, std::string_view name) {
+  const auto close = [](DIR* entries) { closedir(entries); };
+  const std::unique_ptr<DIR, decltype(close)> entries(opendir(directory.c_str()), close);
+  if (!entries) return {};
+  const std::string folded = FoldName(name);
+  std::string first;
+  while (const dirent* entry = readdir(entries.get())) {
+    const std::string_view found = entry->d_name;
+    if ((first.empty() || found < first) && FoldName(found) == folded) first = found;
+  }
+  return first;
+}
+
+class LinuxFileSystem : public FileSystem {
+ public:
+  std::string Locate(std::string_view path) const override {
+    std::string exact(path);
+    if (Query(exact)) return exact;
+    const std::size_t name_at = path.rfind('/') + 1;  // npos + 1 is 0
+    const std::string directory(path.substr(0, name_at));
+    const std::string name =
+        FirstOfThatName(directory.empty() ? "." : directory, path.substr(name_at));
+    return name.empty() ? exact : directory + name;
+  }
+
+  std::optional<FileInfo> Query(const std::string& path) const override {
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0) return std::nullopt;
+    return FileInfo{.size = static_cast<std::uint64_t>(status.st_size),
+                    .is_directory = S_ISDIR(status.st_mode)};
+  }
+
+  std::unique_ptr<InputFile> OpenForReading(const std::string& path,
+                                            std::error_code& error) override {
+    // O_NONBLOCK, or opening a pipe would wait for its writer.
+    constexpr int kFlags = O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+    Descriptor file(Retry([&] { return open(path.c_str(), kFlags); }));
+    error = file.is_open() ? WhyUnreadable(file.raw()) : LastError();
+    if (error) return nullptr;
+    if (fcntl(file.raw(), F_SETFL, 0) != 0) {
+      error = LastError();
+      return nullptr;
+    }
+    posix_fadvise(file.raw(), 0, 0, POSIX_FADV_SEQUENTIAL);
+    return std::make_unique<LinuxInputFile>(std::move(file));
+  }
+
+  std::unique_ptr<OutputFile> OpenForWriting(const std::string& path, WriteMode mode,
+                                             std::error_code& error) override {
+    const int flags = O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY |
+                      (mode == WriteMode::kAppend ? O_APPEND : O_TRUNC);
+    Descriptor file(Retry([&] { return open(path.c_str(), flags, 0666); }));
+    error = file.is_open() ? std::error_code() : LastError();
+    if (error) return nullptr;
+    return std::make_unique<LinuxOutputFile>(std::move(file));
+  }
+
+  std::error_code Remove(const std::string& path) override {
+    return unlink(path.c_str()) == 0 ? std::error_code() : LastError();
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<FileSystem> SystemFileSystem() { return std::make_unique<LinuxFileSystem>(); }
+
+std::string_view SystemLineEnd() { return "\n"; }
+
+char SystemPathSeparator() { return '/'; }
+
+}  // namespace imptable
