@@ -131,10 +131,8 @@ void OdbcSession::ShowDiagnostic(std::int16_t reporting_mode, const std::string&
     module_.platform.warning_box.Warn(text, module_.MessageText(kMessageTitle));
   } else if (reporting_mode == kRunMode) {
     if (module_.run.mode <= kLastImportMode && error_file != nullptr) {
-      WriteOrFault(*error_file,
-                   module_.DateTimeText() + module_.MessageText(kMessageLine) +
-                       SignedText(line_number) + ' ' + text + std::string(SystemLineEnd()),
-                   ".ERR");
+      error_file->Write(module_.DateTimeText() + module_.MessageText(kMessageLine) +
+                        SignedText(line_number) + ' ' + text + std::string(SystemLineEnd()));
     } else {
       module_.WriteReport(text, ReportKind::kError);
     }
@@ -196,10 +194,6 @@ void ListDataSources(const std::function<void(const std::string&)>& add_item) {
     add_item(std::string(reinterpret_cast<const char*>(name.data()), length));
   }
   SQLFreeEnv(environment);
-}
-
-void WriteOrFault(OutputFile& file, std::string_view bytes, const std::string& path) {
-  if (const std::error_code error = file.Write(bytes)) throw FileFault(error, path);
 }
 
 }  // namespace imptable

@@ -8,6 +8,7 @@
 #include "odbc/OdbcApi.h"
 #include "odbc/Statement.h"
 #include "plugin/core/ModuleCommun.h"
+#include "plugin/core/RunFile.h"
 
 namespace imptable {
 
@@ -63,8 +64,8 @@ class OdbcSession {
 
   std::int16_t execution_mode = kDialogMode;
   bool error_reported = false;
-  OutputFile* error_file = nullptr;  // the ".ERR" file while it is open; borrowed
-  std::int32_t line_number = 0;      // of the source line being processed
+  RunFile* error_file = nullptr;  // the ".ERR" file while it is open; borrowed
+  std::int32_t line_number = 0;   // of the source line being processed
   std::string system_decimal_separator = ".";
 
  private:
@@ -79,10 +80,6 @@ class OdbcSession {
 
 /// Calls `add_item` with the name of each ODBC data source.
 void ListDataSources(const std::function<void(const std::string&)>& add_item);
-
-/// Writes bytes to a file of the run.
-/// @throws RuntimeFault  the file fault, naming `path`, when the write fails.
-void WriteOrFault(OutputFile& file, std::string_view bytes, const std::string& path);
 
 }  // namespace imptable
 

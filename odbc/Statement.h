@@ -11,7 +11,8 @@ namespace imptable {
 class Statement {
  public:
   Statement() = default;
-  Statement(Statement&& other) noexcept : raw_(std::exchange(other.raw_, SQLHSTMT{SQL_NULL_HSTMT})) {}
+  Statement(Statement&& other) noexcept
+      : raw_(std::exchange(other.raw_, SQLHSTMT{SQL_NULL_HSTMT})) {}
   Statement& operator=(Statement&& other) noexcept {
     std::swap(raw_, other.raw_);
     return *this;

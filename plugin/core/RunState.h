@@ -69,6 +69,9 @@ struct RunState {
   /// The fault that ended the last run or one of its modes; empty when there was none.
   std::optional<RuntimeFault> fault;
 
+  /// The run ended before its last line because that was asked for.
+  bool interrupted = false;
+
   /// Set from a signal handler or another thread: the run ends after the current line.
   std::atomic<bool> stop_requested{false};
 };

@@ -1,0 +1,72 @@
+#ifndef IMPORT_SIDE_FILES_H_
+#define IMPORT_SIDE_FILES_H_
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "import/LineReader.h"
+#include "import/ResumeFiles.h"
+#include "odbc/ModuleODBC.h"
+
+namespace imptable {
+
+/// The files of one import: the source, the diagnostics (".ERR"), and with the resume option the
+/// rejected lines (".LER") and the trace (".TRC"); in a resumed run also the copies of the previous
+/// run's (".LEB", ".TRB"). Every write has reached the operating system when it returns, a rejected
+/// line before its trace line.
+/// @throws RuntimeFault  the file fault, from any member.
+class SideFiles {
+ public:
+  /// @param module, session  borrowed; must outlive the files.
+  SideFiles(ModuleCommun& module, OdbcSession& session) : module_(module), session_(session) {}
+  SideFiles(const SideFiles&) = delete;
+  SideFiles& operator=(const SideFiles&) = delete;
+  ~SideFiles() { session_.error_file = nullptr; }
+
+  /// @param complete_name  whether the alias is the source's complete file name.
+  void Open(bool complete_name);
+
+  LineReader& source() { return *source_; }
+
+  /// What a resumed run does with this source line; always kTake in a fresh run.
+  ResumeDecision Decide(std::int32_t line_number, std::string_view& line) {
+    return resume_ ? resume_->Decide(line_number, line) : ResumeDecision::kTake;
+  }
+
+  /// Traces a line as done.
+  void Done(std::int32_t line_number, std::int64_t errors) {
+    if (trace_) Trace(line_number, false, errors);
+  }
+
+  /// Keeps a failed line and traces it.
+  void Reject(std::string_view line, std::int32_t line_number, std::int64_t errors);
+
+  /// Writes the diagnostic of a line that can't be parsed.
+  void ReportParseFailure(std::int32_t line_number);
+
+  /// Closes everything, whatever fails.
+  /// @return the first fault, empty when there was none.
+  std::optional<RuntimeFault> Close();
+
+ private:
+  std::unique_ptr<LineReader> OpenForReading(const std::string& path);
+  void CopyFile(const std::string& from, const std::string& to);
+  void OpenResumeCopies();
+  void Trace(std::int32_t line_number, bool failed, std::int64_t errors);
+
+  ModuleCommun& module_;
+  OdbcSession& session_;
+  std::unique_ptr<LineReader> source_;
+  std::optional<RunFile> errors_;
+  std::optional<RunFile> rejected_;
+  std::optional<RunFile> trace_;
+  std::unique_ptr<ResumeFiles> resume_;
+  std::string text_;  // of the line being written
+};
+
+}  // namespace imptable
+
+#endif  // IMPORT_SIDE_FILES_H_

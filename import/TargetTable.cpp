@@ -1,0 +1,70 @@
+#include "import/TargetTable.h"
+
+namespace imptable {
+
+bool TargetTable::Load(bool with_special_columns) {
+  Catalogue catalogue(module_, session_);
+  columns_.clear();
+  bool found = false;
+  const bool loaded = catalogue.GetTableColumns(columns_) &&
+                      (!with_special_columns || catalogue.GetSpecialColumns(columns_, found));
+  buffers_ = std::vector<ParameterBuffer>(columns_.size());
+  bound_.assign(columns_.size(), false);
+  return loaded;
+}
+
+SQLRETURN TargetTable::Bind(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column) {
+  const TableColumn& target = columns_[column];
+  ParameterBuffer& buffer = buffers_[column];
+  bound_[column] = true;
+  const auto bind = [&](SQLSMALLINT c_type, SQLULEN size, SQLSMALLINT digits, void* value,
+                        SQLLEN length, SQLLEN* indicator) {
+    return SQLBindParameter(statement, number, SQL_PARAM_INPUT, c_type, target.sql_type, size,
+                            digits, value, length, indicator);
+  };
+  const auto precision = static_cast<SQLULEN>(target.precision);
+  switch (target.sql_type) {
+    case kSqlFloat:
+      return bind(SQL_C_DOUBLE, precision, target.scale, &buffer.number, 0,
+                  &buffer.number_indicator);
+    case kSqlDate:
+      return bind(SQL_C_DATE, 0, 0, &buffer.date, 0, &buffer.date_indicator);
+    case kSqlTimestamp:
+      return bind(SQL_C_TIMESTAMP, 0, 0, &buffer.date, 0, &buffer.date_indicator);
+    default:
+      return bind(SQL_C_CHAR, precision, target.scale, buffer.text.data(), kParameterTextBytes,
+                  &buffer.text_indicator);
+  }
+}
+
+RecordParser TargetTable::MakeParser() {
+  return RecordParser(CompileRecordPlan(module_, session_, columns_, bound_, buffers_));
+}
+
+std::string TargetTable::InsertText() const {
+  std::string names;
+  std::string marks;
+  for (const TableColumn& column : columns_) {
+    if (column.ignored) continue;
+    if (!names.empty()) names += ',';
+    names += QuoteIdentifier(session_, column.name);
+    marks += marks.empty() ? "?" : ", ?";
+  }
+  return "INSERT INTO " + TableReference(module_, session_) + " (" + names + ") VALUES (" + marks +
+         ")";
+}
+
+bool TargetTable::PrepareInsert(SQLHSTMT statement) {
+  const std::string text = InsertText();
+  SQLRETURN code = SQLPrepare(statement, SqlText(text), static_cast<SQLINTEGER>(text.size()));
+  bool ready = Succeeded(code);
+  SQLUSMALLINT number = 0;
+  for (std::size_t i = 0; ready && i < columns_.size(); ++i) {
+    if (columns_[i].ignored) continue;
+    ready = Bind(statement, ++number, i) == SQL_SUCCESS;
+  }
+  if (!ready) session_.ReportError(statement);
+  return ready;
+}
+
+}  // namespace imptable

@@ -1,0 +1,51 @@
+#ifndef IMPORT_TARGET_TABLE_H_
+#define IMPORT_TARGET_TABLE_H_
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "import/ParameterBuffer.h"
+#include "import/RecordParser.h"
+#include "odbc/Catalogue.h"
+
+namespace imptable {
+
+/// The target table of a run: its columns, a value buffer for each, and which of these a statement
+/// uses.
+class TargetTable {
+ public:
+  /// @param module, session  borrowed; must outlive the table.
+  TargetTable(const ModuleCommun& module, OdbcSession& session)
+      : module_(module), session_(session) {}
+
+  /// Reads the columns and, when asked to, marks those that the database versions itself.
+  /// @return false after a diagnostic has been reported.
+  bool Load(bool with_special_columns);
+
+  const std::vector<TableColumn>& columns() const { return columns_; }
+
+  /// Binds parameter `number` (from 1) of a prepared statement to the buffer of a column.
+  SQLRETURN Bind(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column);
+
+  /// The parser of the run's lines, for the columns bound so far.
+  /// @throws RuntimeFault  when the column layout can't be understood.
+  RecordParser MakeParser();
+
+  /// "INSERT INTO " table " (" columns that aren't ignored ")" " VALUES (" "?, ?" ")".
+  std::string InsertText() const;
+
+  /// Prepares InsertText() on the statement and binds its parameters. A failure is reported.
+  bool PrepareInsert(SQLHSTMT statement);
+
+ private:
+  const ModuleCommun& module_;
+  OdbcSession& session_;
+  std::vector<TableColumn> columns_;
+  std::vector<ParameterBuffer> buffers_;
+  std::vector<bool> bound_;
+};
+
+}  // namespace imptable
+
+#endif  // IMPORT_TARGET_TABLE_H_
