@@ -4,21 +4,12 @@
 #include <cstddef>
 
 #include "platform/NameFolding.h"
+#include "platform/RegistryPath.h"
 
 namespace imptable {
 namespace {
 
 constexpr std::int32_t kInvalidHandle = 6;  // ERROR_INVALID_HANDLE
-
-std::vector<std::string_view> Parts(std::string_view path) {
-  std::vector<std::string_view> parts;
-  while (!path.empty()) {
-    const std::size_t end = path.find('\\');
-    if (end != 0) parts.push_back(path.substr(0, end));
-    path = end == std::string_view::npos ? std::string_view() : path.substr(end + 1);
-  }
-  return parts;
-}
 
 KeyPath LocalMachine(std::string_view path) { return {kHkeyLocalMachine, std::string(path)}; }
 
@@ -56,7 +47,7 @@ const MemoryRegistry::Key* MemoryRegistry::Find(const KeyPath& key) const {
   const auto root = roots_.find(key.root);
   if (root == roots_.end()) return nullptr;
   const Key* current = root->second.get();
-  for (std::string_view part : Parts(key.path)) {
+  for (std::string_view part : PathParts(key.path)) {
     const auto subkey = current->subkeys.find(FoldName(part));
     if (subkey == current->subkeys.end()) return nullptr;
     current = subkey->second.get();
@@ -82,7 +73,7 @@ std::int32_t MemoryRegistry::Write(const KeyPath& key, std::string_view name,
   const auto root = roots_.find(key.root);
   if (root == roots_.end()) return kInvalidHandle;
   Key* current = root->second.get();
-  for (std::string_view part : Parts(key.path)) {
+  for (std::string_view part : PathParts(key.path)) {
     std::unique_ptr<Key>& subkey = current->subkeys[FoldName(part)];
     if (subkey == nullptr) {
       subkey = std::make_unique<Key>();
@@ -102,7 +93,7 @@ std::int32_t MemoryRegistry::Write(const KeyPath& key, std::string_view name,
 std::int32_t MemoryRegistry::DeleteKey(const KeyPath& key) {
   const Key* doomed = Find(key);
   if (doomed == nullptr) return kRegistryNotFound;
-  const auto parts = Parts(key.path);
+  const auto parts = PathParts(key.path);
   if (parts.empty() || !doomed->subkeys.empty()) return kRegistryAccessDenied;
   Key* parent = roots_.at(key.root).get();
   for (std::size_t i = 0; i + 1 < parts.size(); ++i) {

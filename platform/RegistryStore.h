@@ -1,0 +1,110 @@
+#ifndef PLATFORM_REGISTRY_STORE_H_
+#define PLATFORM_REGISTRY_STORE_H_
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Registry.h"
+#include "platform/RegistryFileError.h"
+
+namespace imptable {
+
+class RegistryFile;
+
+/// A value with the name under which it was first written; "" is the key's default value.
+struct NamedValue {
+  std::string name;
+  RegistryValue value;
+
+  bool operator==(const NamedValue&) const = default;
+};
+
+/// A key as stored: its names in the case in which they were first written, its values in the
+/// order in which they were.
+struct StoredKey {
+  KeyPath key;
+  std::vector<NamedValue> values;
+};
+
+/// One change among several.
+struct RegistryEdit {
+  enum class Action { kCreateKey, kDeleteTree, kSetValue, kDeleteValue };
+
+  Action action = Action::kCreateKey;
+  KeyPath key;
+  std::string name;     // kSetValue, kDeleteValue
+  RegistryValue value;  // kSetValue
+};
+
+/// The registry in one SQLite file, which several processes may use at the same time.
+/// Text:    all in UTF-8: paths, names, and the data of the text types with its terminating NUL.
+/// Names:   matched as FoldName has them; the case of the first writing is kept.
+/// Roots:   HKEY_LOCAL_MACHINE and HKEY_CURRENT_USER. Under another root nothing is found; writing
+///          there is std::invalid_argument.
+/// Errors:  every operation throws RegistryFileError when the file doesn't allow it; a write that
+///          throws has changed nothing.
+/// Threads: one.
+class RegistryStore {
+ public:
+  static constexpr std::chrono::milliseconds kLockWait{10'000};
+
+  static bool HasRoot(std::int32_t root);
+
+  /// Opens the file. A missing one is created, for its owner only, with the directories on the way.
+  /// @param decimal_separator  what a new file gets as the user's decimal separator: value
+  /// "sDecimal" of HKEY_CURRENT_USER "Control Panel\International".
+  RegistryStore(const std::string& path, std::string_view decimal_separator,
+                std::chrono::milliseconds lock_wait = kLockWait);
+  ~RegistryStore();
+
+  std::optional<RegistryValue> Read(const KeyPath& key, std::string_view name) const;
+  bool KeyExists(const KeyPath& key) const;
+
+  /// In the order in which they were first written; empty when the key is absent.
+  std::vector<NamedValue> Values(const KeyPath& key) const;
+  std::vector<std::string> ValueNames(const KeyPath& key) const;
+
+  /// By folded name; empty when the key is absent.
+  std::vector<std::string> SubkeyNames(const KeyPath& key) const;
+
+  /// The key and all below it, each key before its subkeys, all at one moment; empty when absent.
+  std::vector<StoredKey> Tree(const KeyPath& key) const;
+
+  /// Creates the key when needed; an existing value keeps its name and its place.
+  void Write(const KeyPath& key, std::string_view name, const RegistryValue& value);
+
+  /// @return false when there was no such value.
+  bool DeleteValue(const KeyPath& key, std::string_view name);
+
+  enum class KeyDeletion { kDone, kAbsent, kRefused };
+
+  /// Deletes a key with its values; refused for a root and when there are subkeys.
+  KeyDeletion DeleteKey(const KeyPath& key);
+
+  /// Deletes a key and all below it; a root is emptied and stays.
+  /// @return false when there was no such key.
+  bool DeleteTree(const KeyPath& key);
+
+  /// All the edits in their order, or none of them. Deleting what isn't there is no error.
+  void Apply(const std::vector<RegistryEdit>& edits);
+
+ private:
+  /// @param stored_path  when not null, gets the path in the case in which it is stored.
+  std::optional<std::int64_t> FindKey(const KeyPath& key, std::string* stored_path = nullptr) const;
+  std::int64_t EnsureKey(const KeyPath& key);
+  std::vector<NamedValue> ValuesOf(std::int64_t key) const;
+  void SetValue(const KeyPath& key, std::string_view name, const RegistryValue& value);
+  bool RemoveValue(const KeyPath& key, std::string_view name);
+  bool RemoveTree(const KeyPath& key);
+
+  std::unique_ptr<RegistryFile> file_;
+};
+
+}  // namespace imptable
+
+#endif  // PLATFORM_REGISTRY_STORE_H_
