@@ -1,0 +1,20 @@
+#ifndef PLUGIN_RESUME_RULE_H_
+#define PLUGIN_RESUME_RULE_H_
+
+#include <string>
+
+#include "platform/FileSystem.h"
+#include "plugin/core/RunState.h"
+
+namespace imptable {
+
+/// Whether a run that asks for a resume resumes: the task's resume option is on, and its trace and
+/// rejected-lines files both hold something.
+bool CanResume(const FileSystem& files, const RunState& run);
+
+/// Whether the file exists and holds something.
+bool IsNotEmpty(const FileSystem& files, const std::string& path);
+
+}  // namespace imptable
+
+#endif  // PLUGIN_RESUME_RULE_H_

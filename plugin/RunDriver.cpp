@@ -1,0 +1,208 @@
+#include "plugin/RunDriver.h"
+
+#include <cstdio>
+#include <new>
+#include <utility>
+
+#include "import/InsertMode.h"
+#include "import/TaskFiles.h"
+#include "plugin/ResumeRule.h"
+#include "plugin/TaskLoading.h"
+
+namespace imptable {
+namespace {
+
+// Numbers of catalogue texts: never change.
+constexpr std::int32_t kMessageRunTask = 94;
+constexpr std::int32_t kMessageTerminated = 95;
+constexpr std::int32_t kMessageConnect = 98;
+constexpr std::int32_t kMessageDeleteErrorFiles = 99;
+constexpr std::int32_t kMessageTable = 100;
+constexpr std::int32_t kMessageHalted = 133;
+constexpr std::int32_t kMessageNoFile = 136;
+constexpr std::int32_t kMessageFile = 137;
+constexpr std::int32_t kMessageIsEmpty = 138;
+
+// Values of "Mode": never change.
+constexpr std::int16_t kModeInsert = 0;
+
+/// dd/mm/yy hh:mm:ss, the form of every date in a task's key.
+std::string StampText(const LocalTime& time) {
+  char text[32];
+  const int length =
+      std::snprintf(text, sizeof text, "%02d/%02d/%02d %02d:%02d:%02d", time.day, time.month,
+                    time.year % 100, time.hour, time.minute, time.second);
+  return {text, static_cast<std::size_t>(length)};
+}
+
+}  // namespace
+
+RuntimeFault CurrentFault() {
+  try {
+    throw;
+  } catch (const RuntimeFault& fault) {
+    return fault;
+  } catch (const std::bad_alloc&) {
+    return RuntimeFault(FaultNumber::kOutOfMemory);
+  } catch (const std::exception& error) {
+    return RuntimeFault(FaultNumber::kDeviceError, error.what());
+  }
+}
+
+RunDriver::RunDriver(ModuleState& state, RunRequest request, std::function<void()> progress)
+    : state_(state),
+      module_(state.commun),
+      run_(state.commun.run),
+      request_(std::move(request)),
+      progress_(std::move(progress)) {}
+
+void RunDriver::Execute() {
+  ClearRun();
+  try {
+    Announce();
+    LoadTask();
+    RunTask();
+  } catch (...) {
+    run_.fault = CurrentFault();
+  }
+  Finish();
+}
+
+void RunDriver::ClearRun() {
+  state_.odbc.execution_mode = kRunMode;
+  state_.odbc.error_reported = false;
+  run_.scenario = request_.scenario;
+  run_.task = request_.task;
+  run_.status = RunStatus::kRunning;
+  run_.resume = false;
+  run_.pre_deletion_failed = false;
+  run_.interrupted = false;
+  run_.fault.reset();
+  run_.progress = {};
+}
+
+void RunDriver::Announce() {
+  module_.report_writer = request_.report_writer;
+  if (module_.report_writer == nullptr) {
+    throw RuntimeFault(FaultNumber::kNoHostObject, "ReportWriter");
+  }
+  module_.report_path = request_.report_path;
+  module_.report_writer->SetScenario(request_.scenario);
+  module_.report_writer->SetReportPath(request_.report_path);
+  module_.location = request_.tasks;
+  announced_ = true;
+  module_.WriteNumber(run_.task, "Etat", static_cast<std::int32_t>(RunStatus::kRunning));
+  run_.display = request_.display;
+}
+
+void RunDriver::LoadTask() { LoadTaskIntoRun(module_); }
+
+void RunDriver::RunTask() {
+  progress_();
+  Report(module_.MessageText(kMessageRunTask) + run_.task, ReportKind::kHeading);
+  Report(module_.MessageText(kMessageConnect) + run_.data_source, ReportKind::kInformation);
+  if (!state_.odbc.ConnectDataSource(run_.data_source, run_.login, run_.password)) {
+    Report(module_.MessageText(kMessageHalted), ReportKind::kError);
+    run_.status = RunStatus::kFailed;
+    return;
+  }
+  progress_();
+  Report(module_.MessageText(kMessageDeleteErrorFiles), ReportKind::kInformation);
+  PrepareSideFiles();
+  Report(module_.MessageText(kMessageTable) + run_.table, ReportKind::kInformation);
+  state_.odbc.ReadSystemDecimalSeparator();
+  const FileState file = CheckDataFile(DataFilePath(run_, run_.full_file_name == 1));
+  DeleteBeforeImport(file);
+  progress_();
+  Import(file);
+  RecordOutcome();
+}
+
+void RunDriver::RemoveStored(std::string_view extension) {
+  FileSystem& files = module_.platform.files;
+  // A file that can't be deleted is the import's to complain about, when it opens it.
+  static_cast<void>(files.Remove(files.Locate(StoredSideFilePath(run_, extension))));
+}
+
+void RunDriver::PrepareSideFiles() {
+  RemoveStored(kErrorExtension);
+  run_.resume = request_.request == kResumeRequest && CanResume(module_.platform.files, run_);
+  if (run_.resume) return;
+  RemoveStored(kTraceExtension);
+  RemoveStored(kRejectedExtension);
+}
+
+RunDriver::FileState RunDriver::CheckDataFile(const std::string& path) {
+  FileSystem& files = module_.platform.files;
+  const std::string located = files.Locate(path);
+  const auto info = files.Query(located);
+  if (!info) {
+    // A file that is there but can't be reached is a fault, not a missing file.
+    std::error_code error;
+    files.OpenForReading(located, error);
+    if (error && error != std::errc::no_such_file_or_directory &&
+        error != std::errc::not_a_directory) {
+      throw FileFault(error, located);
+    }
+    Report(module_.MessageText(kMessageNoFile) + path, ReportKind::kInformation);
+    return FileState::kMissing;
+  }
+  if (info->size == 0 && !info->is_directory) {
+    Report(module_.MessageText(kMessageFile) + path + module_.MessageText(kMessageIsEmpty),
+           ReportKind::kInformation);
+    return FileState::kEmpty;
+  }
+  run_.progress.bytes_in_file = info->size;
+  return FileState::kPresent;
+}
+
+bool RunDriver::StopAskedFor() {
+  if (!run_.stop_requested.load()) return false;
+  run_.interrupted = true;
+  state_.odbc.error_reported = true;
+  return true;
+}
+
+void RunDriver::DeleteBeforeImport(FileState) {}
+
+void RunDriver::Import(FileState state) {
+  if (state != FileState::kPresent || run_.pre_deletion_failed || StopAskedFor()) return;
+  const bool complete_name = run_.full_file_name == 1;
+  if (run_.mode == kModeInsert) RunInsertMode(module_, state_.odbc, complete_name);
+}
+
+void RunDriver::RecordOutcome() {
+  module_.platform.message_loop.Yield();
+  if (IsNotEmpty(module_.platform.files, SideFilePath(run_, kErrorExtension))) {
+    state_.odbc.error_reported = true;
+  }
+  Report(module_.MessageText(kMessageTerminated), ReportKind::kHeading);
+  module_.WriteText(run_.task, "ExecuteLe", StampText(module_.platform.clock.Now()));
+  if (state_.odbc.error_reported) {
+    run_.status = RunStatus::kFailed;
+    return;
+  }
+  RemoveStored(kTraceExtension);
+  RemoveStored(kRejectedExtension);
+  run_.status = RunStatus::kSucceeded;
+}
+
+void RunDriver::Finish() {
+  // Without a location there is no task whose status could be written.
+  if (announced_) {
+    module_.WriteNumber(run_.task, "Etat", static_cast<std::int32_t>(run_.status));
+  }
+}
+
+void RunDriver::Disconnect() {
+  OdbcSession& odbc = state_.odbc;
+  // The flag outlives the connection until the next connect; the handle doesn't.
+  if (!odbc.connected || odbc.connection == SQL_NULL_HDBC) return;
+  try {
+    odbc.DisconnectDataSource();
+  } catch (...) {
+    run_.fault = CurrentFault();
+  }
+}
+
+}  // namespace imptable

@@ -1,0 +1,68 @@
+#ifndef PLUGIN_RUN_DRIVER_H_
+#define PLUGIN_RUN_DRIVER_H_
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "plugin/ModuleState.h"
+
+namespace imptable {
+
+/// What the host asked to be run.
+struct RunRequest {
+  std::string task;
+  std::string scenario;
+  KeyPath tasks;  // registry location of the scenario's tasks
+  std::string report_path;
+  HostDisplay* display = nullptr;         // borrowed for the length of the run; may be null
+  ReportWriter* report_writer = nullptr;  // borrowed for the length of the run
+  std::int16_t request = 0;               // kResumeRequest asks for a resume
+};
+
+/// Runs one task from start to end. Everything it has to say goes to the execution report, the side
+/// files and the task's "Etat".
+class RunDriver {
+ public:
+  /// @param state  borrowed.
+  /// @param progress  called at the run's milestones.
+  RunDriver(ModuleState& state, RunRequest request, std::function<void()> progress);
+
+  /// Everything up to the final "Etat".
+  void Execute();
+
+  /// Ends the connection of the run, if there is one.
+  void Disconnect();
+
+ private:
+  enum class FileState : std::uint8_t { kPresent, kEmpty, kMissing };
+
+  void ClearRun();
+  void Announce();
+  void LoadTask();
+  void RunTask();
+  void PrepareSideFiles();
+  FileState CheckDataFile(const std::string& path);
+  void DeleteBeforeImport(FileState state);
+  void Import(FileState state);
+  void RecordOutcome();
+  void Finish();
+
+  void RemoveStored(std::string_view extension);
+  bool StopAskedFor();
+  void Report(const std::string& text, ReportKind kind) { module_.WriteReport(text, kind); }
+
+  ModuleState& state_;
+  ModuleCommun& module_;
+  RunState& run_;
+  RunRequest request_;
+  std::function<void()> progress_;
+  bool announced_ = false;
+};
+
+/// The fault that an exception amounts to; to be called from within a handler.
+RuntimeFault CurrentFault();
+
+}  // namespace imptable
+
+#endif  // PLUGIN_RUN_DRIVER_H_
