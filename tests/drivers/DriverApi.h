@@ -1,0 +1,10 @@
+#ifndef TESTS_DRIVERS_DRIVERAPI_H_
+#define TESTS_DRIVERS_DRIVERAPI_H_
+
+// The driver is compiled with everything hidden; what these headers declare is its interface.
+#pragma GCC visibility push(default)
+#include <sql.h>
+#include <sqlext.h>
+#pragma GCC visibility pop
+
+#endif  // TESTS_DRIVERS_DRIVERAPI_H_
