@@ -1,0 +1,52 @@
+#ifndef HOST_REGISTRY_EXPORT_FILE_H_
+#define HOST_REGISTRY_EXPORT_FILE_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "platform/RegistryStore.h"
+#include "platform/TextEncoding.h"
+
+namespace imptable {
+
+/// Why a registry export file isn't taken.
+struct RegistryExportError {
+  std::string origin;    // the name of the file
+  std::size_t line = 0;  // from 1; of a text over several lines, the first one
+  std::string problem;   // what is wrong and what to do
+
+  /// @return all of it in one line.
+  std::string Message() const;
+};
+
+/// Reads a registry export file, as the Windows registry editor writes it or as somebody edited it.
+/// Header:  "Windows Registry Editor Version 5.00" in UTF-16LE with byte order mark or in UTF-8, or
+///          "REGEDIT4" in the system's code page.
+/// Lines:   end with CR LF, LF or CR; ";" starts a comment. The last "]" ends a key's name.
+/// Roots:   HKEY_LOCAL_MACHINE (HKLM) and HKEY_CURRENT_USER (HKCU).
+/// Returns: the edits in the order of the file, all text in UTF-8; or the first error.
+/// @param origin  what to call the file in an error.
+std::variant<std::vector<RegistryEdit>, RegistryExportError> ParseRegistryExport(
+    std::string_view bytes, std::string_view origin, const TextEncoding& encoding);
+
+/// Such a file (Version 5.00, UTF-16LE with byte order mark) for a key and all below it, or for the
+/// whole registry.
+/// @return nullopt when there is no such key.
+std::optional<std::string> WriteRegistryExport(const RegistryStore& store,
+                                               const std::optional<KeyPath>& key);
+
+/// A key by its whole name, "HKEY_LOCAL_MACHINE\SOFTWARE" or "HKLM\SOFTWARE", in UTF-8.
+/// @return nullopt when the root is another one or a key's name in it is empty.
+std::optional<KeyPath> KeyPathFromName(std::string_view name);
+
+/// The long name of one of the two roots.
+std::string_view RootName(std::int32_t root);
+
+}  // namespace imptable
+
+#endif  // HOST_REGISTRY_EXPORT_FILE_H_
