@@ -1,0 +1,53 @@
+#include "tests/kit/TestHost.h"
+
+#include "plugin/core/RuntimeFault.h"
+
+namespace imptable {
+namespace {
+
+class RecordingReportWriter final : public ReportWriter {
+ public:
+  explicit RecordingReportWriter(TestHost& host) : host_(host) {}
+  void SetScenario(const std::string& scenario) override { host_.scenario = scenario; }
+  void SetReportPath(const std::string& path) override { host_.report_path = path; }
+  void WriteLine(const std::string& text, HostDisplay* display, ReportKind kind) override {
+    if (++writes_ == host_.failing_write) throw RuntimeFault(FaultNumber::kNoHostObject, "report");
+    host_.lines.push_back({text, kind, display});
+  }
+
+ private:
+  TestHost& host_;
+  int writes_ = 0;
+};
+
+}  // namespace
+
+std::unique_ptr<ReportWriter> TestHost::CreateReportWriter() {
+  ++writers_made;
+  return std::make_unique<RecordingReportWriter>(*this);
+}
+
+std::string TestHost::Variable(const KeyPath& tasks, const std::string& of_scenario,
+                               const std::string& name) {
+  looked_up.push_back(of_scenario + '|' + tasks.path + '|' + name);
+  const auto variable = variables.find(name);
+  return variable == variables.end() ? std::string() : variable->second;
+}
+
+std::string TestHost::TitleOfWrapperType(std::int16_t type) {
+  asked_types.push_back(type);
+  return "Title";
+}
+
+std::string TestHost::SummaryOfWrapperType(std::int16_t type) {
+  asked_types.push_back(type);
+  return "Summary";
+}
+
+std::vector<std::string> TestHost::Texts() const {
+  std::vector<std::string> texts;
+  for (const WrittenLine& line : lines) texts.push_back(line.text);
+  return texts;
+}
+
+}  // namespace imptable
