@@ -1,9 +1,10 @@
 #ifndef PLATFORM_REGISTRY_FILE_ERROR_H_
 #define PLATFORM_REGISTRY_FILE_ERROR_H_
 
-#include <stdexcept>
 #include <string>
 #include <string_view>
+
+#include "platform/Registry.h"
 
 namespace imptable {
 
@@ -19,7 +20,7 @@ enum class RegistryFileFault {
 
 /// The registry file can't be opened, read or written. what() is one line that names the file,
 /// what is wrong with it and what to do.
-class RegistryFileError : public std::runtime_error {
+class RegistryFileError : public RegistryError {
  public:
   /// @param detail  the reason in the words of whoever found it; may be empty.
   RegistryFileError(const std::string& path, RegistryFileFault fault, std::string_view detail);

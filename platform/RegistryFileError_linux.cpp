@@ -52,6 +52,6 @@ std::string Sentence(const std::string& path, RegistryFileFault fault, std::stri
 
 RegistryFileError::RegistryFileError(const std::string& path, RegistryFileFault fault,
                                      std::string_view detail)
-    : std::runtime_error(Sentence(path, fault, detail)), path_(path), fault_(fault) {}
+    : RegistryError(Sentence(path, fault, detail)), path_(path), fault_(fault) {}
 
 }  // namespace imptable
