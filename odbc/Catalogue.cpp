@@ -128,6 +128,29 @@ bool Catalogue::GetTableColumns(std::vector<TableColumn>& columns) {
       });
 }
 
+bool Catalogue::GetColumnTypes(std::vector<TableColumn>& columns) {
+  Query query(session_);
+  if (!query.allocated()) return false;
+  const OwnerArgument owner(module_.run.owner);
+  const std::string& table = module_.run.table;
+  if (!query.Ran(SQLColumns(query.raw(), nullptr, 0, owner.text, owner.length, SqlText(table),
+                            Length(table), nullptr, 0))) {
+    return false;
+  }
+  TextCell name(query.NameBytes());
+  SQLSMALLINT sql_type = 0;
+  if (!query.Bound(name.Bind(query.raw(), 4)) || !query.Bound(query.BindShort(5, sql_type))) {
+    return false;
+  }
+  return query.FetchAll([&] { sql_type = 0; },
+                        [&] {
+                          TableColumn column;
+                          column.name = name.Text();
+                          column.sql_type = sql_type;
+                          columns.push_back(std::move(column));
+                        });
+}
+
 bool Catalogue::GetSpecialColumns(std::vector<TableColumn>& columns, bool& found) {
   Query query(session_);
   if (!query.allocated()) return false;

@@ -40,6 +40,9 @@ class Catalogue {
   /// The table's columns; those whose assignment in "Champs" ends with "Ignore" are marked.
   bool GetTableColumns(std::vector<TableColumn>& columns);
 
+  /// The names and types alone of the columns of the table, whose name is taken as it stands.
+  bool GetColumnTypes(std::vector<TableColumn>& columns);
+
   /// Marks the columns that the database versions itself.
   /// @param found  set to true when one was marked, else left alone.
   bool GetSpecialColumns(std::vector<TableColumn>& columns, bool& found);

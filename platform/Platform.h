@@ -5,6 +5,7 @@
 #include "platform/FileSystem.h"
 #include "platform/MessageLoop.h"
 #include "platform/MousePointer.h"
+#include "platform/ProfileFile.h"
 #include "platform/Registry.h"
 #include "platform/TextEncoding.h"
 #include "platform/WarningBox.h"
@@ -20,6 +21,7 @@ struct Platform {
   FileSystem& files;
   WarningBox& warning_box;
   MousePointer& mouse_pointer;
+  ProfileFile& profile_file;
 };
 
 }  // namespace imptable

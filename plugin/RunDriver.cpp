@@ -4,8 +4,12 @@
 #include <new>
 #include <utility>
 
+#include "import/DeleteMode.h"
 #include "import/InsertMode.h"
+#include "import/PreImportDeletion.h"
 #include "import/TaskFiles.h"
+#include "import/UpdateInsertMode.h"
+#include "import/UpdateMode.h"
 #include "plugin/ResumeRule.h"
 #include "plugin/TaskLoading.h"
 
@@ -23,8 +27,14 @@ constexpr std::int32_t kMessageNoFile = 136;
 constexpr std::int32_t kMessageFile = 137;
 constexpr std::int32_t kMessageIsEmpty = 138;
 
-// Values of "Mode": never change.
+// Values of "Mode" that import something, and of "Suppression": never change. Mode 2 is
+// INSERT/UPDATE, for which nothing is run.
 constexpr std::int16_t kModeInsert = 0;
+constexpr std::int16_t kModeUpdate = 1;
+constexpr std::int16_t kModeUpdateInsert = 3;
+constexpr std::int16_t kModeDelete = 4;
+constexpr std::int16_t kGlobalDeletion = 1;
+constexpr std::int16_t kSelectiveDeletion = 2;
 
 /// dd/mm/yy hh:mm:ss, the form of every date in a task's key.
 std::string StampText(const LocalTime& time) {
@@ -163,12 +173,35 @@ bool RunDriver::StopAskedFor() {
   return true;
 }
 
-void RunDriver::DeleteBeforeImport(FileState) {}
+void RunDriver::DeleteBeforeImport(FileState state) {
+  const bool even_when_empty = run_.empty_file_policy == 1;
+  if (run_.resume || StopAskedFor() ||
+      !(state == FileState::kPresent || (state == FileState::kEmpty && even_when_empty))) {
+    return;
+  }
+  if (run_.deletion_mode == kGlobalDeletion) RunGlobalDeletion(module_, state_.odbc);
+  FileSystem& files = module_.platform.files;
+  if (run_.deletion_mode == kSelectiveDeletion &&
+      files.Query(files.Locate(SideFilePath(run_, kSelectionExtension)))) {
+    RunSelectiveDeletion(module_, state_.odbc);
+  }
+}
 
 void RunDriver::Import(FileState state) {
   if (state != FileState::kPresent || run_.pre_deletion_failed || StopAskedFor()) return;
   const bool complete_name = run_.full_file_name == 1;
-  if (run_.mode == kModeInsert) RunInsertMode(module_, state_.odbc, complete_name);
+  switch (run_.mode) {
+    case kModeInsert:
+      return RunInsertMode(module_, state_.odbc, complete_name);
+    case kModeUpdate:
+      return RunUpdateMode(module_, state_.odbc, complete_name);
+    case kModeUpdateInsert:
+      return RunUpdateInsertMode(module_, state_.odbc, complete_name);
+    case kModeDelete:
+      return RunDeleteMode(module_, state_.odbc, complete_name);
+    default:
+      return;
+  }
 }
 
 void RunDriver::RecordOutcome() {

@@ -7,6 +7,9 @@ TestComponent::TestComponent(std::unique_ptr<TextEncoding> code_page)
       encoding(std::move(code_page)),
       real_files(SystemFileSystem()),
       files(*real_files),
-      state(Platform{registry, message_loop, clock, *encoding, files, warnings, pointer}, host) {}
+      profile_file(files),
+      state(Platform{registry, message_loop, clock, *encoding, files, warnings, pointer,
+                     profile_file},
+            host) {}
 
 }  // namespace imptable

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/ProfileFile_linux.h"
 #include "platform/testing/FaultyFileSystem.h"
 #include "platform/testing/ManualClock.h"
 #include "platform/testing/ManualMessageLoop.h"
@@ -32,6 +33,7 @@ class TestComponent {
   FaultyFileSystem files;
   RecordingWarningBox warnings;
   CountingPointer pointer;
+  ProfileFileReader profile_file;
   TestHost host;
   ModuleState state;
 

@@ -1,0 +1,209 @@
+#include "import/PreImportDeletion.h"
+
+#include <algorithm>
+#include <new>
+#include <optional>
+
+#include "import/TaskFiles.h"
+#include "odbc/Catalogue.h"
+
+namespace imptable {
+namespace {
+
+// Numbers of catalogue texts: never change.
+constexpr std::int32_t kMessageGlobal = 105;
+constexpr std::int32_t kMessageSelective = 107;
+constexpr std::int32_t kMessageQuery = 108;
+constexpr std::int32_t kMessageNoneDeleted = 109;
+constexpr std::int32_t kMessageDeleted = 110;
+constexpr std::int32_t kMessageGlobalFault = 139;
+constexpr std::int32_t kMessageUnknownColumn = 140;
+constexpr std::int32_t kMessageAbandon = 141;
+constexpr std::int32_t kMessageSelectiveFault = 142;
+
+constexpr int kSections = 20;
+constexpr int kKeys = 10;
+constexpr std::string_view kMissing = "Non";
+constexpr std::size_t kMostValueBytes = 254;
+constexpr std::string_view kCountPrefix = " ---->   ";
+
+std::string TwoDigits(int number) {
+  return {static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
+}
+
+bool TakesQuotes(std::int16_t sql_type) {
+  return sql_type == kSqlChar || sql_type == kSqlVarchar || sql_type == kSqlDate ||
+         sql_type == kSqlTime || sql_type == kSqlTimestamp;
+}
+
+std::string_view WithoutBlanks(std::string_view text) {
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  return text;
+}
+
+/// One value of the selection file.
+struct Range {
+  std::string_view column, low, high;
+};
+
+/// @throws RuntimeFault  invalid argument, naming the value, when it has fewer than two commas.
+Range SplitRange(std::string_view value) {
+  const std::size_t first = value.find(',');
+  const std::size_t second = first == std::string_view::npos ? first : value.find(',', first + 1);
+  if (second == std::string_view::npos) {
+    throw RuntimeFault(FaultNumber::kInvalidArgument, std::string(value));
+  }
+  return {value.substr(0, first), value.substr(first + 1, second - first - 1),
+          value.substr(second + 1)};
+}
+
+class Deletion {
+ public:
+  Deletion(ModuleCommun& module, OdbcSession& session) : module_(module), session_(session) {}
+
+  void Global() {
+    Report(kMessageGlobal);
+    Guarded(kMessageGlobalFault, [this] {
+      if (!Allocate()) return;
+      const std::string text = "TRUNCATE TABLE " + TableReference(module_, session_);
+      if (SQLExecDirect(Raw(), SqlText(text), SQL_NTS) == SQL_SUCCESS) {
+        module_.platform.message_loop.Yield();
+      } else {
+        Fail();
+      }
+    });
+  }
+
+  void Selective() {
+    Report(kMessageSelective);
+    Guarded(kMessageSelectiveFault, [this] {
+      if (!LoadColumns()) return;
+      OpenSelection();
+      for (int section = 1; section <= kSections; ++section) {
+        std::optional<std::string> conditions;
+        if (!ReadConditions("Table" + TwoDigits(section), conditions)) return;
+        if (conditions && !Execute(*conditions)) return;
+      }
+    });
+  }
+
+ private:
+  /// A fault ends the deletion but not the run: the import goes on.
+  template <typename Steps>
+  void Guarded(std::int32_t fault_message, Steps steps) {
+    const BusyPointer pointer(module_);
+    std::optional<RuntimeFault> fault;
+    try {
+      steps();
+    } catch (const RuntimeFault& caught) {
+      fault = caught;
+    } catch (const std::bad_alloc&) {
+      fault = RuntimeFault(FaultNumber::kOutOfMemory);
+    }
+    session_.statement.Drop();
+    if (!fault) return;
+    session_.error_reported = true;
+    module_.run.fault = fault;
+    module_.WriteReport(module_.MessageText(fault_message) +
+                            std::to_string(static_cast<std::int32_t>(fault->number())),
+                        ReportKind::kError);
+  }
+
+  void Report(std::int32_t message, const std::string& value = {}) {
+    module_.WriteReport(module_.MessageText(message) + value, ReportKind::kInformation);
+  }
+
+  SQLHSTMT Raw() const { return session_.statement.raw(); }
+
+  bool Allocate() {
+    if (session_.statement.Allocate(session_.connection) == SQL_SUCCESS) return true;
+    session_.ReportError();
+    module_.run.pre_deletion_failed = true;
+    return false;
+  }
+
+  bool Fail() {
+    session_.ReportError(Raw());
+    module_.run.pre_deletion_failed = true;
+    return false;
+  }
+
+  bool LoadColumns() {
+    if (Catalogue(module_, session_).GetColumnTypes(columns_)) return true;
+    module_.run.pre_deletion_failed = true;
+    return false;
+  }
+
+  /// The reader itself takes a file that can't be read for one without sections.
+  void OpenSelection() {
+    FileSystem& files = module_.platform.files;
+    path_ = files.Locate(SideFilePath(module_.run, kSelectionExtension));
+    std::error_code error;
+    if (!files.OpenForReading(path_, error)) throw FileFault(error, path_);
+  }
+
+  /// @param conditions  the section's conditions joined by " AND "; none when it has no value.
+  /// @return false when a column isn't the table's: that ends the whole deletion.
+  bool ReadConditions(const std::string& section, std::optional<std::string>& conditions) {
+    for (int key = 1; key <= kKeys; ++key) {
+      const std::string value = module_.platform.profile_file.ReadString(
+          path_, section, TwoDigits(key), kMissing, kMostValueBytes);
+      if (value.empty() || value.starts_with(kMissing)) continue;
+      const Range range = SplitRange(value);
+      const auto column = std::find_if(
+          columns_.begin(), columns_.end(),
+          [&](const TableColumn& each) { return WithoutBlanks(each.name) == range.column; });
+      if (column == columns_.end()) {
+        Report(kMessageUnknownColumn,
+               std::string(range.column) + module_.MessageText(kMessageAbandon));
+        module_.run.pre_deletion_failed = true;
+        session_.error_reported = true;
+        return false;
+      }
+      const std::string quote = TakesQuotes(column->sql_type) ? "'" : "";
+      conditions = conditions ? *conditions + " AND " : std::string();
+      *conditions += "(" + QuoteIdentifier(session_, range.column) + " BETWEEN " + quote +
+                     std::string(range.low) + quote + " AND " + quote + std::string(range.high) +
+                     quote + ")";
+    }
+    return true;
+  }
+
+  bool Execute(const std::string& conditions) {
+    const std::string text =
+        "DELETE FROM " + TableReference(module_, session_) + " WHERE " + conditions;
+    if (!Allocate()) return false;
+    Report(kMessageQuery, text);
+    if (SQLExecDirect(Raw(), SqlText(text), SQL_NTS) != SQL_SUCCESS) return Fail();
+    SQLLEN rows = 0;
+    if (SQLRowCount(Raw(), &rows) != SQL_SUCCESS) return Fail();
+    if (rows == -1) {
+      Report(kMessageNoneDeleted);
+    } else {
+      module_.WriteReport(
+          std::string(kCountPrefix) + SignedText(rows) + module_.MessageText(kMessageDeleted),
+          ReportKind::kInformation);
+    }
+    module_.platform.message_loop.Yield();
+    session_.statement.Drop();
+    return true;
+  }
+
+  ModuleCommun& module_;
+  OdbcSession& session_;
+  std::vector<TableColumn> columns_;
+  std::string path_;
+};
+
+}  // namespace
+
+void RunGlobalDeletion(ModuleCommun& module, OdbcSession& session) {
+  Deletion(module, session).Global();
+}
+
+void RunSelectiveDeletion(ModuleCommun& module, OdbcSession& session) {
+  Deletion(module, session).Selective();
+}
+
+}  // namespace imptable
