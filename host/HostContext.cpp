@@ -1,0 +1,51 @@
+#include "host/HostContext.h"
+
+#include "host/HostError.h"
+#include "host/RegistryLocation.h"
+#include "host/ScenarioKeys.h"
+#include "host/StoredValue.h"
+
+namespace imptable {
+
+Language LanguageIn(const RegistryStore& store) {
+  const std::optional<RegistryValue> value =
+      store.Read({kHkeyLocalMachine, "SOFTWARE\\KALDO\\Configuration"}, "Lang");
+  return value && ShownValue(*value) == std::to_string(kEnglishOffset) ? Language::kEnglish
+                                                                       : Language::kFrench;
+}
+
+HostContext::HostContext(const std::string& registry_path, std::optional<Language> language,
+                         std::ostream& err)
+    : encoding(SystemTextEncoding()),
+      store(registry_path, encoding->ToUtf8(DecimalSeparatorOfLocale())),
+      registry(store, *encoding),
+      message_loop(SystemMessageLoop()),
+      clock(SystemClock()),
+      files(SystemFileSystem()),
+      warning_box(err),
+      profile_file(*files),
+      state(Platform{registry, *message_loop, *clock, *encoding, *files, warning_box, mouse_pointer,
+                     profile_file},
+            library),
+      texts(language ? *language : LanguageIn(store), *encoding) {
+  library.Attach(state.commun);
+  state.commun.language_offset = OffsetOf(texts.language());
+}
+
+void HostContext::RequireScenario(const std::string& scenario) const {
+  RequireName(scenario);
+  if (!store.KeyExists(ScenarioKey(ToUtf8(scenario)))) {
+    throw HostError(ExitCode::kMissing, HostText::kNoScenario, {scenario});
+  }
+}
+
+void HostContext::RequireTask(const std::string& scenario, const std::string& task) const {
+  RequireName(scenario);
+  RequireName(task);
+  RequireScenario(scenario);
+  if (!store.KeyExists(TaskKey(ToUtf8(scenario), ToUtf8(task)))) {
+    throw HostError(ExitCode::kMissing, HostText::kNoTask, {task, scenario});
+  }
+}
+
+}  // namespace imptable

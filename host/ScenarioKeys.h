@@ -1,0 +1,28 @@
+#ifndef HOST_SCENARIO_KEYS_H_
+#define HOST_SCENARIO_KEYS_H_
+
+#include <string>
+
+#include "platform/Registry.h"
+
+namespace imptable {
+
+// Where a scenario is kept in the registry. Names are taken as they are, in whatever code page the
+// registry they are for takes.
+
+KeyPath ScenariosKey();
+KeyPath ScenarioKey(const std::string& scenario);
+KeyPath TasksKey(const std::string& scenario);
+KeyPath TaskKey(const std::string& scenario, const std::string& task);
+KeyPath VariablesKey(const std::string& scenario);
+KeyPath ConstantsKey(const std::string& scenario);
+
+/// The key below `key`.
+KeyPath Subkey(const KeyPath& key, const std::string& name);
+
+/// @throws HostError  wrong usage, when no key can have this name.
+void RequireName(const std::string& name);
+
+}  // namespace imptable
+
+#endif  // HOST_SCENARIO_KEYS_H_

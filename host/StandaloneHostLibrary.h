@@ -1,0 +1,41 @@
+#ifndef HOST_STANDALONE_HOST_LIBRARY_H_
+#define HOST_STANDALONE_HOST_LIBRARY_H_
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "plugin/core/HostLibrary.h"
+#include "plugin/core/ModuleCommun.h"
+
+namespace imptable {
+
+/// The host's object library where no scenario host is present: report lines go through the
+/// component's own line writer, scenario variables come from the scenario's registry keys.
+class StandaloneHostLibrary : public HostLibrary {
+ public:
+  /// The module is made with the library, hence after it. Until it is attached every member fails.
+  /// @param module  borrowed; must outlive the library's use.
+  void Attach(ModuleCommun& module) { module_ = &module; }
+
+  /// True once a report line didn't reach its file.
+  bool report_failed() const { return report_failed_; }
+
+  std::unique_ptr<ReportWriter> CreateReportWriter() override;
+  std::string Variable(const KeyPath& tasks, const std::string& scenario,
+                       const std::string& name) override;
+  std::string TitleOfWrapperType(std::int16_t type) override;
+  std::string SummaryOfWrapperType(std::int16_t type) override;
+
+ private:
+  class Writer;
+
+  ModuleCommun& Module() const;
+
+  ModuleCommun* module_ = nullptr;
+  bool report_failed_ = false;
+};
+
+}  // namespace imptable
+
+#endif  // HOST_STANDALONE_HOST_LIBRARY_H_
