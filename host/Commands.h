@@ -1,0 +1,35 @@
+#ifndef HOST_COMMANDS_H_
+#define HOST_COMMANDS_H_
+
+#include "host/CommandRequest.h"
+#include "host/ExitCode.h"
+#include "host/HostConsole.h"
+#include "host/HostContext.h"
+
+namespace imptable {
+
+// The commands. Each does what its help says.
+// @throws HostError  when it can't; a failing registry file or component throws its own.
+
+ExitCode RunTask(HostContext& context, const CommandRequest& request, const HostConsole& console);
+ExitCode ShowStatus(HostContext& context, const CommandRequest& request,
+                    const HostConsole& console);
+ExitCode ListNames(HostContext& context, const CommandRequest& request, const HostConsole& console);
+ExitCode GetSettings(HostContext& context, const CommandRequest& request,
+                     const HostConsole& console);
+ExitCode SetSettings(HostContext& context, const CommandRequest& request,
+                     const HostConsole& console);
+ExitCode DeleteTask(HostContext& context, const CommandRequest& request,
+                    const HostConsole& console);
+ExitCode HandleVariables(HostContext& context, const CommandRequest& request,
+                         const HostConsole& console);
+ExitCode ListSources(HostContext& context, const CommandRequest& request,
+                     const HostConsole& console);
+ExitCode ImportRegistry(HostContext& context, const CommandRequest& request,
+                        const HostConsole& console);
+ExitCode ExportRegistry(HostContext& context, const CommandRequest& request,
+                        const HostConsole& console);
+
+}  // namespace imptable
+
+#endif  // HOST_COMMANDS_H_
