@@ -1,0 +1,17 @@
+#ifndef HOST_REPLACED_FILE_H_
+#define HOST_REPLACED_FILE_H_
+
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace imptable {
+
+/// Writes a whole file, readable by its owner alone when it is new. It takes the place of the old
+/// one only once it is complete, so a failure leaves the old one. What is no plain file (a pipe, a
+/// terminal) is written to directly.
+std::error_code ReplaceFile(const std::string& path, std::string_view bytes);
+
+}  // namespace imptable
+
+#endif  // HOST_REPLACED_FILE_H_
