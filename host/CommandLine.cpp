@@ -1,0 +1,177 @@
+#include "host/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace imptable {
+namespace {
+
+constexpr std::string_view kProgram = "imptable";
+constexpr std::array<std::string_view, 2> kGlobalOptions{"--registry", "--lang"};
+
+/// The command's name and those of the groups that it is in.
+std::string CommandPath(const CLI::App& app) {
+  if (app.get_parent() == nullptr) return {};
+  const std::string group = CommandPath(*app.get_parent());
+  return group.empty() ? app.get_name() : group + ' ' + app.get_name();
+}
+
+/// How the command is called, for "... --help".
+std::string Invocation(const CLI::App& app) {
+  const std::string path = CommandPath(app);
+  return path.empty() ? std::string(kProgram) : std::string(kProgram) + ' ' + path;
+}
+
+const CLI::App& ChosenCommand(const CLI::App& app) {
+  const std::vector<CLI::App*> chosen = app.get_subcommands();
+  return chosen.empty() ? app : ChosenCommand(*chosen.front());
+}
+
+bool LooksLikeOption(std::string_view argument) {
+  return argument.size() > 1 && argument.front() == '-';
+}
+
+bool IsGlobalOption(std::string_view name) {
+  return std::find(kGlobalOptions.begin(), kGlobalOptions.end(), name) != kGlobalOptions.end();
+}
+
+HostError UsageError(HostText text, const std::string& what, const CLI::App& command) {
+  return {ExitCode::kUsage, text, {what, Invocation(command)}};
+}
+
+HostError LeftoverError(const std::string& argument, const CLI::App& command) {
+  if (LooksLikeOption(argument)) {
+    const std::string option = argument.substr(0, argument.find('='));
+    return IsGlobalOption(option) ? UsageError(HostText::kMisplacedOption, option, command)
+                                  : UsageError(HostText::kUnknownOption, option, command);
+  }
+  return command.get_require_subcommand_min() > 0
+             ? UsageError(HostText::kUnknownCommand, argument, command)
+             : UsageError(HostText::kTooManyArguments, argument, command);
+}
+
+/// The first argument that no command takes, with the command that it was given to.
+std::optional<HostError> FirstLeftover(const CLI::App& app) {
+  const std::vector<std::string> left = app.remaining();
+  if (!left.empty()) return LeftoverError(left.front(), app);
+  const std::vector<CLI::App*> chosen = app.get_subcommands();
+  return chosen.empty() ? std::nullopt : FirstLeftover(*chosen.front());
+}
+
+/// Says in the host's words what the parser found wrong.
+HostError ErrorFor(const CLI::ParseError& error, const CLI::App& app) {
+  if (std::optional<HostError> leftover = FirstLeftover(app)) return *leftover;
+  const CLI::App& command = ChosenCommand(app);
+  for (const CLI::Option* option : command.get_options()) {
+    if (option->get_required() && option->count() == 0) {
+      const std::string& shown = option->get_option_text();
+      return UsageError(HostText::kMissingArgument, shown.empty() ? option->get_name() : shown,
+                        command);
+    }
+  }
+  if (command.get_require_subcommand_min() > 0 && command.get_subcommands().empty() &&
+      dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
+    return UsageError(HostText::kMissingCommand, "", command);
+  }
+  const std::string reason = error.what();
+  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
+    return UsageError(HostText::kMissingOptionValue, reason.substr(0, reason.find(':')), command);
+  }
+  return UsageError(HostText::kWrongUsage, reason, command);
+}
+
+CLI::App& AddCommand(CLI::App& app, const std::string& name) { return *app.add_subcommand(name); }
+
+void AddTask(CLI::App& command, CommandRequest& request) {
+  command.add_option("SCENARIO", request.scenario)->required();
+  command.add_option("TASK", request.task)->required();
+}
+
+void TakeLast(CLI::Option* option) {
+  option->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+}
+
+void AddTaskCommands(CLI::App& app, CommandRequest& request) {
+  CLI::App& run = AddCommand(app, "run");
+  AddTask(run, request);
+  run.add_flag("--resume", request.resume);
+  TakeLast(run.add_option("--report", request.report));
+  run.add_flag("--quiet", request.quiet);
+  run.add_flag("--json", request.json);
+
+  AddTask(AddCommand(app, "status"), request);
+  AddCommand(app, "list").add_option("SCENARIO", request.name);
+
+  CLI::App& get = AddCommand(app, "get");
+  AddTask(get, request);
+  get.add_option("NAME", request.name);
+
+  CLI::App& set = AddCommand(app, "set");
+  AddTask(set, request);
+  set.add_option("ASSIGNMENT", request.assignments)->required()->option_text("NAME=VALUE");
+
+  AddTask(AddCommand(app, "delete"), request);
+
+  CLI::App& variable = AddCommand(app, "variable");
+  variable.add_option("SCENARIO", request.scenario)->required();
+  variable.add_option("NAME", request.name);
+}
+
+void AddOtherCommands(CLI::App& app, CommandRequest& request) {
+  AddCommand(app, "sources");
+
+  CLI::App& reg = AddCommand(app, "reg");
+  reg.require_subcommand(1);
+  AddCommand(reg, "import").add_option("FILE", request.file)->required();
+  CLI::App& reg_export = AddCommand(reg, "export");
+  reg_export.add_option("FILE", request.file)->required();
+  reg_export.add_option("KEY", request.key);
+}
+
+}  // namespace
+
+CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
+  CommandLine line;
+  CLI::App app{"", std::string(kProgram)};
+  app.require_subcommand(1);
+  app.set_version_flag("--version", IMPTABLE_VERSION);
+  CLI::Option* const registry = app.add_option("--registry");
+  CLI::Option* const language = app.add_option("--lang");
+  TakeLast(registry);
+  TakeLast(language);
+  AddTaskCommands(app, line.request);
+  AddOtherCommands(app, line.request);
+
+  try {
+    app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+  } catch (const CLI::CallForVersion&) {
+    line.outcome = CommandLine::Outcome::kVersion;
+  } catch (const CLI::CallForHelp&) {
+    line.outcome = CommandLine::Outcome::kHelp;
+  } catch (const CLI::ParseError& error) {
+    line.error = ErrorFor(error, app);
+  }
+
+  line.request.command = CommandPath(ChosenCommand(app));
+  if (!registry->results().empty()) line.registry = registry->results().back();
+  if (!language->results().empty()) {
+    line.language = LanguageNamed(language->results().back());
+    if (!line.language && !line.error) {
+      line.error =
+          HostError(ExitCode::kUsage, HostText::kUnknownLanguage, {language->results().back()});
+    }
+  }
+  // The parser takes a bracketed argument apart as a list; none of these is a value's name.
+  for (const std::string& assignment : line.request.assignments) {
+    if (line.error) break;
+    if (std::find(arguments.begin(), arguments.end(), assignment) == arguments.end()) {
+      line.error = HostError(ExitCode::kUsage, HostText::kUnknownSetting, {assignment});
+    }
+  }
+  if (line.error) line.outcome = CommandLine::Outcome::kError;
+  return line;
+}
+
+}  // namespace imptable

@@ -1,0 +1,31 @@
+#ifndef HOST_COMMAND_LINE_H_
+#define HOST_COMMAND_LINE_H_
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/CommandRequest.h"
+#include "host/HostError.h"
+#include "host/HostTexts.h"
+
+namespace imptable {
+
+/// What the arguments ask for. The global options are also there when the rest is in error, for
+/// the language of the message.
+struct CommandLine {
+  enum class Outcome { kCommand, kHelp, kVersion, kError };
+
+  Outcome outcome = Outcome::kCommand;
+  std::optional<std::string> registry;
+  std::optional<Language> language;
+  CommandRequest request;          // kHelp: only its command, the one that help is asked for
+  std::optional<HostError> error;  // kError
+};
+
+/// @param arguments  without the program's name.
+CommandLine ParseCommandLine(const std::vector<std::string>& arguments);
+
+}  // namespace imptable
+
+#endif  // HOST_COMMAND_LINE_H_

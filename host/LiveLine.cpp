@@ -1,0 +1,74 @@
+#include "host/LiveLine.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "platform/Utf8.h"
+
+namespace imptable {
+namespace {
+
+constexpr std::string_view kEraseLine = "\r\x1b[K";
+constexpr std::int64_t kMostSeconds = 99 * 3600;  // beyond that a forecast says nothing
+
+std::string TwoDigits(std::int64_t number) {
+  return (number < 10 ? "0" : "") + std::to_string(number);
+}
+
+/// h:mm:ss, or m:ss when it is less than an hour.
+std::string DurationText(std::int64_t seconds) {
+  const std::int64_t hours = seconds / 3600;
+  const std::int64_t minutes = seconds / 60 % 60;
+  const std::string start =
+      hours > 0 ? std::to_string(hours) + ':' + TwoDigits(minutes) : std::to_string(minutes);
+  return start + ':' + TwoDigits(seconds % 60);
+}
+
+std::string Cut(std::string text, int columns, bool utf8) {
+  if (columns <= 0) return text;
+  std::size_t end = 0;
+  for (int column = 0; column < columns && end < text.size(); ++column) {
+    const std::size_t length = utf8 ? Utf8Length(std::string_view(text).substr(end)) : 1;
+    end += std::max<std::size_t>(length, 1);
+  }
+  text.resize(std::min(end, text.size()));
+  return text;
+}
+
+}  // namespace
+
+std::string LiveLineText(const RunProgress& progress, double seconds, int columns,
+                         const HostTexts& texts) {
+  const std::int64_t written = progress.inserted + progress.modified + progress.deleted;
+  const std::int64_t rate =
+      seconds > 0 ? std::llround(static_cast<double>(progress.read) / seconds) : 0;
+  std::string line =
+      texts.Text(HostText::kLiveLine, {texts.Number(progress.read), texts.Number(written),
+                                       texts.Number(progress.errors), texts.Number(rate)});
+  if (progress.bytes_in_file > 0) {
+    const double share = std::min(1.0, static_cast<double>(progress.bytes_read) /
+                                           static_cast<double>(progress.bytes_in_file));
+    const auto percent = static_cast<std::int64_t>(std::floor(share * 100));
+    line += texts.Text(HostText::kLiveShare, {std::to_string(percent)});
+    const double left = share > 0 ? seconds / share - seconds : 0;
+    if (share > 0 && seconds > 0 && left <= static_cast<double>(kMostSeconds)) {
+      line += texts.Text(HostText::kLiveTimeLeft, {DurationText(std::llround(left))});
+    }
+  }
+  return Cut(std::move(line), columns, texts.encoding().IsUtf8());
+}
+
+void LiveLine::Draw(const RunProgress& progress, double seconds) {
+  out_ << kEraseLine << LiveLineText(progress, seconds, terminal_.Columns(), texts_) << std::flush;
+  drawn_ = true;
+}
+
+void LiveLine::Remove() {
+  if (drawn_) out_ << kEraseLine << std::flush;
+  drawn_ = false;
+}
+
+}  // namespace imptable

@@ -1,0 +1,42 @@
+#ifndef HOST_LIVE_LINE_H_
+#define HOST_LIVE_LINE_H_
+
+#include <ostream>
+#include <string>
+
+#include "host/HostConsole.h"
+#include "host/HostTexts.h"
+#include "plugin/core/RunState.h"
+
+namespace imptable {
+
+/// How far a run has come, in one line: lines read, written and rejected, lines per second, share
+/// of the file and time left as far as they are known.
+/// @param seconds  since the first line was read.
+/// @param columns  where the line is cut; 0 for no limit.
+std::string LiveLineText(const RunProgress& progress, double seconds, int columns,
+                         const HostTexts& texts);
+
+/// The line that is redrawn in place while a run goes on.
+class LiveLine {
+ public:
+  /// All borrowed.
+  LiveLine(std::ostream& out, const Terminal& terminal, const HostTexts& texts)
+      : out_(out), terminal_(terminal), texts_(texts) {}
+  LiveLine(const LiveLine&) = delete;
+  LiveLine& operator=(const LiveLine&) = delete;
+  ~LiveLine() { Remove(); }
+
+  void Draw(const RunProgress& progress, double seconds);
+  void Remove();
+
+ private:
+  std::ostream& out_;
+  const Terminal& terminal_;
+  const HostTexts& texts_;
+  bool drawn_ = false;
+};
+
+}  // namespace imptable
+
+#endif  // HOST_LIVE_LINE_H_

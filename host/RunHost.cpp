@@ -1,0 +1,130 @@
+#include "host/RunHost.h"
+
+#include <unistd.h>
+
+#include <array>
+#include <exception>
+#include <sstream>
+#include <string_view>
+
+#include "host/CommandLine.h"
+#include "host/Commands.h"
+#include "host/HelpTexts.h"
+#include "host/HostError.h"
+#include "host/RegistryLocation.h"
+
+namespace imptable {
+namespace {
+
+struct Command {
+  std::string_view name;
+  ExitCode (*carry_out)(HostContext&, const CommandRequest&, const HostConsole&);
+};
+
+constexpr std::array<Command, 10> kCommands{{
+    {"run", RunTask},
+    {"status", ShowStatus},
+    {"list", ListNames},
+    {"get", GetSettings},
+    {"set", SetSettings},
+    {"delete", DeleteTask},
+    {"variable", HandleVariables},
+    {"sources", ListSources},
+    {"reg import", ImportRegistry},
+    {"reg export", ExportRegistry},
+}};
+
+/// The language for what is said before or without a command. Never creates a registry file, and a
+/// faulty one is for a command to complain about.
+Language LanguageWithoutCommand(const CommandLine& line) {
+  if (line.language) return *line.language;
+  try {
+    const std::string path = RegistryFilePath(line.registry);
+    if (access(path.c_str(), R_OK) != 0) return Language::kFrench;
+    return LanguageIn(RegistryStore(path, "."));
+  } catch (const std::exception&) {
+    return Language::kFrench;
+  }
+}
+
+/// One invocation, with the language that its errors are told in as soon as that is known.
+class Invocation {
+ public:
+  Invocation(const CommandLine& line, const HostConsole& console)
+      : line_(line), console_(console), language_(line.language.value_or(Language::kFrench)) {}
+
+  ExitCode CarryOut() {
+    try {
+      return Attempt();
+    } catch (const HostError& error) {
+      return Fail(error.code(), Texts().Text(error.text(), error.arguments()));
+    } catch (const RuntimeFault& fault) {
+      return Fail(ExitCode::kFault, DescribeFault(fault, OffsetOf(language_), *encoding_));
+    } catch (const RegistryError& error) {
+      return Fail(ExitCode::kFault, error.what());
+    } catch (const std::exception& error) {
+      return Fail(ExitCode::kFault, Texts().Text(HostText::kUnexpected, {error.what()}));
+    }
+  }
+
+ private:
+  HostTexts Texts() const { return {language_, *encoding_}; }
+
+  ExitCode Fail(ExitCode code, const std::string& text) {
+    PrintErrorLine(console_.err, text);
+    return code;
+  }
+
+  ExitCode Attempt() {
+    switch (line_.outcome) {
+      case CommandLine::Outcome::kError:
+        language_ = LanguageWithoutCommand(line_);
+        throw HostError(*line_.error);
+      case CommandLine::Outcome::kHelp:
+        language_ = LanguageWithoutCommand(line_);
+        console_.out << encoding_->FromUtf8(HelpText(line_.request.command, language_));
+        return Flushed(ExitCode::kDone);
+      case CommandLine::Outcome::kVersion:
+        console_.out << "imptable " IMPTABLE_VERSION "\n";
+        return Flushed(ExitCode::kDone);
+      case CommandLine::Outcome::kCommand:
+        break;
+    }
+    HostContext context(RegistryFilePath(line_.registry), line_.language, console_.err);
+    language_ = context.texts.language();
+    for (const Command& command : kCommands) {
+      if (command.name != line_.request.command) continue;
+      return Flushed(command.carry_out(context, line_.request, console_));
+    }
+    throw HostError(ExitCode::kUsage, HostText::kUnknownCommand,
+                    {line_.request.command, "imptable"});
+  }
+
+  /// A result that didn't get out is no success; a run that was done stays done.
+  ExitCode Flushed(ExitCode code) {
+    if (console_.out.flush()) return code;
+    PrintErrorLine(console_.err, Texts().Text(HostText::kCannotWriteOutput));
+    const bool is_run =
+        line_.outcome == CommandLine::Outcome::kCommand && line_.request.command == "run";
+    return code == ExitCode::kDone && !is_run ? ExitCode::kFault : code;
+  }
+
+  const CommandLine& line_;
+  const HostConsole& console_;
+  const std::unique_ptr<TextEncoding> encoding_ = SystemTextEncoding();
+  Language language_;
+};
+
+}  // namespace
+
+int RunHost(const std::vector<std::string>& arguments, const HostConsole& console) {
+  const CommandLine line = ParseCommandLine(arguments);
+  return static_cast<int>(Invocation(line, console).CarryOut());
+}
+
+int RunHost(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
+  std::istringstream nothing;
+  return RunHost(arguments, {nothing, out, err});
+}
+
+}  // namespace imptable

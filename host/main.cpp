@@ -1,0 +1,39 @@
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/RunHost.h"
+
+namespace {
+
+class StandardOutputTerminal : public imptable::Terminal {
+ public:
+  int Columns() const override {
+    winsize size{};
+    return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
+  }
+};
+
+std::string_view Environment(const char* name) {
+  const char* const value = std::getenv(name);
+  return value == nullptr ? "" : value;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);
+  const StandardOutputTerminal terminal;
+  const bool is_terminal = isatty(STDOUT_FILENO) == 1 && Environment("TERM") != "dumb";
+  return imptable::RunHost(std::vector<std::string>(argv + 1, argv + argc),
+                           {.in = std::cin,
+                            .out = std::cout,
+                            .err = std::cerr,
+                            .terminal = is_terminal ? &terminal : nullptr,
+                            .colours = is_terminal && Environment("NO_COLOR").empty()});
+}
