@@ -1,11 +1,12 @@
 #include "host/RegistryExportFile.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <random>
 #include <string>
 #include <vector>
 
-#include "gtest/gtest.h"
 #include "host/RegistryExportText.h"
 #include "platform/testing/PlainEncodings.h"
 #include "platform/testing/TemporaryFolder.h"

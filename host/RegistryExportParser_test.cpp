@@ -1,9 +1,10 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include <map>
 #include <string>
 #include <vector>
 
-#include "gmock/gmock.h"
-#include "gtest/gtest.h"
 #include "host/RegistryExportFile.h"
 #include "host/RegistryExportText.h"
 #include "platform/testing/PlainEncodings.h"

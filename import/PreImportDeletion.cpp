@@ -163,9 +163,9 @@ class Deletion {
       }
       const std::string quote = TakesQuotes(column->sql_type) ? "'" : "";
       conditions = conditions ? *conditions + " AND " : std::string();
-      *conditions += "(" + QuoteIdentifier(session_, range.column) + " BETWEEN " + quote +
-                     std::string(range.low) + quote + " AND " + quote + std::string(range.high) +
-                     quote + ")";
+      conditions->append("(").append(QuoteIdentifier(session_, range.column));
+      conditions->append(" BETWEEN ").append(quote).append(range.low).append(quote);
+      conditions->append(" AND ").append(quote).append(range.high).append(quote).append(")");
     }
     return true;
   }

@@ -230,7 +230,7 @@ std::string QuoteIdentifier(const OdbcSession& session, std::string_view name) {
 }
 
 std::string TableReference(const ModuleCommun& module, const OdbcSession& session) {
-  const std::string table = QuoteIdentifier(session, module.run.table);
+  std::string table = QuoteIdentifier(session, module.run.table);
   if (module.run.owner.empty()) return table;
   return QuoteIdentifier(session, module.run.owner) + '.' + table;
 }

@@ -1,11 +1,11 @@
 #include "platform/NameFolding.h"
 
+#include <gtest/gtest.h>
+
 #include <clocale>
 #include <string>
 #include <thread>
 #include <vector>
-
-#include "gtest/gtest.h"
 
 namespace imptable {
 namespace {

@@ -1,5 +1,7 @@
 #include "platform/RegistryFile.h"
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -14,8 +16,6 @@
 #include <random>
 #include <string>
 
-#include "gmock/gmock.h"
-#include "gtest/gtest.h"
 #include "platform/RegistryStore.h"
 #include "platform/testing/TemporaryFolder.h"
 

@@ -1,12 +1,12 @@
 #include "platform/RegistryStore.h"
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <sqlite3.h>
 
 #include <stdexcept>
 #include <string>
 
-#include "gmock/gmock.h"
-#include "gtest/gtest.h"
 #include "platform/testing/TemporaryFolder.h"
 
 namespace imptable {

@@ -1,10 +1,11 @@
 #include "platform/Registry.h"
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include <memory>
 #include <string>
 
-#include "gmock/gmock.h"
-#include "gtest/gtest.h"
 #include "platform/RegistryStore.h"
 #include "platform/SqliteRegistry.h"
 #include "platform/testing/MemoryRegistry.h"

@@ -1,12 +1,12 @@
 #include "platform/SqliteRegistry.h"
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <sqlite3.h>
 
 #include <chrono>
 #include <string>
 
-#include "gmock/gmock.h"
-#include "gtest/gtest.h"
 #include "platform/testing/PlainEncodings.h"
 #include "platform/testing/TemporaryFolder.h"
 

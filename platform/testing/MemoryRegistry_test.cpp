@@ -1,9 +1,9 @@
 #include "platform/testing/MemoryRegistry.h"
 
-#include <string>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
-#include "gmock/gmock.h"
-#include "gtest/gtest.h"
+#include <string>
 
 namespace imptable {
 namespace {

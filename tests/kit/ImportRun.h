@@ -16,8 +16,8 @@ namespace imptable {
 /// The events that a run raised, in order.
 class RecordingEvents : public ImpTableEvents {
  public:
-  void Progress() override { raised.push_back("Progress"); }
-  void Complete() override { raised.push_back("Complete"); }
+  void Progress() override { raised.emplace_back("Progress"); }
+  void Complete() override { raised.emplace_back("Complete"); }
   std::vector<std::string> raised;
 };
 
