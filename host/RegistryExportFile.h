@@ -26,7 +26,7 @@ struct RegistryExportError {
 
 /// Reads a registry export file, as the Windows registry editor writes it or as somebody edited it.
 /// Header:  "Windows Registry Editor Version 5.00" in UTF-16LE with byte order mark or in UTF-8, or
-///          "REGEDIT4" in the system's code page.
+///          "REGEDIT4" in 8-bit text (Utf8FromAnsi).
 /// Lines:   end with CR LF, LF or CR; ";" starts a comment. The last "]" ends a key's name.
 /// Roots:   HKEY_LOCAL_MACHINE (HKLM) and HKEY_CURRENT_USER (HKCU).
 /// Returns: the edits in the order of the file, all text in UTF-8; or the first error.

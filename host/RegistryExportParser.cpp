@@ -63,7 +63,7 @@ Source Decode(std::string_view bytes, const TextEncoding& encoding) {
                           "the text isn't valid UTF-16 (is the file cut off?); export it again");
   } else if (bytes.starts_with(kHeader4)) {
     source.is_version_5 = false;
-    source.text = checked(Utf8FromCodePage(bytes, encoding),
+    source.text = checked(Utf8FromAnsi(bytes, encoding),
                           "a character isn't in the system's code page; export the key again "
                           "as \"Windows Registry Editor Version 5.00\"");
   } else if (bytes.size() > 1 && bytes[1] == '\0') {
@@ -262,7 +262,7 @@ class Parser {
     const std::size_t first_line = line_;
     const std::string bytes = ParseBytes();
     if (!IsText(type)) return {type, bytes};
-    ConvertedText text = is_version_5_ ? Utf8FromUtf16(bytes) : Utf8FromCodePage(bytes, encoding_);
+    ConvertedText text = is_version_5_ ? Utf8FromUtf16(bytes) : Utf8FromAnsi(bytes, encoding_);
     if (text.complete) return {type, std::move(text.text)};
     throw Fault{first_line, is_version_5_
                                 ? "the bytes aren't valid UTF-16; a text takes two for a character"

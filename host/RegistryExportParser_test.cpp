@@ -136,6 +136,13 @@ TEST(ExportReading, TakesTheOldFormatInTheCodePage) {
               ElementsAre("key LM\\é", "set LM\\é|a|1|\xEF\xBF\xBD$"));
 }
 
+TEST(ExportReading, TakesTheOldFormatOfAWesternWindowsMachineInAUtf8Locale) {
+  EXPECT_THAT(Read("REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\T]\r\n\"Cr\xE9"
+                   "eLe\"=\"\x80 5\"\r\n\"b\"=hex(2):e9,00\r\n",
+                   Utf8TextEncoding()),
+              ElementsAre("key LM\\T", "set LM\\T|CréeLe|1|€ 5$", "set LM\\T|b|2|é$"));
+}
+
 TEST(ExportReading, TakesAFileThatDoesNothing) {
   EXPECT_THAT(Read("REGEDIT4"), IsEmpty());
   EXPECT_THAT(Read(Utf16(kHeader)), IsEmpty());
@@ -187,10 +194,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Damage{Utf16(kKey) + std::string("\x00\xD8\x41\x00", 4), 3, "UTF-16"},
                     Damage{kKey + "\n\"a\"=\"\xE9\"\n", 4, "UTF-8"},
                     Damage{kKey + std::string("\"a\"=\"\0\"\n", 8), 3, "NUL"},
-                    Damage{"REGEDIT4\r\n\r\n[HKLM\\T\xE2"
-                           "che]\r\n",
-                           3, "code page"},
-                    Damage{"REGEDIT4\n[HKLM\\K]\n\"a\"=hex(2):e9,00\n", 3, "code page"}));
+                    Damage{"REGEDIT4\r\n\r\n[HKLM\\T\xE2\x81]\r\n", 3, "code page"},
+                    Damage{"REGEDIT4\n[HKLM\\K]\n\"a\"=hex(2):81,00\n", 3, "code page"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Keys, ExportDamage,

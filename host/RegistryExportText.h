@@ -23,8 +23,10 @@ std::string Utf16FromUtf8(std::string_view text);
 /// Takes UTF-8 as it is. Anything else is a flaw.
 ConvertedText CheckedUtf8(std::string_view bytes);
 
-/// The system's code page to UTF-8. A byte that is no character there is a flaw.
-ConvertedText Utf8FromCodePage(std::string_view bytes, const TextEncoding& encoding);
+/// 8-bit text to UTF-8: from the system's code page, or from the Western European one of Windows
+/// where the system's is UTF-8, which no Windows machine exports in. A byte that is no character
+/// there is a flaw.
+ConvertedText Utf8FromAnsi(std::string_view bytes, const TextEncoding& encoding);
 
 }  // namespace imptable
 
