@@ -11,6 +11,18 @@ namespace {
 
 constexpr std::int32_t kInvalidHandle = 6;  // ERROR_INVALID_HANDLE
 
+std::optional<std::int32_t> NumberOf(const RegistryValue& value) {
+  if (value.type != RegistryType::kNumber || value.data.size() != 4) return std::nullopt;
+  std::uint32_t bits = 0;
+  for (std::size_t i = 4; i-- > 0;) bits = bits << 8 | static_cast<unsigned char>(value.data[i]);
+  return static_cast<std::int32_t>(bits);
+}
+
+std::string WithoutTerminator(std::string text) {
+  if (!text.empty() && text.back() == '\0') text.pop_back();
+  return text;
+}
+
 KeyPath LocalMachine(std::string_view path) { return {kHkeyLocalMachine, std::string(path)}; }
 
 }  // namespace
@@ -64,11 +76,20 @@ const RegistryValue* MemoryRegistry::FindValue(const KeyPath& key, std::string_v
 
 std::optional<RegistryValue> MemoryRegistry::Read(const KeyPath& key, std::string_view name) const {
   reads_.push_back(key.path + "|" + std::string(name));
+  if (reads_left_ && (*reads_left_)-- <= 0) throw RegistryError("the registry can't be read");
   const RegistryValue* value = FindValue(key, name);
   return value == nullptr ? std::nullopt : std::optional(*value);
 }
 
 std::int32_t MemoryRegistry::Write(const KeyPath& key, std::string_view name,
+                                   const RegistryValue& value) {
+  const auto number = NumberOf(value);
+  writes_.push_back(key.path + "|" + std::string(name) + "=" +
+                    (number ? std::to_string(*number) : WithoutTerminator(value.data)));
+  return write_code_ == kRegistryOk ? Store(key, name, value) : write_code_;
+}
+
+std::int32_t MemoryRegistry::Store(const KeyPath& key, std::string_view name,
                                    const RegistryValue& value) {
   const auto root = roots_.find(key.root);
   if (root == roots_.end()) return kInvalidHandle;
@@ -120,7 +141,7 @@ std::vector<std::string> MemoryRegistry::SubkeyNames(const KeyPath& key) const {
 }
 
 void MemoryRegistry::SetText(const KeyPath& key, std::string_view name, std::string_view text) {
-  Write(key, name, {RegistryType::kText, std::string(text) + '\0'});
+  Store(key, name, {RegistryType::kText, std::string(text) + '\0'});
 }
 
 void MemoryRegistry::SetText(std::string_view path, std::string_view name, std::string_view text) {
@@ -133,7 +154,7 @@ void MemoryRegistry::SetNumber(const KeyPath& key, std::string_view name, std::i
   for (unsigned shift = 0; shift < 32; shift += 8) {
     data += static_cast<char>((bits >> shift) & 0xFFU);
   }
-  Write(key, name, {RegistryType::kNumber, data});
+  Store(key, name, {RegistryType::kNumber, data});
 }
 
 void MemoryRegistry::SetNumber(std::string_view path, std::string_view name, std::int32_t number) {
@@ -146,9 +167,7 @@ std::optional<std::string> MemoryRegistry::Text(const KeyPath& key, std::string_
       (value->type != RegistryType::kText && value->type != RegistryType::kExpandableText)) {
     return std::nullopt;
   }
-  std::string text = value->data;
-  if (!text.empty() && text.back() == '\0') text.pop_back();
-  return text;
+  return WithoutTerminator(value->data);
 }
 
 std::optional<std::string> MemoryRegistry::Text(std::string_view path,
@@ -159,12 +178,7 @@ std::optional<std::string> MemoryRegistry::Text(std::string_view path,
 std::optional<std::int32_t> MemoryRegistry::Number(const KeyPath& key,
                                                    std::string_view name) const {
   const RegistryValue* value = FindValue(key, name);
-  if (value == nullptr || value->type != RegistryType::kNumber || value->data.size() != 4) {
-    return std::nullopt;
-  }
-  std::uint32_t bits = 0;
-  for (std::size_t i = 4; i-- > 0;) bits = bits << 8 | static_cast<unsigned char>(value->data[i]);
-  return static_cast<std::int32_t>(bits);
+  return value == nullptr ? std::nullopt : NumberOf(*value);
 }
 
 std::optional<std::int32_t> MemoryRegistry::Number(std::string_view path,

@@ -54,14 +54,29 @@ class MemoryRegistry : public Registry {
   const std::vector<std::string>& reads() const { return reads_; }
   void ForgetReads() { reads_.clear(); }
 
+  /// Every Write of the port so far, failed or not, as "path|name=value": a text without its
+  /// terminating NUL, a number in decimal. Set... doesn't count.
+  const std::vector<std::string>& writes() const { return writes_; }
+
+  /// The nth Read of the port, counted from 1 for the next one, and all after it throw
+  /// RegistryError.
+  void FailReadsFrom(int nth) { reads_left_ = nth - 1; }
+
+  /// Every Write of the port gives this code and stores nothing.
+  void FailWrites(std::int32_t code) { write_code_ = code; }
+
  private:
   struct Key;
 
+  std::int32_t Store(const KeyPath& key, std::string_view name, const RegistryValue& value);
   const Key* Find(const KeyPath& key) const;
   const RegistryValue* FindValue(const KeyPath& key, std::string_view name) const;
 
   std::map<std::int32_t, std::unique_ptr<Key>> roots_;
   mutable std::vector<std::string> reads_;
+  std::vector<std::string> writes_;
+  mutable std::optional<int> reads_left_;
+  std::int32_t write_code_ = kRegistryOk;
 };
 
 }  // namespace imptable

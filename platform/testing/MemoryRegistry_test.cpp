@@ -47,5 +47,28 @@ TEST(MemoryRegistry, RecordsTheReadsOfThePortInOrder) {
   EXPECT_THAT(registry.reads(), ElementsAre());
 }
 
+TEST(MemoryRegistry, RecordsTheWritesOfThePortInOrder) {
+  MemoryRegistry registry;
+  registry.SetText("T", "Dir", "x");
+  registry.Write({kHkeyLocalMachine, "T"}, "Etat", {RegistryType::kNumber, {"\x02\0\0\0", 4}});
+  registry.Write({kHkeyLocalMachine, "T"}, "Dir", {RegistryType::kText, {"y\0", 2}});
+  EXPECT_THAT(registry.writes(), ElementsAre("T|Etat=2", "T|Dir=y"));
+  registry.SetNumber("T", "Etat", 3);
+  EXPECT_THAT(registry.writes(), ElementsAre("T|Etat=2", "T|Dir=y"));
+}
+
+TEST(MemoryRegistry, FailsWhenATestWantsItTo) {
+  MemoryRegistry registry;
+  const KeyPath key{kHkeyLocalMachine, "T"};
+  registry.SetText(key, "Dir", "x");
+  registry.FailReadsFrom(2);
+  EXPECT_NO_THROW(registry.Read(key, "Dir"));
+  EXPECT_THROW(registry.Read(key, "Dir"), RegistryError);
+  EXPECT_THROW(registry.Read(key, "Dir"), RegistryError);
+  registry.FailWrites(kRegistryAccessDenied);
+  EXPECT_EQ(registry.Write(key, "Dir", {RegistryType::kText, "y"}), kRegistryAccessDenied);
+  EXPECT_EQ(registry.Text(key, "Dir"), "x");
+}
+
 }  // namespace
 }  // namespace imptable
