@@ -1,5 +1,7 @@
 #include "import/ParameterBuffer.h"
 
+#include "platform/Utf8.h"
+
 namespace imptable {
 namespace {
 
@@ -11,13 +13,15 @@ constexpr std::size_t kMostContinuationBytes = 3;
 }  // namespace
 
 std::string_view ParameterBuffer::CutToBuffer(std::string_view value, bool utf8) {
-  std::size_t length = kParameterTextBytes;
-  while (utf8 && kParameterTextBytes - length <= kMostContinuationBytes &&
-         IsContinuationByte(value[length])) {
-    --length;
+  std::size_t start = kParameterTextBytes;
+  while (utf8 && kParameterTextBytes - start < kMostContinuationBytes &&
+         IsContinuationByte(value[start])) {
+    --start;
   }
-  const bool within_character = kParameterTextBytes - length <= kMostContinuationBytes;
-  return value.substr(0, within_character ? length : kParameterTextBytes);
+  // Bytes that are no valid UTF-8 are characters of their own: the cut goes between them.
+  const bool splits_character = start + Utf8Length(value.substr(start)) > kParameterTextBytes;
+  return value.substr(
+      0, start < kParameterTextBytes && splits_character ? start : kParameterTextBytes);
 }
 
 }  // namespace imptable
