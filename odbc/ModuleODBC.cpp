@@ -31,18 +31,23 @@ std::string Trimmed(std::string text) {
 
 }  // namespace
 
-OdbcSession::~OdbcSession() {
+OdbcSession::~OdbcSession() { Release(); }
+
+void OdbcSession::Release() noexcept {
   statement.Drop();
   if (connection != SQL_NULL_HDBC) {
     SQLDisconnect(connection);
     SQLFreeConnect(connection);
+    connection = SQL_NULL_HDBC;
   }
   if (environment != SQL_NULL_HENV) SQLFreeEnv(environment);
+  environment = SQL_NULL_HENV;
 }
 
 bool OdbcSession::ConnectDataSource(const std::string& data_source, const std::string& user,
                                     const std::string& password) {
   connected = false;
+  Release();  // a former connection whose report couldn't be written kept its handles
   if (!CheckOdbcReturn(SQLAllocEnv(&environment), module_.MessageText(kMessageAllocEnv))) {
     environment = SQL_NULL_HENV;
     return false;

@@ -69,6 +69,8 @@ class OdbcSession {
   std::string system_decimal_separator = ".";
 
  private:
+  /// Gives back every handle that is still held, in silence.
+  void Release() noexcept;
   void QueryDriverInfo();
   std::string InfoText(SQLUSMALLINT item);
   std::uint16_t InfoLength(SQLUSMALLINT item);
