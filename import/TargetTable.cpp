@@ -2,6 +2,28 @@
 
 namespace imptable {
 
+SQLRETURN BindParameter(SQLHSTMT statement, SQLUSMALLINT number, const TableColumn& column,
+                        ParameterBuffer& buffer) {
+  const auto bind = [&](SQLSMALLINT c_type, SQLULEN size, SQLSMALLINT digits, void* value,
+                        SQLLEN length, SQLLEN* indicator) {
+    return SQLBindParameter(statement, number, SQL_PARAM_INPUT, c_type, column.sql_type, size,
+                            digits, value, length, indicator);
+  };
+  const auto precision = static_cast<SQLULEN>(column.precision);
+  switch (column.sql_type) {
+    case kSqlFloat:
+      return bind(SQL_C_DOUBLE, precision, column.scale, &buffer.number, 0,
+                  &buffer.number_indicator);
+    case kSqlDate:
+      return bind(SQL_C_DATE, 0, 0, &buffer.date, 0, &buffer.date_indicator);
+    case kSqlTimestamp:
+      return bind(SQL_C_TIMESTAMP, 0, 0, &buffer.date, 0, &buffer.date_indicator);
+    default:
+      return bind(SQL_C_CHAR, precision, column.scale, buffer.text.data(), kParameterTextBytes,
+                  &buffer.text_indicator);
+  }
+}
+
 bool TargetTable::Load(bool with_special_columns) {
   Catalogue catalogue(module_, session_);
   columns_.clear();
@@ -14,27 +36,8 @@ bool TargetTable::Load(bool with_special_columns) {
 }
 
 SQLRETURN TargetTable::Bind(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column) {
-  const TableColumn& target = columns_[column];
-  ParameterBuffer& buffer = buffers_[column];
   bound_[column] = true;
-  const auto bind = [&](SQLSMALLINT c_type, SQLULEN size, SQLSMALLINT digits, void* value,
-                        SQLLEN length, SQLLEN* indicator) {
-    return SQLBindParameter(statement, number, SQL_PARAM_INPUT, c_type, target.sql_type, size,
-                            digits, value, length, indicator);
-  };
-  const auto precision = static_cast<SQLULEN>(target.precision);
-  switch (target.sql_type) {
-    case kSqlFloat:
-      return bind(SQL_C_DOUBLE, precision, target.scale, &buffer.number, 0,
-                  &buffer.number_indicator);
-    case kSqlDate:
-      return bind(SQL_C_DATE, 0, 0, &buffer.date, 0, &buffer.date_indicator);
-    case kSqlTimestamp:
-      return bind(SQL_C_TIMESTAMP, 0, 0, &buffer.date, 0, &buffer.date_indicator);
-    default:
-      return bind(SQL_C_CHAR, precision, target.scale, buffer.text.data(), kParameterTextBytes,
-                  &buffer.text_indicator);
-  }
+  return BindParameter(statement, number, columns_[column], buffers_[column]);
 }
 
 RecordParser TargetTable::MakeParser() {

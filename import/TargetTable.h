@@ -11,6 +11,11 @@
 
 namespace imptable {
 
+/// Binds parameter `number` (from 1) of a prepared statement to the field of the buffer that the
+/// column's SQL type uses.
+SQLRETURN BindParameter(SQLHSTMT statement, SQLUSMALLINT number, const TableColumn& column,
+                        ParameterBuffer& buffer);
+
 /// The target table of a run: its columns, a value buffer for each, and which of these a statement
 /// uses.
 class TargetTable {
@@ -25,7 +30,7 @@ class TargetTable {
 
   const std::vector<TableColumn>& columns() const { return columns_; }
 
-  /// Binds parameter `number` (from 1) of a prepared statement to the buffer of a column.
+  /// Binds a parameter to the buffer of the column of this index.
   SQLRETURN Bind(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column);
 
   /// The parser of the run's lines, for the columns bound so far.
