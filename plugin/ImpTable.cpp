@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <limits>
+#include <utility>
 
 #include "plugin/RunDriver.h"
 
@@ -19,6 +20,25 @@ constexpr std::int32_t kTriggerAction = 1;
 constexpr std::int32_t kJumpAction = 3;
 constexpr std::int32_t kUnjumpableWrapper = 100;
 
+/// Puts the current registry location back when it goes.
+class LocationRestorer {
+ public:
+  explicit LocationRestorer(KeyPath& location) : location_(location), saved_(location) {}
+  LocationRestorer(const LocationRestorer&) = delete;
+  LocationRestorer& operator=(const LocationRestorer&) = delete;
+  ~LocationRestorer() { location_ = std::move(saved_); }
+
+ private:
+  KeyPath& location_;
+  KeyPath saved_;
+};
+
+std::int32_t StoredLanguage(ModuleCommun& module) {
+  const LocationRestorer restorer(module.location);
+  module.location = {kHkeyLocalMachine, std::string(kConfigurationPath)};
+  return AsInt32(module.ReadValue("", "Lang", kFrenchOffset), "Lang");
+}
+
 }  // namespace
 
 std::string TasksKeyPath(const std::string& scenario) {
@@ -28,11 +48,7 @@ std::string TasksKeyPath(const std::string& scenario) {
 ImpTable::ImpTable(ModuleState& state, ImpTableEvents* events, TaskDialogFactory* dialogs)
     : state_(state), events_(events), dialogs_(dialogs) {
   ModuleCommun& module = state_.commun;
-  const KeyPath saved = module.location;
-  module.location = {kHkeyLocalMachine, std::string(kConfigurationPath)};
-  const SettingValue language = module.ReadValue("", "Lang", kFrenchOffset);
-  module.location = saved;
-  module.language_offset = AsInt32(language, "Lang");
+  module.language_offset = StoredLanguage(module);
   report_writer_ = module.host.CreateReportWriter();
 }
 

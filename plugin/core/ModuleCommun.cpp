@@ -31,6 +31,16 @@ const HtmlStyle& HtmlStyleOf(ReportKind kind) {
 /// The display shows at most this many lines before it starts afresh.
 constexpr std::int32_t kDisplayLines = 5;
 
+void ShowOnDisplay(HostForm& form, const std::string& line) {
+  if (form.Tag() > kDisplayLines) {
+    form.SetText(line);
+    form.SetTag(1);
+  } else {
+    form.SetText(line + '\n' + form.Text());
+    form.SetTag(form.Tag() + 1);
+  }
+}
+
 constexpr std::string_view kHourglassMode = "P";
 
 std::string_view WithoutTerminators(std::string_view text) {
@@ -154,19 +164,19 @@ bool ModuleCommun::AppendToReport(const std::string& text, ReportKind kind) cons
 }
 
 bool ModuleCommun::ReportLine(const std::string& text, HostDisplay* display, ReportKind kind) {
-  const std::string line = DateTimeText() + ' ' + text;
-  if (!AppendToReport(line, kind)) return false;
-  HostForm* const form = display == nullptr ? nullptr : display->wForm();
-  if (form == nullptr) return true;
-  if (form->Tag() > kDisplayLines) {
-    form->SetText(line);
-    form->SetTag(1);
-  } else {
-    form->SetText(line + '\n' + form->Text());
-    form->SetTag(form->Tag() + 1);
+  bool written = false;
+  try {
+    const std::string line = DateTimeText() + ' ' + text;
+    written = AppendToReport(line, kind);
+    HostForm* const form = written && display != nullptr ? display->wForm() : nullptr;
+    if (form != nullptr) {
+      ShowOnDisplay(*form, line);
+      platform.message_loop.Yield();
+    }
+  } catch (const std::exception&) {
+    // A report or a display that fails is no reason to end the run.
   }
-  platform.message_loop.Yield();
-  return true;
+  return written;
 }
 
 BusyPointer::BusyPointer(const ModuleCommun& module) : module_(module) {

@@ -33,7 +33,7 @@ std::vector<std::string> LoadColumnLayout(const ModuleCommun& module, std::strin
   layout.reserve(static_cast<std::size_t>(count));
   const std::string path = std::string(task) + "\\Colonnes";
   const SettingReader read(module, path);
-  for (std::int16_t n = 1; n <= count; ++n) layout.push_back(read.Text(std::to_string(n)));
+  for (int n = 1; n <= count; ++n) layout.push_back(read.Text(std::to_string(n)));
   return layout;
 }
 
