@@ -51,13 +51,17 @@ void ImportRun::Source(const std::vector<std::string>& lines) {
 }
 
 std::int32_t ImportRun::Go(std::int16_t request) {
+  return GoBy([request](ImpTable& task) { task.Run(request); });
+}
+
+std::int32_t ImportRun::GoBy(const std::function<void(ImpTable&)>& start) {
   source.Script(script_);
   source.ClearLog();
   component.host.lines.clear();
   ImpTable task(component.state, &events);
   task.InitializeProperties("T1", "S1", component.module().language_offset);
   task.SetReportFilePath(folder.path() + "report.txt");
-  task.Run(request);
+  start(task);
   return task.GetStatus();
 }
 

@@ -2,6 +2,7 @@
 #define TESTS_KIT_IMPORT_RUN_H_
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,9 +17,19 @@ namespace imptable {
 /// The events that a run raised, in order.
 class RecordingEvents : public ImpTableEvents {
  public:
-  void Progress() override { raised.emplace_back("Progress"); }
-  void Complete() override { raised.emplace_back("Complete"); }
+  void Progress() override { Raise("Progress"); }
+  void Complete() override { Raise("Complete"); }
+
   std::vector<std::string> raised;
+
+  /// Called within each event with its name.
+  std::function<void(const std::string&)> listener;
+
+ private:
+  void Raise(const std::string& event) {
+    raised.push_back(event);
+    if (listener) listener(event);
+  }
 };
 
 /// A task "T1" of scenario "S1", run through the whole component against the scripted driver.
@@ -49,6 +60,9 @@ class ImportRun {
 
   /// Runs the task. @param request  1, or 2 for a resume. @return its "Etat".
   std::int32_t Go(std::int16_t request = 1);
+
+  /// Lets `start` run the task, as another member of its contract does. @return its "Etat".
+  std::int32_t GoBy(const std::function<void(ImpTable&)>& start);
 
   const RunProgress& progress() { return component.module().run.progress; }
   std::vector<std::string> Report() const { return component.host.Texts(); }
