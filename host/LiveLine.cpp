@@ -27,16 +27,37 @@ std::string DurationText(std::int64_t seconds) {
   return start + ':' + TwoDigits(seconds % 60);
 }
 
-std::string Cut(std::string text, int columns, bool utf8) {
-  if (columns <= 0) return text;
-  std::size_t end = 0;
-  for (int column = 0; column < columns && end < text.size(); ++column) {
-    const std::size_t length = utf8 ? Utf8Length(std::string_view(text).substr(end)) : 1;
-    end += std::max<std::size_t>(length, 1);
-  }
-  text.resize(std::min(end, text.size()));
-  return text;
+std::size_t CharacterLength(std::string_view text, bool utf8) {
+  return utf8 ? std::max<std::size_t>(Utf8Length(text), 1) : 1;
 }
+
+/// A line of a terminal: a part that doesn't fit is left out, a first part that doesn't is cut.
+class FittedLine {
+ public:
+  FittedLine(int columns, bool utf8)
+      : room_(columns > 0 ? static_cast<std::size_t>(columns) : std::string::npos), utf8_(utf8) {}
+
+  void Add(std::string_view part) {
+    std::size_t characters = 0;
+    std::size_t end = 0;
+    for (; end < part.size() && characters < room_; ++characters) {
+      end += CharacterLength(part.substr(end), utf8_);
+    }
+    if (end < part.size() && !line_.empty()) {
+      room_ = 0;
+    } else {
+      line_ += part.substr(0, end);
+      room_ -= characters;
+    }
+  }
+
+  const std::string& line() const { return line_; }
+
+ private:
+  std::size_t room_;  // characters
+  bool utf8_;
+  std::string line_;
+};
 
 }  // namespace
 
@@ -45,20 +66,21 @@ std::string LiveLineText(const RunProgress& progress, double seconds, int column
   const std::int64_t written = progress.inserted + progress.modified + progress.deleted;
   const std::int64_t rate =
       seconds > 0 ? std::llround(static_cast<double>(progress.read) / seconds) : 0;
-  std::string line =
-      texts.Text(HostText::kLiveLine, {texts.Number(progress.read), texts.Number(written),
-                                       texts.Number(progress.errors), texts.Number(rate)});
+  FittedLine line(columns, texts.encoding().IsUtf8());
+  line.Add(texts.Text(HostText::kLiveLines, {texts.Number(progress.read), texts.Number(written),
+                                             texts.Number(progress.errors)}));
+  line.Add(texts.Text(HostText::kLiveRate, {texts.Number(rate)}));
   if (progress.bytes_in_file > 0) {
     const double share = std::min(1.0, static_cast<double>(progress.bytes_read) /
                                            static_cast<double>(progress.bytes_in_file));
     const auto percent = static_cast<std::int64_t>(std::floor(share * 100));
-    line += texts.Text(HostText::kLiveShare, {std::to_string(percent)});
+    line.Add(texts.Text(HostText::kLiveShare, {std::to_string(percent)}));
     const double left = share > 0 ? seconds / share - seconds : 0;
     if (share > 0 && seconds > 0 && left <= static_cast<double>(kMostSeconds)) {
-      line += texts.Text(HostText::kLiveTimeLeft, {DurationText(std::llround(left))});
+      line.Add(texts.Text(HostText::kLiveTimeLeft, {DurationText(std::llround(left))}));
     }
   }
-  return Cut(std::move(line), columns, texts.encoding().IsUtf8());
+  return line.line();
 }
 
 void LiveLine::Draw(const RunProgress& progress, double seconds) {

@@ -13,7 +13,7 @@ namespace imptable {
 /// How far a run has come, in one line: lines read, written and rejected, lines per second, share
 /// of the file and time left as far as they are known.
 /// @param seconds  since the first line was read.
-/// @param columns  where the line is cut; 0 for no limit.
+/// @param columns  what has to fit, the later parts are left out; 0 for no limit.
 std::string LiveLineText(const RunProgress& progress, double seconds, int columns,
                          const HostTexts& texts);
 
