@@ -167,7 +167,8 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
   for (const std::string& assignment : line.request.assignments) {
     if (line.error) break;
     if (std::find(arguments.begin(), arguments.end(), assignment) == arguments.end()) {
-      line.error = HostError(ExitCode::kUsage, HostText::kUnknownSetting, {assignment});
+      line.error = HostError(ExitCode::kUsage, HostText::kUnknownSetting,
+                             {assignment.substr(0, assignment.find('='))});
     }
   }
   if (line.error) line.outcome = CommandLine::Outcome::kError;
