@@ -1,0 +1,116 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "host/testing/HostSession.h"
+
+namespace imptable {
+namespace {
+
+using testing::HasSubstr;
+using testing::MatchesRegex;
+
+constexpr char kExport[] =
+    "REGEDIT4\r\n\r\n"
+    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\KALDO\\Scenarios\\S\\Taches\\T]\r\n"
+    "\"Base Cible\"=\"db\"\r\n"
+    "\"Mode\"=dword:00000003\r\n";
+
+class RegistryFileCommands : public testing::Test {
+ protected:
+  std::string Path(const std::string& name) const { return session.folder.path() + name; }
+
+  HostSession session;
+};
+
+TEST_F(RegistryFileCommands, ImportATaskThatCanThenBeShown) {
+  const auto result = session.Run({"reg", "import", session.folder.Write("t.reg", kExport)});
+  EXPECT_EQ(result.code, 0) << result.err;
+  EXPECT_EQ(result.out, "");
+  EXPECT_EQ(session.Run({"get", "S", "T"}).out, "Base Cible=db\nMode=3\n");
+}
+
+TEST_F(RegistryFileCommands, ImportFromStandardInput) {
+  EXPECT_EQ(session.Run({"reg", "import", "-"}, kExport).code, 0);
+  EXPECT_EQ(session.Run({"get", "S", "T", "Mode"}).out, "3\n");
+}
+
+TEST_F(RegistryFileCommands, ImportNothingOfAFaultyFileAndNameItsLine) {
+  const std::string path =
+      session.folder.Write("t.reg", std::string(kExport) + "\"Null\"=dword:xyz\r\n");
+  const auto result = session.Run({"reg", "import", path});
+  EXPECT_EQ(result.code, 2);
+  EXPECT_THAT(result.err, MatchesRegex("imptable: [^\n]+\n"));
+  EXPECT_THAT(result.err, HasSubstr(path + ", line 6: "));
+  EXPECT_EQ(session.Run({"list"}).out, "");
+}
+
+TEST_F(RegistryFileCommands, ImportNoFileThatIsMissingOrADirectory) {
+  const auto missing = session.Run({"reg", "import", Path("none.reg")});
+  EXPECT_EQ(missing.code, 3);
+  EXPECT_THAT(missing.err, HasSubstr(Path("none.reg")));
+  EXPECT_EQ(session.Run({"reg", "import", session.folder.path()}).code, 3);
+}
+
+TEST_F(RegistryFileCommands, ExportWhatAnImportTakesAgain) {
+  session.Run({"reg", "import", "-"}, kExport);
+  const auto result =
+      session.Run({"reg", "export", Path("out.reg"), "HKLM\\SOFTWARE\\KALDO\\Scenarios\\s"});
+  EXPECT_EQ(result.code, 0) << result.err;
+  EXPECT_EQ(result.out, "");
+  EXPECT_THAT(session.folder.Read("out.reg"), testing::StartsWith("\xFF\xFEW"));
+  session.Run({"delete", "S", "T"});
+  EXPECT_EQ(session.Run({"reg", "import", Path("out.reg")}).code, 0);
+  EXPECT_EQ(session.Run({"get", "S", "T"}).out, "Base Cible=db\nMode=3\n");
+}
+
+TEST_F(RegistryFileCommands, ExportTheWholeRegistryToStandardOutput) {
+  session.Run({"reg", "import", "-"}, kExport);
+  const auto whole = session.Run({"reg", "export", "-"});
+  EXPECT_EQ(whole.code, 0);
+  HostSession other;
+  EXPECT_EQ(other.Run({"reg", "import", "-"}, whole.out).code, 0);
+  EXPECT_EQ(other.Run({"get", "S", "T", "Mode"}).out, "3\n");
+}
+
+TEST_F(RegistryFileCommands, ExportNoKeyThatIsMissingAndKeepTheOldFile) {
+  session.folder.Write("out.reg", "old");
+  const auto missing = session.Run({"reg", "export", Path("out.reg"), "HKLM\\SOFTWARE\\None"});
+  EXPECT_EQ(missing.code, 3);
+  EXPECT_THAT(missing.err, HasSubstr("HKLM\\SOFTWARE\\None"));
+  EXPECT_EQ(session.folder.Read("out.reg"), "old");
+}
+
+TEST_F(RegistryFileCommands, ExportNoKeyOfARootThatThereIsNot) {
+  const auto unknown = session.Run({"reg", "export", Path("out.reg"), "HKCR\\x"});
+  EXPECT_EQ(unknown.code, 2);
+  EXPECT_THAT(unknown.err, HasSubstr("HKCR\\x"));
+}
+
+TEST_F(RegistryFileCommands, ExportToNoFileThatCannotBeWritten) {
+  const auto result = session.Run({"reg", "export", Path("none/out.reg")});
+  EXPECT_EQ(result.code, 4);
+  EXPECT_THAT(result.err, MatchesRegex("imptable: [^\n]+\n"));
+  EXPECT_THAT(result.err, HasSubstr(Path("none/out.reg")));
+}
+
+TEST_F(RegistryFileCommands, LeaveNothingBesideAnExport) {
+  session.Run({"list"});
+  session.Run({"reg", "export", Path("out.reg")});
+  for (const auto& entry : std::filesystem::directory_iterator(session.folder.path())) {
+    EXPECT_THAT(entry.path().filename().string(), MatchesRegex("registry.db.*|out.reg"));
+  }
+}
+
+TEST(StandardOutput, ThatCannotBeWrittenIsCode4) {
+  HostSession session;
+  session.Run({"variable", "S", "V=1"});
+  std::ostream closed(nullptr);
+  std::ostringstream err;
+  EXPECT_EQ(RunHost({"--registry", session.registry(), "--lang", "en", "list"}, closed, err), 4);
+  EXPECT_THAT(err.str(), HasSubstr("standard output couldn't be written"));
+}
+
+}  // namespace
+}  // namespace imptable
