@@ -1,8 +1,6 @@
 #include "odbc/Catalogue.h"
 
 #include <algorithm>
-#include <array>
-#include <initializer_list>
 
 namespace imptable {
 namespace {
@@ -43,7 +41,7 @@ class Query {
 
   bool Ran(SQLRETURN code) { return Succeeded(code) || Fail(); }
 
-  /// @param codes  one binding's result each, evaluated in order by the caller.
+  /// @param code  of one binding.
   bool Bound(SQLRETURN code) { return code == SQL_SUCCESS || Fail(); }
 
   SQLRETURN BindShort(SQLUSMALLINT column, SQLSMALLINT& target) {
@@ -91,6 +89,7 @@ SQLSMALLINT Length(const std::string& text) { return static_cast<SQLSMALLINT>(te
 }  // namespace
 
 bool Catalogue::GetTableColumns(std::vector<TableColumn>& columns) {
+  columns.clear();
   Query query(session_);
   if (!query.allocated()) return false;
   std::string table = module_.run.table;
@@ -175,6 +174,7 @@ bool Catalogue::GetSpecialColumns(std::vector<TableColumn>& columns, bool& found
 }
 
 bool Catalogue::GetPrimaryKeyColumns(std::vector<KeyColumn>& key) {
+  key.clear();
   Query query(session_);
   if (!query.allocated()) return false;
   const OwnerArgument owner(module_.run.owner);
@@ -197,6 +197,7 @@ bool Catalogue::GetPrimaryKeyColumns(std::vector<KeyColumn>& key) {
 }
 
 bool Catalogue::GetUniqueIndexColumns(std::vector<KeyColumn>& key) {
+  key.clear();
   Query query(session_);
   if (!query.allocated()) return false;
   const OwnerArgument owner(module_.run.owner);
