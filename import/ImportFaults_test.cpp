@@ -1,0 +1,218 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+
+#include "tests/kit/ImportRun.h"
+
+namespace imptable {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+const std::error_code kDiskFull = std::make_error_code(std::errc::no_space_on_device);
+
+/// The report's error lines, in order.
+std::vector<std::string> FaultLines(const ImportRun& run) {
+  std::vector<std::string> texts;
+  for (const WrittenLine& line : run.component.host.lines) {
+    if (line.kind == ReportKind::kError) texts.push_back(line.text);
+  }
+  return texts;
+}
+
+/// What every fault inside the mode has in common: one line about it, the flags, the closing
+/// lines, and nothing left open.
+void ExpectFault(ImportRun& run, const std::string& text) {
+  EXPECT_THAT(FaultLines(run), ElementsAre(" -->   Erreur lors du traitement - N° " + text));
+  EXPECT_TRUE(run.component.session().error_reported);
+  EXPECT_TRUE(run.component.module().run.pre_deletion_failed);
+  EXPECT_FALSE(run.component.session().statement);
+  EXPECT_EQ(run.component.session().error_file, nullptr);
+  const std::string read = " ----->    " + std::to_string(run.progress().read) + " enreg(s) lu(s)";
+  EXPECT_THAT(run.Report(), testing::Contains(read));
+  EXPECT_EQ(run.Report().back(), " --------------- PROCEDURE TERMINEE ---------------");
+}
+
+std::size_t Closes(const ImportRun& run) {
+  const auto& log = run.component.files.log();
+  return static_cast<std::size_t>(std::count_if(
+      log.begin(), log.end(), [](const std::string& line) { return line.starts_with("close "); }));
+}
+
+TEST(ImportFaults, TellThatTheSourceCannotBeRead) {
+  ImportRun run;
+  run.Source({"1;a"});
+  run.component.files.Fail(FileOperation::kOpenRead, 1,
+                           std::make_error_code(std::errc::permission_denied));
+  EXPECT_EQ(run.Go(), 3);
+  ExpectFault(run, "70 ,Permission refusée : " + run.folder.path() + "CLIENTS.CSV");
+  EXPECT_THAT(run.Executed(), IsEmpty());
+  EXPECT_THAT(run.source.LogLines("SQLColumns"), IsEmpty());
+  EXPECT_THAT(run.Report(),
+              testing::Contains("  -->   Traitement OK : 0 Enregistrement(s) copié(s)"));
+}
+
+TEST(ImportFaults, TellThatADirectoryIsInThePlaceOfTheSource) {
+  ImportRun run;
+  std::filesystem::create_directory(run.folder.path() + "CLIENTS.CSV");
+  EXPECT_EQ(run.Go(), 3);
+  ExpectFault(run,
+              "75 ,Erreur d'accès au chemin ou au fichier : " + run.folder.path() + "CLIENTS.CSV");
+}
+
+TEST(ImportFaults, TellThatTheSourceFailsInItsMiddle) {
+  ImportRun run;
+  std::vector<std::string> lines(20'000, "1;" + std::string(20, 'a'));
+  run.Source(lines);
+  run.component.files.Fail(FileOperation::kRead, 2, std::make_error_code(std::errc::io_error));
+  EXPECT_EQ(run.Go(), 3);
+  ExpectFault(run,
+              "57 ,Erreur d'entrée/sortie du périphérique : " + run.folder.path() + "CLIENTS.CSV");
+  const std::size_t whole = (std::size_t{256} << 10U) / (lines[0].size() + 1);
+  EXPECT_EQ(run.progress().inserted, static_cast<std::int64_t>(whole));
+  EXPECT_THAT(run.Trace(), SizeIs(whole)) << "what was done before is on record";
+  EXPECT_EQ(Closes(run), 3U);
+}
+
+TEST(ImportFaults, TellWhichSideFileCannotBeOpened) {
+  const std::array<const char*, 3> names{"CLIENTS.ERR", "CLIENTS.LER", "CLIENTS.TRC"};
+  for (std::size_t n = 0; n < names.size(); ++n) {
+    ImportRun run;
+    run.Source({"1;a"});
+    run.component.files.Fail(FileOperation::kOpenWrite, static_cast<int>(n) + 1, kDiskFull);
+    EXPECT_EQ(run.Go(), 3);
+    ExpectFault(run, "61 ,Disque plein : " + run.folder.path() + names[n]);
+    EXPECT_THAT(run.Executed(), IsEmpty());
+    EXPECT_EQ(Closes(run), n) << "those opened before are closed";
+  }
+}
+
+TEST(ImportFaults, TellThatTheDiskIsFullAtEachWriteOfEachSideFile) {
+  // The writes: trace of line 1; diagnostic, line and trace of line 2 (not parsed); diagnostic,
+  // line and trace of line 3 (refused); trace of line 4.
+  struct Case {
+    int write;
+    const char* file;
+    std::int64_t read;
+    std::int64_t inserted;
+    std::int64_t errors;
+    std::size_t traced;
+  };
+  for (const Case& each : {Case{1, "CLIENTS.TRC", 1, 0, 0, 0},
+                           {2, "CLIENTS.ERR", 2, 1, 0, 1},
+                           {3, "CLIENTS.LER", 2, 1, 1, 1},
+                           {4, "CLIENTS.TRC", 2, 1, 1, 1},
+                           {5, "CLIENTS.ERR", 3, 1, 1, 2},
+                           {6, "CLIENTS.LER", 3, 1, 2, 2},
+                           {7, "CLIENTS.TRC", 3, 1, 2, 2},
+                           {8, "CLIENTS.TRC", 4, 1, 2, 3}}) {
+    SCOPED_TRACE(each.write);
+    ImportRun run;
+    run.Source({"1;a", "2;b;x", "3;c", "4;d", "5;e"});
+    run.Driver("on SQLExecute 2 return -1 diag 23000 1 \"refused\"");
+    run.component.files.FailFrom(FileOperation::kWrite, each.write, kDiskFull);
+    EXPECT_EQ(run.Go(), 3);
+    ExpectFault(run, "61 ,Disque plein : " + run.folder.path() + each.file);
+    EXPECT_EQ(run.progress().read, each.read);
+    EXPECT_EQ(run.progress().inserted, each.inserted);
+    EXPECT_EQ(run.progress().errors, each.errors);
+    EXPECT_THAT(run.Trace(), SizeIs(each.traced));
+    EXPECT_EQ(Closes(run), 3U);
+  }
+}
+
+TEST(ImportFaults, LeaveFilesThatAResumeGoesOnFrom) {
+  // The diagnostic, the line and the trace of line 2: without the trace the line counts as not
+  // done.
+  for (const int write : {4, 5, 6}) {
+    SCOPED_TRACE(write);
+    ImportRun run;
+    run.Source({"1;a;x", "2;b;x", "3;c"});
+    run.component.files.Fail(FileOperation::kWrite, write, kDiskFull);
+    EXPECT_EQ(run.Go(), 3);
+    EXPECT_THAT(run.Trace(), ElementsAre("00000001100000001"));
+    const std::string rejected = run.folder.Read("CLIENTS.LER");
+    EXPECT_EQ(rejected, write == 6 ? "1;a;x\n2;b;x\n" : "1;a;x\n");
+    run.folder.Write("CLIENTS.LER", "1;mended\n" + rejected.substr(rejected.find('\n') + 1));
+    run.Source({"1;a;x", "2;b", "3;c"});
+    EXPECT_EQ(run.Go(2), 2);
+    EXPECT_THAT(run.Executed(), ElementsAre("1='1' 2='mended'", "1='2' 2='b'", "1='3' 2='c'"));
+  }
+}
+
+TEST(ImportFaults, TellWhichSideFileCannotBeClosed) {
+  const std::array<const char*, 3> names{"CLIENTS.ERR", "CLIENTS.LER", "CLIENTS.TRC"};
+  for (std::size_t n = 0; n < names.size(); ++n) {
+    ImportRun run;
+    run.Source({"1;a"});
+    run.component.files.Fail(FileOperation::kClose, static_cast<int>(n) + 1, kDiskFull);
+    EXPECT_EQ(run.Go(), 3) << names[n];
+    ExpectFault(run, "61 ,Disque plein : " + run.folder.path() + names[n]);
+    EXPECT_EQ(Closes(run), 3U) << "the others are closed all the same";
+  }
+}
+
+TEST(ImportFaults, TellOfTheFirstOfSeveralFilesThatCannotBeClosed) {
+  ImportRun run;
+  run.Source({"1;a"});
+  run.component.files.FailFrom(FileOperation::kClose, 1, kDiskFull);
+  EXPECT_EQ(run.Go(), 3);
+  ExpectFault(run, "61 ,Disque plein : " + run.folder.path() + "CLIENTS.ERR");
+}
+
+TEST(ImportFaults, TellThatTheCopiesOfAResumeCannotBeWrittenAndKeepTheOriginals) {
+  struct Case {
+    FileOperation operation;
+    int nth;
+    const char* file;
+  };
+  for (const Case& each : {Case{FileOperation::kOpenRead, 2, "CLIENTS.LER"},
+                           {FileOperation::kOpenWrite, 2, "CLIENTS.LEB"},
+                           {FileOperation::kWrite, 1, "CLIENTS.LEB"},
+                           {FileOperation::kClose, 1, "CLIENTS.LEB"},
+                           {FileOperation::kOpenRead, 3, "CLIENTS.TRC"},
+                           {FileOperation::kOpenWrite, 3, "CLIENTS.TRB"},
+                           {FileOperation::kWrite, 2, "CLIENTS.TRB"},
+                           {FileOperation::kClose, 2, "CLIENTS.TRB"}}) {
+    SCOPED_TRACE(std::string(each.file) + " " + std::to_string(each.nth));
+    ImportRun run;
+    run.Source({"1;a", "2;b"});
+    run.folder.Write("CLIENTS.TRC", "00000001000000000\n00000002100000001\n");
+    run.folder.Write("CLIENTS.LER", "2;mended\n");
+    run.component.files.Fail(each.operation, each.nth, kDiskFull);
+    EXPECT_EQ(run.Go(2), 3);
+    ExpectFault(run, "61 ,Disque plein : " + run.folder.path() + each.file);
+    EXPECT_THAT(run.Executed(), IsEmpty());
+    EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002100000001"));
+    EXPECT_THAT(run.Rejected(), ElementsAre("2;mended"));
+  }
+}
+
+TEST(ImportFaults, DoNotIncludeOldCopiesThatCannotBeDeleted) {
+  ImportRun run;
+  run.Source({"1;a", "2;b"});
+  run.folder.Write("CLIENTS.TRC", "00000001000000000\n00000002100000001\n");
+  run.folder.Write("CLIENTS.LER", "2;mended\n");
+  run.component.files.FailFrom(FileOperation::kRemove, 1,
+                               std::make_error_code(std::errc::permission_denied));
+  EXPECT_EQ(run.Go(2), 2);
+  EXPECT_THAT(run.Executed(), ElementsAre("1='2' 2='mended'"));
+}
+
+TEST(ImportFaults, SayInEnglishWhatFailed) {
+  ImportRun run;
+  run.component.registry.SetNumber("SOFTWARE\\KALDO\\Configuration", "Lang", kEnglishOffset);
+  run.Source({"1;a"});
+  run.component.files.FailFrom(FileOperation::kWrite, 1, kDiskFull);
+  EXPECT_EQ(run.Go(), 3);
+  EXPECT_THAT(FaultLines(run), ElementsAre(" -->   Error during processing - N° 61 ,Disk full : " +
+                                           run.folder.path() + "CLIENTS.TRC"));
+}
+
+}  // namespace
+}  // namespace imptable
