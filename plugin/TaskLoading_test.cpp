@@ -1,0 +1,154 @@
+#include "plugin/TaskLoading.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/kit/TestComponent.h"
+
+namespace imptable {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class TaskLoading : public testing::Test {
+ protected:
+  TaskLoading() {
+    component_.module().location = {kHkeyLocalMachine, "Tasks"};
+    run().scenario = "S1";
+    run().task = "T1";
+  }
+
+  void Set(std::string_view name, std::string_view text) {
+    component_.registry.SetText("Tasks\\T1", name, text);
+  }
+  void Set(std::string_view name, std::int32_t number) {
+    component_.registry.SetNumber("Tasks\\T1", name, number);
+  }
+  RunState& Load() {
+    LoadTaskIntoRun(component_.module());
+    return run();
+  }
+  RunState& run() { return component_.module().run; }
+
+  TestComponent component_;
+};
+
+TEST_F(TaskLoading, LooksUpVariablesInItsOrder) {
+  for (const char* name : {"Base Cible", "Login", "Password", "Owner", "Table", "Alias", "Comment",
+                           "Dir", "Cle/Index", "CodErr"}) {
+    Set(name, std::string("@") + name);
+    component_.host.variables[name] = std::string("value of ") + name;
+  }
+  const RunState& loaded = Load();
+  EXPECT_THAT(component_.host.looked_up,
+              ElementsAre("S1|Tasks|Base Cible", "S1|Tasks|Login", "S1|Tasks|Table",
+                          "S1|Tasks|Password", "S1|Tasks|Owner", "S1|Tasks|Alias", "S1|Tasks|Dir",
+                          "S1|Tasks|CodErr", "S1|Tasks|Cle/Index"));
+  EXPECT_EQ(loaded.data_source, "value of Base Cible");
+  EXPECT_EQ(loaded.login, "value of Login");
+  EXPECT_EQ(loaded.password, "value of Password");
+  EXPECT_EQ(loaded.owner, "value of Owner");
+  EXPECT_EQ(loaded.table, "value of Table");
+  EXPECT_EQ(loaded.alias, "value of Alias");
+  EXPECT_EQ(loaded.directory, "value of Dir/");
+  EXPECT_EQ(loaded.key_or_index, "value of Cle/Index");
+  EXPECT_EQ(loaded.error_code, "value of CodErr");
+}
+
+TEST_F(TaskLoading, LooksUpNothingElse) {
+  for (const char* name : {"Comment", "DelimiteurFile"}) Set(name, "@A");
+  Set("Table", " @A");
+  Set("Owner", "A@");
+  EXPECT_EQ(Load().delimiter, "@A");
+  EXPECT_EQ(run().table, " @A");
+  EXPECT_EQ(run().owner, "A@");
+  EXPECT_THAT(component_.host.looked_up, IsEmpty());
+}
+
+TEST_F(TaskLoading, TakesTheErrorLimitForNoReference) {
+  Set("Erreurs", "@A");
+  EXPECT_THROW(Load(), RuntimeFault);
+  EXPECT_THAT(component_.host.looked_up, IsEmpty());
+}
+
+TEST_F(TaskLoading, GivesAnEmptyTextForAVariableThatDoesNotExist) {
+  Set("Table", "@NONE");
+  EXPECT_EQ(Load().table, "");
+  EXPECT_THAT(component_.host.looked_up, ElementsAre("S1|Tasks|NONE"));
+}
+
+TEST_F(TaskLoading, LooksUpAReferenceOnce) {
+  Set("Table", "@A");
+  component_.host.variables = {{"A", "@B"}, {"B", "x"}};
+  EXPECT_EQ(Load().table, "@B");
+}
+
+TEST_F(TaskLoading, KeepsTheNameOfAVariableAsItIs) {
+  Set("Table", "@ a b@ ");
+  Set("Owner", "@");
+  Load();
+  EXPECT_THAT(component_.host.looked_up, ElementsAre("S1|Tasks| a b@ ", "S1|Tasks|"));
+}
+
+TEST_F(TaskLoading, EndsTheDirectoryWithASeparator) {
+  struct Directory {
+    std::string_view stored, used;
+  };
+  constexpr Directory kDirectories[] = {
+      {"/data", "/data/"}, {"/data/", "/data/"},  {"C:\\data\\", "C:\\data\\"}, {"/", "/"},
+      {"", "/"},           {"/data ", "/data /"},
+  };
+  for (const Directory& directory : kDirectories) {
+    Set("Dir", directory.stored);
+    EXPECT_EQ(Load().directory, directory.used);
+  }
+}
+
+TEST_F(TaskLoading, EndsTheDirectoryThatAVariableNamesToo) {
+  Set("Dir", "@D");
+  component_.host.variables["D"] = "/data";
+  EXPECT_EQ(Load().directory, "/data/");
+}
+
+TEST_F(TaskLoading, MakesTheErrorLimitANumberOf32Bits) {
+  EXPECT_EQ(Load().error_limit, 100);
+  Set("Erreurs", "70000");
+  EXPECT_EQ(Load().error_limit, 70000);
+  Set("Erreurs", " -1 ");
+  EXPECT_EQ(Load().error_limit, -1);
+  for (const char* text : {"none", "2147483648"}) {
+    Set("Erreurs", text);
+    EXPECT_THROW(Load(), RuntimeFault) << text;
+  }
+}
+
+TEST_F(TaskLoading, CopiesEverySettingToItsPlace) {
+  std::int32_t number = 10;
+  for (const char* name : {"Mode", "Suppression", "RecErreurs", "SiVide", "SepDec", "Null", "Param",
+                           "UseAlias", "FormatFile", "PrimKey", "DupKey"}) {
+    Set(name, ++number);
+  }
+  Set("Alias", "CLIENTS  ");
+  Set("DelimiteurFile", "|");
+  Set("NombreColonnes", 2);
+  component_.registry.SetText("Tasks\\T1\\Colonnes", "2", "second");
+  const RunState& loaded = Load();
+  EXPECT_EQ(loaded.mode, 11);
+  EXPECT_EQ(loaded.deletion_mode, 12);
+  EXPECT_EQ(loaded.resume_option, 13);
+  EXPECT_EQ(loaded.empty_file_policy, 14);
+  EXPECT_EQ(loaded.separator_option, 15);
+  EXPECT_EQ(loaded.null_option, 16);
+  EXPECT_EQ(loaded.parameter_option, 17);
+  EXPECT_EQ(loaded.full_file_name, 18);
+  EXPECT_EQ(loaded.delimited, 19);
+  EXPECT_EQ(loaded.primary_key, 20);
+  EXPECT_EQ(loaded.duplicate_key, 21);
+  EXPECT_EQ(loaded.alias, "CLIENTS  ");
+  EXPECT_EQ(loaded.delimiter, "|");
+  EXPECT_THAT(loaded.column_layout, ElementsAre("", "second"));
+}
+
+}  // namespace
+}  // namespace imptable
