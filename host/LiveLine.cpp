@@ -12,7 +12,7 @@ namespace imptable {
 namespace {
 
 constexpr std::string_view kEraseLine = "\r\x1b[K";
-constexpr std::int64_t kMostSeconds = 99 * 3600;  // beyond that a forecast says nothing
+constexpr std::int64_t kMostSeconds = 99LL * 3600;  // beyond that a forecast says nothing
 
 std::string TwoDigits(std::int64_t number) {
   return (number < 10 ? "0" : "") + std::to_string(number);

@@ -1,10 +1,10 @@
 #include "host/RegistryLocation.h"
 
 #include <langinfo.h>
-#include <locale.h>
 #include <pwd.h>
 #include <unistd.h>
 
+#include <clocale>
 #include <cstdlib>
 
 #include "host/HostError.h"
@@ -30,7 +30,7 @@ std::string RegistryFilePath(const RegistryLocationSources& sources) {
     return sources.environment(name).value_or(std::string());
   };
   if (sources.option) return *sources.option;
-  if (const std::string path = variable("IMPTABLE_REGISTRY"); !path.empty()) return path;
+  if (std::string path = variable("IMPTABLE_REGISTRY"); !path.empty()) return path;
   const std::string data = variable("XDG_DATA_HOME");
   if (data.starts_with('/')) return data + "/imptable/registry.db";  // a relative one is invalid
   std::string home = variable("HOME");

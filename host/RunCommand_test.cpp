@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <signal.h>
 
+#include <csignal>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 

@@ -1,10 +1,9 @@
 #ifndef HOST_STOP_SIGNALS_H_
 #define HOST_STOP_SIGNALS_H_
 
-#include <signal.h>
-
 #include <array>
 #include <atomic>
+#include <csignal>
 #include <cstddef>
 
 namespace imptable {
