@@ -128,6 +128,7 @@ bool Catalogue::GetTableColumns(std::vector<TableColumn>& columns) {
 }
 
 bool Catalogue::GetColumnTypes(std::vector<TableColumn>& columns) {
+  columns.clear();
   Query query(session_);
   if (!query.allocated()) return false;
   const OwnerArgument owner(module_.run.owner);

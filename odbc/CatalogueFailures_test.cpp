@@ -10,19 +10,18 @@
 namespace imptable {
 namespace {
 
-using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 using testing::SizeIs;
 
 /// What a query put into its list, as texts.
 using Rows = std::vector<std::string>;
 
+template <bool (Catalogue::*Query)(std::vector<TableColumn>&)>
 Rows TableColumnNames(Catalogue catalogue, bool& complete) {
-  std::vector<TableColumn> columns;
-  complete = catalogue.GetTableColumns(columns);
+  std::vector<TableColumn> columns(3);  // replaced by what the query finds
+  complete = (catalogue.*Query)(columns);
   Rows rows;
   for (const TableColumn& column : columns) rows.push_back(column.name);
   return rows;
@@ -44,7 +43,7 @@ Rows VersionColumnNames(Catalogue catalogue, bool& complete) {
 
 template <bool (Catalogue::*Query)(std::vector<KeyColumn>&)>
 Rows KeyColumnNames(Catalogue catalogue, bool& complete) {
-  std::vector<KeyColumn> columns;
+  std::vector<KeyColumn> columns(3);  // replaced by what the query finds
   complete = (catalogue.*Query)(columns);
   Rows rows;
   for (const KeyColumn& column : columns) rows.push_back(column.column_name);
@@ -52,6 +51,7 @@ Rows KeyColumnNames(Catalogue catalogue, bool& complete) {
 }
 
 struct QueryCase {
+  const char* name;
   const char* call;
   const char* function_number;
   std::vector<int> bound;  // result columns in the order of their binding
@@ -60,10 +60,23 @@ struct QueryCase {
 
 const std::vector<QueryCase>& Queries() {
   static const std::vector<QueryCase> queries{
-      {"SQLColumns", "40", {4, 5, 6, 7, 9, 11}, &TableColumnNames},
-      {"SQLSpecialColumns", "52", {2}, &VersionColumnNames},
-      {"SQLPrimaryKeys", "65", {4, 5, 6}, &KeyColumnNames<&Catalogue::GetPrimaryKeyColumns>},
-      {"SQLStatistics", "53", {9, 8, 6, 7}, &KeyColumnNames<&Catalogue::GetUniqueIndexColumns>},
+      {"TableColumns",
+       "SQLColumns",
+       "40",
+       {4, 5, 6, 7, 9, 11},
+       &TableColumnNames<&Catalogue::GetTableColumns>},
+      {"ColumnTypes", "SQLColumns", "40", {4, 5}, &TableColumnNames<&Catalogue::GetColumnTypes>},
+      {"SpecialColumns", "SQLSpecialColumns", "52", {2}, &VersionColumnNames},
+      {"PrimaryKey",
+       "SQLPrimaryKeys",
+       "65",
+       {4, 5, 6},
+       &KeyColumnNames<&Catalogue::GetPrimaryKeyColumns>},
+      {"UniqueIndexes",
+       "SQLStatistics",
+       "53",
+       {9, 8, 6, 7},
+       &KeyColumnNames<&Catalogue::GetUniqueIndexColumns>},
   };
   return queries;
 }
@@ -205,9 +218,9 @@ TEST_P(CatalogueQuery, ReportsToTheReportDuringARun) {
   EXPECT_THAT(session.Boxes(), IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, CatalogueQuery, testing::Range<std::size_t>(0, 4),
+INSTANTIATE_TEST_SUITE_P(Each, CatalogueQuery, testing::Range<std::size_t>(0, Queries().size()),
                          [](const auto& instance) {
-                           return std::string(Queries().at(instance.param).call);
+                           return std::string(Queries().at(instance.param).name);
                          });
 
 }  // namespace
