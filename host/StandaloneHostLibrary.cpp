@@ -1,5 +1,6 @@
 #include "host/StandaloneHostLibrary.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <string_view>
@@ -7,12 +8,16 @@
 #include "host/HostTexts.h"
 #include "host/ScenarioKeys.h"
 #include "host/StoredValue.h"
+#include "platform/NameFolding.h"
 #include "plugin/ImpTable.h"
 
 namespace imptable {
 namespace {
 
 constexpr std::int32_t kMessageTitle = 175;
+
+// By their type numbers: never reorder.
+constexpr std::array<std::string_view, 4> kActionKeys{"OnErr", "OnDec", "ExeIf", "Goto"};
 
 void RequireOwnType(std::int16_t type) {
   if (type != kWrapperType) {
@@ -61,6 +66,26 @@ std::string StandaloneHostLibrary::Variable(const KeyPath& /*tasks*/, const std:
     throw RuntimeFault(FaultNumber::kDeviceError, error.what());
   }
   return {};
+}
+
+std::vector<ActionEntry> StandaloneHostLibrary::ActionEntries(const KeyPath& tasks,
+                                                              const std::string& task) {
+  ModuleCommun& module = Module();
+  module.location = tasks;
+  const std::string actions = task + "\\Action";
+  const std::vector<std::string> stored = module.SubkeyNames(actions);
+  std::vector<ActionEntry> entries;
+  for (std::size_t type = 0; type < kActionKeys.size(); ++type) {
+    const std::string folded = FoldName(kActionKeys[type]);
+    if (std::none_of(stored.begin(), stored.end(),
+                     [&](const std::string& key) { return FoldName(key) == folded; })) {
+      continue;
+    }
+    const std::string key = actions + '\\' + std::string(kActionKeys[type]);
+    entries.push_back({static_cast<ActionType>(type), AsText(module.ReadValue(key, "Variable")),
+                       AsText(module.ReadValue(key, "Valeur"))});
+  }
+  return entries;
 }
 
 std::string StandaloneHostLibrary::TitleOfWrapperType(std::int16_t type) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "plugin/core/HostLibrary.h"
 #include "plugin/core/ModuleCommun.h"
@@ -24,6 +25,10 @@ class StandaloneHostLibrary : public HostLibrary {
   std::unique_ptr<ReportWriter> CreateReportWriter() override;
   std::string Variable(const KeyPath& tasks, const std::string& scenario,
                        const std::string& name) override;
+
+  /// Entries are the keys "OnErr", "OnDec", "ExeIf" and "Goto" below the task's key "Action", in
+  /// this order; their assignment is in their values "Variable" and "Valeur".
+  std::vector<ActionEntry> ActionEntries(const KeyPath& tasks, const std::string& task) override;
   std::string TitleOfWrapperType(std::int16_t type) override;
   std::string SummaryOfWrapperType(std::int16_t type) override;
 

@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "plugin/RunDriver.h"
+#include "plugin/ScenarioActions.h"
+#include "plugin/TaskDescription.h"
 
 namespace imptable {
 namespace {
@@ -134,6 +136,16 @@ std::int16_t ImpTable::Affiche() {
 std::int32_t ImpTable::ShowWrapper() {
   ShowDialog(true);
   return Etat;
+}
+
+std::string ImpTable::GetTaskDescription() {
+  state_.commun.location = {Regst, RegstCle};
+  return DescribeTask(state_.commun, Nom, LoadSettings(state_.commun, Nom));
+}
+
+std::string ImpTable::GetActions() {
+  state_.commun.location = {Regst, RegstCle};
+  return DescribeActions(state_.commun, Nom);
 }
 
 bool ImpTable::IsActionSupported(std::int32_t action_type) const {

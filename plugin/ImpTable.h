@@ -58,6 +58,12 @@ class ImpTable {
   /// The same with the host's caption and the wrapper's icon. @return Etat after the dialog.
   std::int32_t ShowWrapper();
 
+  /// The task's settings as an HTML fragment.
+  std::string GetTaskDescription();
+
+  /// The task's scenario actions; empty when it has none.
+  std::string GetActions();
+
   bool IsTrigger() const { return false; }
   bool IsActionSupported(std::int32_t action_type) const;
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/Registry.h"
 
@@ -42,6 +43,16 @@ class ReportWriter {
   virtual void WriteLine(const std::string& text, HostDisplay* display, ReportKind kind) = 0;
 };
 
+/// Type numbers of scenario actions, as the host numbers them: never change.
+enum class ActionType : std::int16_t { kOnError = 0, kOnDecision = 1, kConditional = 2, kJump = 3 };
+
+/// One scenario action of a task. The assignment is empty where it has none.
+struct ActionEntry {
+  ActionType type = ActionType::kOnError;
+  std::string variable;
+  std::string value;
+};
+
 /// The host's object library, as far as the component needs it.
 /// @throws RuntimeFault (no such host object) from any member when the host can't serve it.
 class HostLibrary {
@@ -53,6 +64,10 @@ class HostLibrary {
   /// @return the value of a scenario variable; empty when it doesn't exist.
   virtual std::string Variable(const KeyPath& tasks, const std::string& scenario,
                                const std::string& name) = 0;
+
+  /// The action entries of a task, in the host's order.
+  virtual std::vector<ActionEntry> ActionEntries(const KeyPath& tasks,
+                                                 const std::string& task) = 0;
 
   virtual std::string TitleOfWrapperType(std::int16_t type) = 0;
   virtual std::string SummaryOfWrapperType(std::int16_t type) = 0;

@@ -34,6 +34,11 @@ std::string TestHost::Variable(const KeyPath& tasks, const std::string& of_scena
   return variable == variables.end() ? std::string() : variable->second;
 }
 
+std::vector<ActionEntry> TestHost::ActionEntries(const KeyPath& tasks, const std::string& task) {
+  looked_up.push_back(task + '|' + tasks.path + "|Action");
+  return actions;
+}
+
 std::string TestHost::TitleOfWrapperType(std::int16_t type) {
   asked_types.push_back(type);
   return "Title";

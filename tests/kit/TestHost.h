@@ -26,6 +26,7 @@ class TestHost : public HostLibrary {
   std::unique_ptr<ReportWriter> CreateReportWriter() override;
   std::string Variable(const KeyPath& tasks, const std::string& scenario,
                        const std::string& name) override;
+  std::vector<ActionEntry> ActionEntries(const KeyPath& tasks, const std::string& task) override;
   std::string TitleOfWrapperType(std::int16_t type) override;
   std::string SummaryOfWrapperType(std::int16_t type) override;
 
@@ -38,6 +39,7 @@ class TestHost : public HostLibrary {
   std::string report_path;                // given to the report writer
   std::vector<std::string> looked_up;     // "scenario|root path|name" of each variable, in order
   std::vector<std::int16_t> asked_types;  // wrapper types asked for, in order
+  std::vector<ActionEntry> actions;       // of every task
   int writers_made = 0;
 
   /// When not 0, the report's write of this number (from 1) throws.
