@@ -180,6 +180,23 @@ TEST_F(ImpTableTest, GivesTheHostsTitleAndSummaryOfItsType) {
   EXPECT_THAT(component_.host.asked_types, ElementsAre(50, 50));
 }
 
+TEST_F(ImpTableTest, HandsTheHostsFailureOnAndStaysUsable) {
+  class Host : public TestHost {
+   public:
+    std::string TitleOfWrapperType(std::int16_t type) override {
+      if (broken) throw RuntimeFault(FaultNumber::kNoHostObject);
+      return TestHost::TitleOfWrapperType(type);
+    }
+    bool broken = true;
+  };
+  Host host;
+  ModuleState state(component_.module().platform, host);
+  const ImpTable task(state, &events_);
+  EXPECT_EQ(FaultOf([&] { task.GetTitle(); }), FaultNumber::kNoHostObject);
+  host.broken = false;
+  EXPECT_EQ(task.GetTitle(), "Title");
+}
+
 TEST_F(ImpTableTest, NamesItsPicture) { EXPECT_EQ(NewTask().GetPicture(), "WRAPPER_PICTURE"); }
 
 TEST_F(ImpTableTest, HasNoStatusBeforeTheLocationIsSet) {

@@ -261,13 +261,13 @@ TEST_F(HostFailures, AVariableThatCannotBeLookedUpEndsTheRunBeforeItsFirstLine) 
   EXPECT_EQ(state_.commun.run.fault->detail(), "Variable");
 }
 
-TEST_F(HostFailures, AReportWriterThatIsMissingOrRefusesEndsTheRunBeforeItTouchesTheTask) {
+TEST_F(HostFailures, AReportWriterThatIsMissingOrRefusesEndsTheRunBeforeItsFirstLine) {
   for (bool FailingHost::*way : {&FailingHost::makes_no_writer, &FailingHost::refuses_scenario,
                                  &FailingHost::refuses_path}) {
     host_.*way = true;
     events_.raised.clear();
     Run();
-    EXPECT_THAT(component_.registry.writes(), IsEmpty());
+    EXPECT_THAT(host_.lines, IsEmpty());
     EXPECT_THAT(events_.raised, ElementsAre("Complete"));
     EXPECT_EQ(state_.commun.run.fault->number(), FaultNumber::kNoHostObject);
     EXPECT_THAT(component_.message_loop.armed(), IsEmpty());
