@@ -1,9 +1,11 @@
 #include "import/PreImportDeletion.h"
 
 #include <algorithm>
+#include <array>
 #include <new>
 #include <optional>
 
+#include "import/CharacterCount.h"
 #include "import/TaskFiles.h"
 #include "odbc/Catalogue.h"
 
@@ -24,7 +26,8 @@ constexpr std::int32_t kMessageSelectiveFault = 142;
 constexpr int kSections = 20;
 constexpr int kKeys = 10;
 constexpr std::string_view kMissing = "Non";
-constexpr std::size_t kMostValueBytes = 254;
+constexpr std::size_t kMostValueCharacters = 254;
+constexpr std::size_t kMostBytesOfACharacter = 4;
 constexpr std::string_view kCountPrefix = " ---->   ";
 
 std::string TwoDigits(int number) {
@@ -79,7 +82,7 @@ class Deletion {
     Report(kMessageSelective);
     Guarded(kMessageSelectiveFault, [this] {
       if (!LoadColumns()) return;
-      OpenSelection();
+      CheckSelection();
       for (int section = 1; section <= kSections; ++section) {
         std::optional<std::string> conditions;
         if (!ReadConditions("Table" + TwoDigits(section), conditions)) return;
@@ -135,21 +138,34 @@ class Deletion {
     return false;
   }
 
-  /// The reader itself takes a file that can't be read for one without sections.
-  void OpenSelection() {
+  /// Reads the whole file once: the reader takes one that can't be read for one without sections.
+  void CheckSelection() {
     FileSystem& files = module_.platform.files;
     path_ = files.Locate(SideFilePath(module_.run, kSelectionExtension));
     std::error_code error;
-    if (!files.OpenForReading(path_, error)) throw FileFault(error, path_);
+    const auto file = files.OpenForReading(path_, error);
+    std::array<char, 4096> block{};
+    while (file && file->Read(block.data(), block.size(), error) != 0) {
+    }
+    if (error) throw FileFault(error, path_);
+  }
+
+  /// @return empty when the key is missing.
+  std::string ReadRange(const std::string& section, const std::string& key) const {
+    std::string value = module_.platform.profile_file.ReadString(
+        path_, section, key, kMissing, kMostValueCharacters * kMostBytesOfACharacter);
+    if (value.starts_with(kMissing)) return {};
+    value.resize(
+        BytesOfCharacters(value, kMostValueCharacters, module_.platform.encoding.IsUtf8()));
+    return value;
   }
 
   /// @param conditions  the section's conditions joined by " AND "; none when it has no value.
   /// @return false when a column isn't the table's: that ends the whole deletion.
   bool ReadConditions(const std::string& section, std::optional<std::string>& conditions) {
     for (int key = 1; key <= kKeys; ++key) {
-      const std::string value = module_.platform.profile_file.ReadString(
-          path_, section, TwoDigits(key), kMissing, kMostValueBytes);
-      if (value.empty() || value.starts_with(kMissing)) continue;
+      const std::string value = ReadRange(section, TwoDigits(key));
+      if (value.empty()) continue;
       const Range range = SplitRange(value);
       const auto column = std::find_if(
           columns_.begin(), columns_.end(),

@@ -8,7 +8,9 @@
 namespace imptable {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\v\f";
+// The end-of-file mark of old text editors is one of them.
+constexpr std::string_view kBlanks = " \t\v\f\x1A";
+constexpr std::string_view kLineEnds = "\r\n";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 std::string_view Trimmed(std::string_view text) {
@@ -40,7 +42,7 @@ std::optional<std::string_view> FindValue(std::string_view text, std::string_vie
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   bool in_section = false;
   while (!text.empty()) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
+    const std::size_t end = std::min(text.find_first_of(kLineEnds), text.size());
     const std::string_view line = Trimmed(text.substr(0, end));
     text.remove_prefix(std::min(end + 1, text.size()));
     if (line.empty() || line.starts_with(';')) continue;
