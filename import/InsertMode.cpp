@@ -25,7 +25,7 @@ class InsertMode final : public ModeRoutine {
       session_.ReportError();
       return false;
     }
-    if (!table_.PrepareInsert(session_.statement.raw())) return false;
+    if (!table_.PrepareInsert(session_.statement.raw(), false)) return false;
     parser_.emplace(table_.MakeParser());
     // A code that is no number would let every duplicate count as an error: say so at once.
     if (module_.run.duplicate_key == 1) AsInt32(module_.run.error_code, "CodErr");

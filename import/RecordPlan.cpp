@@ -124,7 +124,7 @@ RecordPlan CompileRecordPlan(const ModuleCommun& module, const OdbcSession& sess
   }
   const std::vector<ColumnOrigin> origins = OriginsOf(module, columns.size());
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (!bound[i]) continue;
+    if (columns[i].ignored && !bound[i]) continue;
     if (origins[i].kind == ColumnOrigin::Kind::kField) {
       plan.fields.push_back(
           FieldPlanOf(origins[i], layout, run, columns[i], plan.decimal_separator, buffers[i]));

@@ -48,7 +48,8 @@ struct RecordPlan {
 
 /// Works out the plan from the run's settings, and stores the values that are the same for every
 /// line into their buffers.
-/// @param bound  per column, whether a statement uses its buffer; other columns are not filled.
+/// @param bound  per column, whether a statement uses its buffer; an ignored column that none uses
+/// is not filled, so that its value can't fail a line.
 /// @param buffers  one per column; borrowed by the plan.
 /// @throws RuntimeFault  when "Colonnes" or "Champs" can't be understood.
 RecordPlan CompileRecordPlan(const ModuleCommun& module, const OdbcSession& session,

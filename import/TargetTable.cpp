@@ -57,10 +57,10 @@ std::string TargetTable::InsertText() const {
          ")";
 }
 
-bool TargetTable::PrepareInsert(SQLHSTMT statement) {
+bool TargetTable::PrepareInsert(SQLHSTMT statement, bool information_fails) {
   const std::string text = InsertText();
-  SQLRETURN code = SQLPrepare(statement, SqlText(text), static_cast<SQLINTEGER>(text.size()));
-  bool ready = Succeeded(code);
+  const SQLRETURN code = SQLPrepare(statement, SqlText(text), static_cast<SQLINTEGER>(text.size()));
+  bool ready = information_fails ? code == SQL_SUCCESS : Succeeded(code);
   SQLUSMALLINT number = 0;
   for (std::size_t i = 0; ready && i < columns_.size(); ++i) {
     if (columns_[i].ignored) continue;

@@ -33,7 +33,7 @@ class TargetTable {
   /// Binds a parameter to the buffer of the column of this index.
   SQLRETURN Bind(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column);
 
-  /// The parser of the run's lines, for the columns bound so far.
+  /// The parser of the run's lines, for all columns but those that are ignored and not bound.
   /// @throws RuntimeFault  when the column layout can't be understood.
   RecordParser MakeParser();
 
@@ -41,7 +41,8 @@ class TargetTable {
   std::string InsertText() const;
 
   /// Prepares InsertText() on the statement and binds its parameters. A failure is reported.
-  bool PrepareInsert(SQLHSTMT statement);
+  /// @param information_fails  whether the driver's information about the text is a failure too.
+  bool PrepareInsert(SQLHSTMT statement, bool information_fails);
 
  private:
   const ModuleCommun& module_;

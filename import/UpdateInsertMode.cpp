@@ -30,7 +30,9 @@ class UpdateInsertMode final : public ModeRoutine {
       session_.ReportError();
       return false;
     }
-    if (!table_.PrepareInsert(session_.statement.raw()) || !update_.Prepare(keys)) return false;
+    if (!table_.PrepareInsert(session_.statement.raw(), true) || !update_.Prepare(keys)) {
+      return false;
+    }
     parser_.emplace(table_.MakeParser());
     return true;
   }
