@@ -1,0 +1,43 @@
+#ifndef TESTS_SCENARIOS_SCENARIO_H_
+#define TESTS_SCENARIOS_SCENARIO_H_
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/scenarios/Database.h"
+
+namespace imptable {
+
+/// One line of a scenario's `steps`.
+struct ScenarioStep {
+  enum class Kind { kRun, kSet, kCopy, kSql, kRemove };
+  Kind kind = Kind::kRun;
+  std::string text;  ///< the line, for messages
+  std::vector<std::string> words =
+      {};  ///< those of a run after the command; else all after the first
+  int exit_code = 0;
+};
+
+/// A whole run as a folder; README.md says what it holds.
+struct Scenario {
+  std::string name;
+  std::string folder;  ///< ends with "/"
+  std::vector<DatabaseKind> databases;
+  std::vector<ScenarioStep> steps;
+  std::optional<std::pair<std::string, std::string>> locale;  ///< its source and its code set
+};
+
+/// @throws std::runtime_error  naming the file and the line that it can't make sense of.
+Scenario ReadScenario(const std::string& folder);
+
+/// Every folder with a task.reg, by name.
+std::vector<Scenario> ReadScenarios(const std::string& folder);
+
+/// The whole file; throws when it can't be read.
+std::string FileText(const std::string& path);
+
+}  // namespace imptable
+
+#endif  // TESTS_SCENARIOS_SCENARIO_H_

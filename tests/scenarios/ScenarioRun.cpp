@@ -1,0 +1,140 @@
+#include "tests/scenarios/ScenarioRun.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+
+#include "tests/scenarios/Workplace.h"
+
+namespace imptable {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Of the two codes after which the task's status is settled.
+constexpr int kDone = 0;
+constexpr int kRunFailed = 1;
+
+std::string WithoutCarriageReturns(std::string text) {
+  for (std::size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at)) {
+    text.erase(at, 1);
+  }
+  return text;
+}
+
+class ScenarioRun {
+ public:
+  ScenarioRun(const Scenario& scenario, DatabaseKind kind)
+      : scenario_(scenario), kind_(kind), place_(kind) {}
+
+  ResultFiles Perform() {
+    if (scenario_.locale) place_.UseLocale(scenario_.locale->first, scenario_.locale->second);
+    place_.database().Execute(FileText(OwnOrShared("schema", ".sql")));
+    if (fs::exists(Data())) fs::copy(Data(), place_.RunFolder(), fs::copy_options::recursive);
+    place_.LoadTask(scenario_.folder + "task.reg");
+    for (const ScenarioStep& step : scenario_.steps) {
+      SCOPED_TRACE(step.text);
+      Take(step);
+    }
+    return Results();
+  }
+
+ private:
+  std::string Data() const { return scenario_.folder + "data"; }
+
+  std::string OwnOrShared(const std::string& name, const std::string& extension) const {
+    const std::string own = scenario_.folder + name + '.' + std::string(NameOf(kind_)) + extension;
+    return fs::exists(own) ? own : scenario_.folder + name + extension;
+  }
+
+  void Take(const ScenarioStep& step) {
+    switch (step.kind) {
+      case ScenarioStep::Kind::kRun:
+        return Run(step);
+      case ScenarioStep::Kind::kSet: {
+        std::vector<std::string> words{"set", "S1", "T1"};
+        words.insert(words.end(), step.words.begin(), step.words.end());
+        OutputOf(place_.Command(words));
+        return;
+      }
+      case ScenarioStep::Kind::kCopy:
+        fs::copy(scenario_.folder + step.words[0], place_.RunFolder() + step.words[1],
+                 fs::copy_options::overwrite_existing);
+        return;
+      case ScenarioStep::Kind::kSql:
+        return place_.database().Execute(step.words[0] + ";\n");
+      case ScenarioStep::Kind::kRemove:
+        EXPECT_TRUE(fs::remove(place_.RunFolder() + step.words[0]));
+        return;
+    }
+  }
+
+  void Run(const ScenarioStep& step) {
+    std::vector<std::string> words = step.words;
+    auto report = std::find(words.begin(), words.end(), "--report");
+    if (report == words.end()) report = words.insert(words.end(), {"--report", "report.txt"});
+    reports_.insert(*(report + 1));
+    const Ending ending = place_.Imptable(words);
+    EXPECT_EQ(ending.code, step.exit_code) << ending.out << ending.err;
+    if (step.exit_code == kDone) {
+      EXPECT_EQ(ending.err, "");
+    } else {
+      EXPECT_TRUE(ending.err.starts_with("imptable: ")) << ending.err;
+      EXPECT_EQ(std::count(ending.err.begin(), ending.err.end(), '\n'), 1) << ending.err;
+    }
+    const auto task = std::find(words.begin(), words.end(), "run") + 2;
+    if (step.exit_code != kDone && step.exit_code != kRunFailed) return;
+    const std::string status = OutputOf(place_.Command({"status", "S1", *task}));
+    EXPECT_EQ(status.substr(0, status.find('\n')), step.exit_code == kDone ? "2" : "3");
+  }
+
+  void TakeReport(const std::string& name, ResultFiles& results) const {
+    if (!place_.folder().Exists(name)) return;
+    const std::string text = place_.folder().Read(name);
+    for (std::size_t at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + 1)) {
+      EXPECT_TRUE(at > 0 && text[at - 1] == '\r') << "a line of " << name << " has no CR";
+    }
+    EXPECT_TRUE(text.empty() || text.ends_with("\r\n")) << name;
+    results[name] = place_.Lasting(WithoutCarriageReturns(text));
+  }
+
+  ResultFiles Results() {
+    ResultFiles results;
+    for (const std::string& report : reports_) TakeReport(report, results);
+    if (fs::exists(OwnOrShared("rows", ".sql"))) {
+      results["rows.txt"] = place_.database().Rows(FileText(OwnOrShared("rows", ".sql")));
+    }
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(place_.RunFolder())) {
+      if (!entry.is_regular_file()) continue;
+      const std::string name = entry.path().lexically_relative(place_.RunFolder()).string();
+      const std::string text = FileText(entry.path().string());
+      const std::string given = Data() + '/' + name;
+      if (fs::exists(given) && FileText(given) == text) continue;
+      results["files/" + name] = place_.Lasting(WithoutCarriageReturns(text));
+    }
+    std::set<std::string> removed;
+    if (fs::exists(Data())) {
+      for (const fs::directory_entry& entry : fs::recursive_directory_iterator(Data())) {
+        const std::string name = entry.path().lexically_relative(Data()).string();
+        if (!fs::exists(place_.RunFolder() + name)) removed.insert(name);
+      }
+    }
+    for (const std::string& name : removed) results["removed.txt"] += name + '\n';
+    return results;
+  }
+
+  const Scenario& scenario_;
+  DatabaseKind kind_;
+  Workplace place_;
+  std::set<std::string> reports_;
+};
+
+}  // namespace
+
+ResultFiles PerformScenario(const Scenario& scenario, DatabaseKind kind) {
+  return ScenarioRun(scenario, kind).Perform();
+}
+
+}  // namespace imptable

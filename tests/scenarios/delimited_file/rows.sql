@@ -1,0 +1,1 @@
+SELECT code, name, balance, since, ordered, visits FROM client ORDER BY code;
