@@ -1,4 +1,3 @@
-#include <cstdio>
 #include <initializer_list>
 #include <string_view>
 #include <utility>
@@ -11,18 +10,10 @@
 #include "host/SettingsTable.h"
 #include "host/StoredValue.h"
 #include "plugin/ImpTable.h"
+#include "plugin/core/StampText.h"
 
 namespace imptable {
 namespace {
-
-/// dd/mm/yy hh:mm:ss, the form of every date in a task's key.
-std::string StampText(const LocalTime& time) {
-  char text[32];
-  const int length =
-      std::snprintf(text, sizeof text, "%02d/%02d/%02d %02d:%02d:%02d", time.day, time.month,
-                    time.year % 100, time.hour, time.minute, time.second);
-  return {text, static_cast<std::size_t>(length)};
-}
 
 void PrintValues(const HostContext& context, const HostConsole& console, const KeyPath& key,
                  std::string_view prefix) {

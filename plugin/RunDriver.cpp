@@ -1,6 +1,5 @@
 #include "plugin/RunDriver.h"
 
-#include <cstdio>
 #include <new>
 #include <utility>
 
@@ -12,6 +11,7 @@
 #include "import/UpdateMode.h"
 #include "plugin/ResumeRule.h"
 #include "plugin/TaskLoading.h"
+#include "plugin/core/StampText.h"
 
 namespace imptable {
 namespace {
@@ -35,15 +35,6 @@ constexpr std::int16_t kModeUpdateInsert = 3;
 constexpr std::int16_t kModeDelete = 4;
 constexpr std::int16_t kGlobalDeletion = 1;
 constexpr std::int16_t kSelectiveDeletion = 2;
-
-/// dd/mm/yy hh:mm:ss, the form of every date in a task's key.
-std::string StampText(const LocalTime& time) {
-  char text[32];
-  const int length =
-      std::snprintf(text, sizeof text, "%02d/%02d/%02d %02d:%02d:%02d", time.day, time.month,
-                    time.year % 100, time.hour, time.minute, time.second);
-  return {text, static_cast<std::size_t>(length)};
-}
 
 }  // namespace
 

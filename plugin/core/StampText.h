@@ -1,0 +1,16 @@
+#ifndef PLUGIN_CORE_STAMP_TEXT_H_
+#define PLUGIN_CORE_STAMP_TEXT_H_
+
+#include <string>
+
+#include "platform/Clock.h"
+
+namespace imptable {
+
+/// dd/mm/yy hh:mm:ss, the form of every date in a task's key. Stored and read by the host: never
+/// change.
+std::string StampText(const LocalTime& time);
+
+}  // namespace imptable
+
+#endif  // PLUGIN_CORE_STAMP_TEXT_H_
