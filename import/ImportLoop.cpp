@@ -34,6 +34,7 @@ class ImportLoop {
     }
     mode_.DropStatements();
     ReportCounts();
+    if (!reading_) RestorePrevious();
     if (const auto fault = files_.Close()) ReportFault(*fault);
   }
 
@@ -42,10 +43,16 @@ class ImportLoop {
     RunProgress& progress = module_.run.progress;
     const std::int16_t limit = ErrorLimitOf(module_.run);
     session_.line_number = 0;
+    reading_ = true;
     LineReader& source = files_.source();
     RecordParser& parser = mode_.Parser();
-    std::string_view line;
-    while (source.Next(line)) {
+    bool skipped = false;
+    for (std::string_view line;;) {
+      if (!source.Next(line)) {
+        // Without it the next resume would take the done lines at the end for new ones.
+        if (skipped) files_.Done(session_.line_number, progress.errors);
+        break;
+      }
       if (module_.run.stop_requested.load(std::memory_order_relaxed)) {
         module_.run.interrupted = true;
         session_.error_reported = true;
@@ -54,13 +61,22 @@ class ImportLoop {
       ++session_.line_number;
       ++progress.read;
       progress.bytes_read = source.bytes_taken();
-      if (files_.Decide(session_.line_number, line) == ResumeDecision::kSkip) {
+      skipped = files_.Decide(session_.line_number, line) == ResumeDecision::kSkip;
+      if (skipped) {
         ++progress.skipped;
       } else {
         ImportLine(parser, line);
       }
       module_.platform.message_loop.Yield();
       if (progress.errors > limit) break;
+    }
+  }
+
+  void RestorePrevious() {
+    try {
+      files_.RestorePrevious();
+    } catch (const RuntimeFault& fault) {
+      ReportFault(fault);
     }
   }
 
@@ -80,6 +96,9 @@ class ImportLoop {
     }
     if (result.rejected) {
       ++progress.errors;
+      // Also for a diagnostic that went unreported as an ignorable duplicate, in the modes that
+      // count it all the same: the run may not end as a success and delete the rejected line.
+      session_.error_reported = true;
       files_.Reject(line, session_.line_number, progress.errors);
     } else {
       files_.Done(session_.line_number, progress.errors);
@@ -115,6 +134,7 @@ class ImportLoop {
   OdbcSession& session_;
   ModeRoutine& mode_;
   SideFiles files_;
+  bool reading_ = false;  // the mode has come to its lines
 };
 
 }  // namespace

@@ -26,6 +26,10 @@ class InsertMode final : public ModeRoutine {
       return false;
     }
     if (!table_.PrepareInsert(session_.statement.raw(), false)) return false;
+    // Some drivers prepare anything: without columns every line would be called badly formatted.
+    if (table_.columns().empty()) {
+      throw RuntimeFault(FaultNumber::kInvalidArgument, "\"Table\" = \"" + module_.run.table + '"');
+    }
     parser_.emplace(table_.MakeParser());
     // A code that is no number would let every duplicate count as an error: say so at once.
     if (module_.run.duplicate_key == 1) AsInt32(module_.run.error_code, "CodErr");

@@ -54,7 +54,7 @@ TEST_F(ResumedImport, KeepsALineThatIsRejectedAgain) {
   EXPECT_EQ(run_.Go(kResume), 3);
   EXPECT_THAT(run_.Executed(), IsEmpty());
   EXPECT_THAT(run_.Rejected(), ElementsAre("2;still;bad"));
-  EXPECT_THAT(run_.Trace(), ElementsAre("00000002100000001"));
+  EXPECT_THAT(run_.Trace(), ElementsAre("00000002100000001", "00000003000000001"));
   EXPECT_THAT(run_.Errors(), ElementsAre(StartsWith("15/11/2006 08:30:00.... Ligne  2 ")));
 }
 

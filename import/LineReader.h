@@ -12,7 +12,7 @@
 
 namespace imptable {
 
-/// A line may not be longer than this: it has to be held in memory, and may have to be written to
+/// A line has to be shorter than this: it has to be held in memory, and may have to be written to
 /// the rejected-lines file as it stands.
 inline constexpr std::size_t kMostLineBytes = std::size_t{256} << 20U;
 
@@ -26,8 +26,8 @@ class LineReader {
 
   /// @param line  the next line without its end; valid until the next call.
   /// @return false at the end of the file.
-  /// @throws RuntimeFault  the file fault when reading fails; out of memory for a line that is
-  /// longer than kMostLineBytes.
+  /// @throws RuntimeFault  the file fault when reading fails; out of memory for a line of
+  /// kMostLineBytes or more.
   bool Next(std::string_view& line);
 
   /// Bytes of the file that the lines so far have taken, line ends included.

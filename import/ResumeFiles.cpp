@@ -15,9 +15,10 @@ std::optional<TraceLine> TraceReader::Next() {
   if (!lines_->Next(text) || !lines_->ended()) return std::nullopt;
   ++number_;
   auto trace = ParseTraceLine(text);
-  if (!trace) {
+  if (!trace || trace->line_number <= source_line_) {
     throw RuntimeFault(FaultNumber::kTypeMismatch, path_ + ", " + std::to_string(number_));
   }
+  source_line_ = trace->line_number;
   return trace;
 }
 
@@ -25,7 +26,6 @@ ResumeFiles::ResumeFiles(std::unique_ptr<TraceReader> trace, std::unique_ptr<Lin
     : trace_(std::move(trace)), rejected_(std::move(rejected)), pending_(trace_->Next()) {}
 
 ResumeDecision ResumeFiles::Decide(std::int32_t line_number, std::string_view& line) {
-  while (pending_ && pending_->line_number < line_number) pending_ = trace_->Next();
   if (!pending_) return ResumeDecision::kTake;
   if (pending_->line_number > line_number) return ResumeDecision::kSkip;
   const bool failed = pending_->failed;

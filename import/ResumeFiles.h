@@ -18,13 +18,14 @@ class TraceReader {
 
   /// @return nullopt at the end.
   /// @throws RuntimeFault  type mismatch, naming the file and the line, for a line that is no trace
-  /// line; file faults.
+  /// line or whose number doesn't follow; file faults.
   std::optional<TraceLine> Next();
 
  private:
   std::unique_ptr<LineReader> lines_;
   std::string path_;
-  std::int64_t number_ = 0;
+  std::int64_t number_ = 0;       // of the line in the trace
+  std::int32_t source_line_ = 0;  // that it is about
 };
 
 /// What a resumed run does with a line of its source.

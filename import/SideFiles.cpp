@@ -102,6 +102,13 @@ void SideFiles::ReportParseFailure(std::int32_t line_number) {
                  std::string(SystemLineEnd()));
 }
 
+void SideFiles::RestorePrevious() {
+  if (!resume_) return;
+  const RunState& run = module_.run;
+  CopyFile(SideFilePath(run, kRejectedCopyExtension), SideFilePath(run, kRejectedExtension));
+  CopyFile(SideFilePath(run, kTraceCopyExtension), SideFilePath(run, kTraceExtension));
+}
+
 std::optional<RuntimeFault> SideFiles::Close() {
   std::optional<RuntimeFault> first;
   session_.error_file = nullptr;

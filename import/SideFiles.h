@@ -47,6 +47,10 @@ class SideFiles {
   /// Writes the diagnostic of a line that can't be parsed.
   void ReportParseFailure(std::int32_t line_number);
 
+  /// Puts the previous run's rejected lines and trace back, for a resumed run that came to no line:
+  /// emptied, they would let the next resume import everything again. Nothing in a fresh run.
+  void RestorePrevious();
+
   /// Closes everything, whatever fails.
   /// @return the first fault, empty when there was none.
   std::optional<RuntimeFault> Close();

@@ -49,10 +49,10 @@ const std::string& MessageCatalogue::Text(std::int32_t number, std::int32_t lang
     throw RuntimeFault(FaultNumber::kOverflow,
                        std::to_string(number) + " + " + std::to_string(language_offset));
   }
-  if (entry >= 1 && entry <= kMessageCount) return french_[static_cast<std::size_t>(entry - 1)];
-  if (entry > kEnglishOffset && entry <= kEnglishOffset + kMessageCount) {
-    return english_[static_cast<std::size_t>(entry - kEnglishOffset - 1)];
-  }
+  const bool known_number = number >= 1 && number <= kMessageCount;
+  const auto index = static_cast<std::size_t>(number) - 1;
+  if (known_number && language_offset == kFrenchOffset) return french_[index];
+  if (known_number && language_offset == kEnglishOffset) return english_[index];
   throw RuntimeFault(FaultNumber::kResourceNotFound, std::to_string(entry));
 }
 

@@ -23,7 +23,8 @@ class MessageCatalogue {
 
   /// @return the text exactly as stored, blanks included; valid as long as the catalogue.
   /// @throws RuntimeFault  overflow when number + language_offset doesn't fit 32 bits; resource not
-  /// found when there is no such entry. There is no fallback to the other language.
+  /// found for a number outside 1..180 or another offset. There is no fallback to the other
+  /// language.
   const std::string& Text(std::int32_t number, std::int32_t language_offset) const;
 
  private:

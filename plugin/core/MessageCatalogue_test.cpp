@@ -136,13 +136,15 @@ TEST(MessageCatalogue, HasNotChangedASingleText) {
   EXPECT_EQ(ChecksumOf(kEnglishOffset), 0x8e8212943d7e7f03U);
 }
 
-TEST(MessageCatalogue, AddsTheOffsetToTheNumber) {
-  EXPECT_EQ(Catalogue().Text(10095, 0), Catalogue().Text(95, kEnglishOffset));
-  EXPECT_EQ(Catalogue().Text(10095, -10000), Catalogue().Text(95, kFrenchOffset));
+TEST(MessageCatalogue, KnowsNoOtherOffsetThanItsTwo) {
+  for (const std::int32_t offset : {1, -1, 9999, 10001, 20000, -10000}) {
+    EXPECT_EQ(FaultOf(95, offset), FaultNumber::kResourceNotFound) << offset;
+  }
+  EXPECT_EQ(FaultOf(10095, -10000), FaultNumber::kResourceNotFound);
 }
 
 TEST(MessageCatalogue, HasNothingOutsideItsTwoRangesAndDoesNotFallBackToTheOtherLanguage) {
-  for (const std::int32_t number : {0, -1, 181, 9999, -10000}) {
+  for (const std::int32_t number : {0, -1, 181, 9999, 10095, -10000}) {
     EXPECT_EQ(FaultOf(number, kFrenchOffset), FaultNumber::kResourceNotFound) << number;
   }
   for (const std::int32_t number : {0, 181, 10001}) {

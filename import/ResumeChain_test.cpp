@@ -1,0 +1,113 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/kit/ImportRun.h"
+
+namespace imptable {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+constexpr std::int16_t kResume = 2;
+
+TEST(ResumeChain, InsertsNoLineTwiceWhenAResumeIsItselfResumed) {
+  ImportRun run;
+  run.Source({"1;a", "2;b;x", "3;c", "4;d;x", "5;e"});
+  EXPECT_EQ(run.Go(), 3);
+  EXPECT_THAT(run.Executed(), ElementsAre("1='1' 2='a'", "1='3' 2='c'", "1='5' 2='e'"));
+  EXPECT_EQ(run.Go(kResume), 3);
+  EXPECT_THAT(run.Executed(), IsEmpty());
+  run.folder.Write("CLIENTS.LER", "2;b\n4;still;bad\n");
+  EXPECT_EQ(run.Go(kResume), 3);
+  EXPECT_THAT(run.Executed(), ElementsAre("1='2' 2='b'"));
+  EXPECT_THAT(run.Rejected(), ElementsAre("4;still;bad"));
+  run.folder.Write("CLIENTS.LER", "4;d\n");
+  EXPECT_EQ(run.Go(kResume), 2);
+  EXPECT_THAT(run.Executed(), ElementsAre("1='4' 2='d'"));
+}
+
+TEST(ResumeChain, ClosesTheTraceOfAResumeWithItsLastLineOnlyWhenThatWasSkipped) {
+  ImportRun run;
+  run.Source({"1;a", "2;b;x"});
+  run.Go();
+  run.Go(kResume);
+  EXPECT_THAT(run.Trace(), ElementsAre("00000002100000001"));
+}
+
+TEST(ResumeChain, DoesNotCloseTheTraceOfAResumeThatItsErrorLimitEnded) {
+  ImportRun run;
+  run.Source({"1;a", "2;b;x", "3;c"});
+  run.Go();
+  run.Set("Erreurs", "0");
+  run.Go(kResume);
+  EXPECT_THAT(run.Trace(), ElementsAre("00000002100000001"));
+}
+
+class ResumeWithoutALine : public testing::TestWithParam<const char*> {};
+
+TEST_P(ResumeWithoutALine, KeepsWhatTheEarlierRunLeft) {
+  ImportRun run;
+  run.Source({"1;a", "2;b;x", "3;c"});
+  EXPECT_EQ(run.Go(), 3);
+  run.folder.Write("CLIENTS.LER", "2;mended\n");
+  {
+    ImportRun failing;  // the same folder, with a driver that refuses
+    failing.Set("Dir", run.folder.path());
+    failing.Driver(GetParam());
+    EXPECT_EQ(failing.Go(kResume), 3);
+    EXPECT_THAT(failing.Executed(), IsEmpty());
+  }
+  EXPECT_THAT(run.Rejected(), ElementsAre("2;mended"));
+  EXPECT_THAT(run.Trace(),
+              ElementsAre("00000001000000000", "00000002100000001", "00000003000000001"));
+  EXPECT_EQ(run.Go(kResume), 2);
+  EXPECT_THAT(run.Executed(), ElementsAre("1='2' 2='mended'"));
+}
+
+INSTANTIATE_TEST_SUITE_P(AtEachStep, ResumeWithoutALine,
+                         testing::Values("on SQLColumns 1 return -1 diag 08S01 1 \"gone\"",
+                                         "on SQLSpecialColumns 1 return -1 diag 08S01 1 \"gone\"",
+                                         "on SQLPrepare 1 return -1 diag 08S01 1 \"gone\"",
+                                         "on SQLBindParameter 2 return -1 diag 08S01 1 \"gone\""));
+
+TEST(ResumeChain, KeepsWhatTheEarlierRunLeftWhenASettingIsDamaged) {
+  ImportRun run;
+  run.Source({"1;a", "2;b;x"});
+  run.Go();
+  run.Set("Erreurs", "40000");
+  EXPECT_EQ(run.Go(kResume), 3);
+  EXPECT_THAT(run.Rejected(), ElementsAre("2;b;x"));
+  EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002100000001"));
+}
+
+TEST(ResumeChain, RefusesATraceWhoseNumbersDoNotRise) {
+  for (const char* const trace :
+       {"00000002000000000\n00000001100000001\n", "00000001000000000\n00000001100000001\n",
+        "00000000100000001\n"}) {
+    ImportRun run;
+    run.Source({"1;a", "2;b"});
+    run.folder.Write("CLIENTS.TRC", trace);
+    run.folder.Write("CLIENTS.LER", "1;x\n");
+    EXPECT_EQ(run.Go(kResume), 3);
+    EXPECT_THAT(run.Executed(), IsEmpty()) << trace;
+    EXPECT_THAT(run.Report(), Contains(HasSubstr("N° 13 ,Incompatibilité de type : ")));
+    EXPECT_EQ(run.folder.Read("CLIENTS.TRC"), trace);
+  }
+}
+
+TEST(InsertMode, SaysWhichTableHasNoColumns) {
+  ImportRun run;
+  run.Script("");
+  run.Source({"1;a"});
+  EXPECT_EQ(run.Go(), 3);
+  EXPECT_THAT(run.Report(),
+              Contains(" -->   Erreur lors du traitement - N° 5 ,Appel de procédure ou argument "
+                       "incorrect : \"Table\" = \"CLIENT\""));
+  EXPECT_THAT(run.Errors(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace imptable
