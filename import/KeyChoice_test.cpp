@@ -22,9 +22,9 @@ struct ModeCase {
 
 /// What the host's report writer sees of a mode that abandons; the success line of UPDATE doesn't
 /// go through it.
-KeyedRun::Lines AbandonLines(const ModeCase& mode) {
-  KeyedRun::Lines lines{Information(mode.banner), Error(kNoKey),
-                        Information(" ----->    0 enreg(s) lu(s)")};
+KeyedRun::KindLines AbandonLines(const ModeCase& mode) {
+  KeyedRun::KindLines lines{Information(mode.banner), Error(kNoKey),
+                            Information(" ----->    0 enreg(s) lu(s)")};
   if (mode.mode == kByUpdateInsert) lines.push_back(Information(mode.nothing));
   if (mode.mode == kByDelete) lines.emplace_back(mode.nothing, ReportKind::kSuccess);
   return lines;
@@ -159,7 +159,7 @@ TEST_P(KeyChoice, FailsForANameThatNoColumnHasExactly) {
     EXPECT_EQ(run.Go(), 3);
     std::string fault = " -->   Erreur lors du traitement - N° 9 ,Indice hors limites";
     if (*each.name != '\0') fault += std::string(" : ") + each.name;
-    KeyedRun::Lines expected = AbandonLines(GetParam());
+    KeyedRun::KindLines expected = AbandonLines(GetParam());
     expected[1] = Error(fault);
     EXPECT_EQ(run.ModeLines(), expected);
     EXPECT_THAT(run.Executed(), IsEmpty());

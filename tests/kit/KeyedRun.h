@@ -17,7 +17,7 @@ inline constexpr std::int32_t kByDelete = 4;
 /// A run that looks for rows by the column CODE, of a driver without an identifier quote character.
 class KeyedRun : public ImportRun {
  public:
-  using Lines = std::vector<std::pair<std::string, ReportKind>>;
+  using KindLines = std::vector<std::pair<std::string, ReportKind>>;
 
   explicit KeyedRun(std::int32_t mode) {
     Driver("info 29 \" \"");
@@ -33,8 +33,8 @@ class KeyedRun : public ImportRun {
 
   /// Text and kind of the lines that the host's report writer was given between the heading of the
   /// table and the end of the run.
-  Lines ModeLines() const {
-    Lines lines;
+  KindLines ModeLines() const {
+    KindLines lines;
     const std::vector<WrittenLine>& all = component.host.lines;
     for (std::size_t n = 4; n + 1 < all.size(); ++n) lines.emplace_back(all[n].text, all[n].kind);
     return lines;

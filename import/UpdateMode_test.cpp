@@ -1,0 +1,212 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/kit/KeyedRun.h"
+
+namespace imptable {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+/// The lines that the component itself appended to the report, without their kind and time.
+std::vector<std::string> OwnLines(const KeyedRun& run) {
+  std::vector<std::string> texts;
+  for (const std::string& line : run.Lines("report.txt")) {
+    if (line == "<none>") return {};
+    texts.push_back(line.substr(line.find("08:30:00") + 9));
+  }
+  return texts;
+}
+
+TEST(UpdateMode, CountsTheLinesThatChangedARow) {
+  KeyedRun run(kByUpdate);
+  run.Driver("rowcount where 3 = \"2\" = 0");
+  run.Source({"1;a", "2;b", "3;c"});
+  EXPECT_EQ(run.Go(), 2);
+  EXPECT_EQ(run.ModeLines(), (KeyedRun::KindLines{Information(" -->   Mode UPDATE"),
+                                                  Information(" ----->    3 enreg(s) lu(s)")}));
+  EXPECT_THAT(OwnLines(run),
+              ElementsAre("  -->   Traitement OK :  2 Enregistrement(s) modifié(s)\r"));
+  EXPECT_EQ(run.progress().modified, 2);
+  EXPECT_EQ(run.progress().errors, 0);
+  EXPECT_THAT(run.Errors(), IsEmpty()) << "a key that matches no row is no error";
+}
+
+TEST(UpdateMode, WritesItsSuccessLineAsTheOnlyOneByTheComponentItself) {
+  class Form : public HostForm {
+   public:
+    std::string Text() const override { return text; }
+    void SetText(const std::string& shown) override { text = shown; }
+    std::int32_t Tag() const override { return 0; }
+    void SetTag(std::int32_t) override {}
+    std::string text;
+  };
+  class Button : public HostDisplay {
+   public:
+    HostForm* wForm() override { return &form; }
+    Form form;
+  };
+  KeyedRun run(kByUpdate);
+  Button button;
+  run.Source({"1;a"});
+  run.GoBy([&button](ImpTable& task) {
+    task.Bouton = &button;
+    task.Run(1);
+  });
+  EXPECT_THAT(run.Report(), Not(Contains(HasSubstr("Traitement OK"))));
+  EXPECT_THAT(run.Lines("report.txt"),
+              ElementsAre("15/11/2006 08:30:00   -->   Traitement OK :  1 Enregistrement(s) "
+                          "modifié(s)\r"));
+  EXPECT_THAT(button.form.text, HasSubstr("Traitement OK :  1 Enregistrement(s) modifié(s)"));
+}
+
+TEST(UpdateMode, ReportsItsErrorsThroughTheHostOnly) {
+  KeyedRun run(kByUpdate);
+  run.Driver("on SQLExecute 2 return -1 diag 22018 5 \"no number\"");
+  run.Source({"1;a", "x;b", "3;c", "4;d;e"});
+  EXPECT_EQ(run.Go(), 3);
+  EXPECT_EQ(run.ModeLines(),
+            (KeyedRun::KindLines{
+                Information(" -->   Mode UPDATE"), Information(" ----->    4 enreg(s) lu(s)"),
+                Information(" ----->    2 erreur(s) détectée(s),consultez le fichier .ERR"),
+                Information(" ----->    2 Enregistrement(s) modifié(s)")}));
+  EXPECT_THAT(OwnLines(run), IsEmpty());
+  EXPECT_THAT(run.Rejected(), ElementsAre("x;b", "4;d;e"));
+  EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002100000001",
+                                       "00000003000000001", "00000004100000002"));
+  EXPECT_THAT(run.Errors(),
+              ElementsAre("15/11/2006 08:30:00.... Ligne  2 ( 5) no number",
+                          HasSubstr(".... Ligne  4 Formatage de l'enregistrement incorrect")));
+}
+
+TEST(UpdateMode, ReportsInEnglish) {
+  KeyedRun run(kByUpdate);
+  run.component.registry.SetNumber("SOFTWARE\\KALDO\\Configuration", "Lang", kEnglishOffset);
+  run.Source({"1;a", "2;b;c"});
+  run.Go();
+  EXPECT_EQ(run.ModeLines(),
+            (KeyedRun::KindLines{Information(" -->   UPDATE mode"),
+                                 Information(" ----->    2 record(s) read"),
+                                 Information(" ----->    1 error(s) detected, refer to .ERR file"),
+                                 Information(" ----->    1 Record(s) edited")}));
+  run.Source({"1;a"});
+  run.Go();
+  EXPECT_THAT(OwnLines(run), ElementsAre("  -->   Process OK :  1 Record(s) edited\r"));
+}
+
+TEST(UpdateMode, TracesALineThatChangedNothingAsDone) {
+  for (const char* answer : {"rowcount 0", "rowcount -1"}) {
+    KeyedRun run(kByUpdate);
+    run.Driver(answer);
+    run.Driver("on SQLExecute 2 return -1 diag S1000 7 \"no\"");
+    run.Source({"1;a", "2;b"});
+    EXPECT_EQ(run.Go(), 3);
+    EXPECT_EQ(run.progress().modified, 0) << answer;
+    EXPECT_EQ(run.progress().errors, 1);
+    EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002100000001"));
+    EXPECT_THAT(run.Rejected(), ElementsAre("2;b"));
+    EXPECT_THAT(run.Report(), Contains(" ----->    0 Enregistrement(s) modifié(s)"));
+  }
+}
+
+TEST(UpdateMode, CountsALineOnceHoweverManyRowsItChanged) {
+  KeyedRun run(kByUpdate);
+  run.Driver("rowcount 10");
+  run.Driver("rowcount at 2 = -2");
+  run.Source({"1;a", "2;b"});
+  EXPECT_EQ(run.Go(), 2);
+  EXPECT_EQ(run.progress().modified, 2) << "any count but 0 and -1";
+}
+
+TEST(UpdateMode, TakesSuccessWithInformationForDone) {
+  KeyedRun run(kByUpdate);
+  run.Driver("on SQLExecute return 1 diag 01004 5 \"cut\"");
+  run.Source({"1;a"});
+  EXPECT_EQ(run.Go(), 2);
+  EXPECT_EQ(run.progress().modified, 1);
+  EXPECT_THAT(run.Errors(), IsEmpty());
+}
+
+TEST(UpdateMode, ReportsARowCountThatFailsAndCountsTheLineNowhere) {
+  for (const char* failure : {"on SQLRowCount 1 return -1 diag S1000 7 \"no count\"",
+                              "on SQLRowCount 1 return 1 diag 01000 7 \"no count\""}) {
+    KeyedRun run(kByUpdate);
+    run.Driver(failure);
+    run.Source({"1;a", "2;b"});
+    EXPECT_EQ(run.Go(), 3);
+    EXPECT_EQ(run.progress().modified, 1);
+    EXPECT_EQ(run.progress().errors, 0);
+    EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 7) no count"));
+    EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002000000000"));
+    EXPECT_THAT(run.Rejected(), IsEmpty());
+    EXPECT_THAT(OwnLines(run),
+                ElementsAre("  -->   Traitement OK :  1 Enregistrement(s) modifié(s)\r"));
+  }
+}
+
+TEST(UpdateMode, CountsADuplicateThatTheTaskIgnoresAsAnError) {
+  KeyedRun run(kByUpdate);
+  run.Set("DupKey", 1);
+  run.Set("CodErr", "2627");
+  run.Driver("on SQLExecute 1 return -1 diag 23000 2627 \"duplicate\"");
+  run.Driver("on SQLExecute 3 return -1 diag S1000 7 \"no\"");
+  run.Source({"1;a", "2;b", "3;c"});
+  EXPECT_EQ(run.Go(), 3);
+  EXPECT_EQ(run.progress().errors, 2);
+  EXPECT_EQ(run.progress().ignored, 0);
+  EXPECT_THAT(run.Rejected(), ElementsAre("1;a", "3;c"));
+  EXPECT_THAT(run.Trace(),
+              ElementsAre("00000001100000001", "00000002000000001", "00000003100000002"));
+}
+
+TEST(UpdateMode, TakesACodeThatIsNoNumberWithoutAFault) {
+  KeyedRun run(kByUpdate);
+  run.Set("DupKey", 1);
+  run.Set("CodErr", "none");
+  run.Source({"1;a"});
+  EXPECT_EQ(run.Go(), 2);
+  EXPECT_EQ(run.progress().modified, 1);
+}
+
+TEST(UpdateMode, KeepsNoResumeFilesWhenTheTaskWantsNone) {
+  KeyedRun run(kByUpdate);
+  run.Set("RecErreurs", 0);
+  run.Driver("on SQLExecute 1 return -1 diag S1000 7 \"no\"");
+  run.Source({"1;a", "2;b"});
+  EXPECT_EQ(run.Go(), 3);
+  EXPECT_THAT(run.Trace(), ElementsAre("<none>"));
+  EXPECT_THAT(run.Rejected(), ElementsAre("<none>"));
+  EXPECT_EQ(run.progress().modified, 1);
+}
+
+TEST(UpdateMode, FindsTheSourceByItsCompleteName) {
+  KeyedRun run(kByUpdate);
+  run.Set("Alias", "data.txt");
+  run.Set("UseAlias", 1);
+  run.folder.Write("data.txt", "1;a\n");
+  EXPECT_EQ(run.Go(), 2);
+  EXPECT_EQ(run.progress().modified, 1);
+}
+
+TEST(UpdateMode, GivesTheKeyThatTheFileFeedsWhereverItStands) {
+  KeyedRun run(kByUpdate);
+  run.Assign({"CODE,INTEGER,(Col)2", "NOM,VARCHAR,(Col)1"});
+  run.Source({"a;7"});
+  EXPECT_EQ(run.Go(), 2);
+  EXPECT_THAT(run.Executed(), ElementsAre("1='7' 2='a' 3='7'"));
+}
+
+TEST(UpdateMode, LooksForAConstantKeyOfEveryLine) {
+  KeyedRun run(kByUpdate);
+  run.Assign({"CODE,INTEGER,9", "NOM,VARCHAR,(Col)1"});
+  run.Source({"a", "b"});
+  EXPECT_EQ(run.Go(), 2);
+  EXPECT_THAT(run.Executed(), ElementsAre("1='9' 2='a' 3='9'", "1='9' 2='b' 3='9'"));
+}
+
+}  // namespace
+}  // namespace imptable
