@@ -57,6 +57,7 @@ void ReadLine(const std::string& line, Scenario& scenario) {
     ReadRun(words, step);
   } else if (first == "set") {
     step.kind = ScenarioStep::Kind::kSet;
+    step.words = {line.substr(line.find("set ") + 4)};
   } else if (first == "copy") {
     wants(2);
     step.kind = ScenarioStep::Kind::kCopy;

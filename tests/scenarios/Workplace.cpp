@@ -65,7 +65,7 @@ std::string Workplace::Lasting(std::string text) const {
   // Year first or last, as the locale has it, at the start of a line or of its mark-up's text.
   static const std::regex date(
       R"((^|\n|<strong>)\d{2,4}[-/.]\d{2}[-/.]\d{2,4} \d{2}:\d{2}:\d{2}(?= |\.\.\.\. ))");
-  static const std::regex mariadb_versions(R"(\[ma-[0-9.]+\]\[[^\]]*\])");
+  static const std::regex mariadb_versions(R"(\[ma-[0-9.]+\](\[[^\]]*\])?)");
   const std::string folder = RunFolder();
   ReplaceAll(text, folder.substr(0, folder.size() - 1), "{FOLDER}");
   ReplaceAll(text, kSourceName, "{SOURCE}");

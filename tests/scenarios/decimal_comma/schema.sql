@@ -1,0 +1,6 @@
+CREATE TABLE client (
+  code INTEGER PRIMARY KEY,
+  a FLOAT,
+  b FLOAT,
+  c SMALLINT
+);

@@ -1,0 +1,1 @@
+SELECT code, name, since, balance FROM client ORDER BY code;

@@ -1,0 +1,1 @@
+SELECT code, hex(name), balance FROM client ORDER BY code;

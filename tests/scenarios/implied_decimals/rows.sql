@@ -1,0 +1,1 @@
+SELECT code, price, weight, parts, rank FROM client ORDER BY code;

@@ -1,0 +1,1 @@
+SELECT name FROM client ORDER BY name;

@@ -1,0 +1,1 @@
+CREATE TABLE client (name VARCHAR(30));

@@ -1,0 +1,4 @@
+CREATE TABLE client (
+  code INTEGER PRIMARY KEY,
+  name VARCHAR(600)
+);

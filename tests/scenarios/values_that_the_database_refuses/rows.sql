@@ -1,0 +1,1 @@
+SELECT code, name, rank FROM client ORDER BY code;
