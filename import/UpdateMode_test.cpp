@@ -64,6 +64,18 @@ TEST(UpdateMode, WritesItsSuccessLineAsTheOnlyOneByTheComponentItself) {
   EXPECT_THAT(button.form.text, HasSubstr("Traitement OK :  1 Enregistrement(s) modifié(s)"));
 }
 
+TEST(UpdateMode, WritesItsSuccessLineAsInformation) {
+  KeyedRun run(kByUpdate);
+  run.Source({"1;a"});
+  run.GoBy([&run](ImpTable& task) {
+    task.SetReportFilePath(run.folder.path() + "report.htm");
+    task.Run(1);
+  });
+  EXPECT_THAT(run.Lines("report.htm"),
+              ElementsAre("<strong>15/11/2006 08:30:00   -->   Traitement OK :  1 "
+                          "Enregistrement(s) modifié(s)</strong><br>\r"));
+}
+
 TEST(UpdateMode, ReportsItsErrorsThroughTheHostOnly) {
   KeyedRun run(kByUpdate);
   run.Driver("on SQLExecute 2 return -1 diag 22018 5 \"no number\"");
