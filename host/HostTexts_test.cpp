@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <array>
 #include <string>
 
 #include "host/HelpTexts.h"
@@ -21,6 +21,10 @@ const Pair kPairs[] = {
 #include "host/HostTexts.inc"
 #undef HOST_TEXT
 };
+
+constexpr std::array kHelpedCommands{"",        "run", "describe",   "actions",   "status",
+                                     "list",    "get", "set",        "delete",    "variable",
+                                     "sources", "reg", "reg import", "reg export"};
 
 bool Holds(const std::string& text, char number) {
   return text.find(std::string("%") + number) != std::string::npos;
@@ -63,8 +67,7 @@ TEST(HostTexts, PartThousandsInTheMannerOfTheLanguage) {
 }
 
 TEST(HelpText, HoldsAnExampleForEveryCommandInBothLanguages) {
-  for (const char* command : {"", "run", "status", "list", "get", "set", "delete", "variable",
-                              "sources", "reg", "reg import", "reg export"}) {
+  for (const char* command : kHelpedCommands) {
     const std::string call = std::string("imptable") + (*command == '\0' ? "" : " ") + command;
     const std::string english = HelpText(command, Language::kEnglish);
     const std::string french = HelpText(command, Language::kFrench);
@@ -96,8 +99,7 @@ TEST(HelpText, ListsTheValueNamesThatCanBeSet) {
 }
 
 TEST(HelpText, FitsATerminalOf84Columns) {
-  for (const char* command : {"", "run", "status", "list", "get", "set", "delete", "variable",
-                              "sources", "reg", "reg import", "reg export"}) {
+  for (const char* command : kHelpedCommands) {
     for (const Language language : {Language::kFrench, Language::kEnglish}) {
       const std::string help = HelpText(command, language);
       std::size_t width = 0;

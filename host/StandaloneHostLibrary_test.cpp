@@ -1,46 +1,23 @@
 #include "host/StandaloneHostLibrary.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "host/LiveDisplay.h"
-#include "platform/ProfileFile_linux.h"
-#include "platform/testing/FaultyFileSystem.h"
-#include "platform/testing/ManualClock.h"
-#include "platform/testing/ManualMessageLoop.h"
-#include "platform/testing/MemoryRegistry.h"
-#include "platform/testing/PlainEncodings.h"
-#include "platform/testing/RecordingWarningBox.h"
-#include "platform/testing/TemporaryFolder.h"
+#include "host/testing/HostedComponent.h"
 #include "plugin/ImpTable.h"
 
 namespace imptable {
 namespace {
 
-class NoPointer : public MousePointer {
- public:
-  void ShowHourglass() override {}
-  void Reset() override {}
-};
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::Field;
+using testing::IsEmpty;
 
-class StandaloneHostLibraryTest : public testing::Test {
+class StandaloneHostLibraryTest : public testing::Test, protected HostedComponent {
  protected:
-  StandaloneHostLibraryTest() { library.Attach(module); }
-
   std::string Variable(const std::string& name) { return library.Variable({}, "S1", name); }
-
-  MemoryRegistry registry;
-  ManualMessageLoop loop;
-  ManualClock clock{{.year = 2026, .month = 3, .day = 4, .hour = 5, .minute = 6, .second = 7}};
-  Utf8TextEncoding encoding;
-  std::unique_ptr<FileSystem> system_files = SystemFileSystem();
-  FaultyFileSystem files{*system_files};
-  RecordingWarningBox warnings;
-  NoPointer pointer;
-  ProfileFileReader profile{files};
-  StandaloneHostLibrary library;
-  ModuleCommun module{Platform{registry, loop, clock, encoding, files, warnings, pointer, profile},
-                      library};
-  TemporaryFolder folder{testing::TempDir()};
 };
 
 TEST_F(StandaloneHostLibraryTest, FindsVariablesWithoutRegardToCase) {
@@ -90,7 +67,7 @@ TEST_F(StandaloneHostLibraryTest, PresentsTheTaskTypeInTheLanguageOfTheMoment) {
   EXPECT_EQ(library.TitleOfWrapperType(kWrapperType), "Importation Table");
   EXPECT_EQ(library.SummaryOfWrapperType(kWrapperType),
             "Importe un fichier texte dans une table d'une source de données ODBC.");
-  module.language_offset = kEnglishOffset;
+  module().language_offset = kEnglishOffset;
   EXPECT_EQ(library.TitleOfWrapperType(kWrapperType), "Import Table");
   EXPECT_EQ(library.SummaryOfWrapperType(kWrapperType),
             "Imports a text file into a table of an ODBC data source.");
@@ -101,10 +78,71 @@ TEST_F(StandaloneHostLibraryTest, PresentsNoOtherTaskType) {
   EXPECT_THROW(library.SummaryOfWrapperType(51), RuntimeFault);
 }
 
+const KeyPath kTasks{kHkeyLocalMachine, "SOFTWARE\\KALDO\\Scenarios\\S1\\Taches"};
+constexpr std::string_view kActions = "SOFTWARE\\KALDO\\Scenarios\\S1\\Taches\\T1\\Action\\";
+
+class ActionEntries : public StandaloneHostLibraryTest {
+ protected:
+  void Set(std::string_view key, std::string_view name, std::string_view text) {
+    registry.SetText(std::string(kActions) + std::string(key), name, text);
+  }
+  std::vector<ActionType> Types() {
+    std::vector<ActionType> types;
+    for (const ActionEntry& entry : library.ActionEntries(kTasks, "T1")) {
+      types.push_back(entry.type);
+    }
+    return types;
+  }
+};
+
+TEST_F(ActionEntries, ComeInTheOrderOfTheirTypesWhateverTheRegistrysOrder) {
+  for (const char* key : {"Goto", "ExeIf", "OnDec", "OnErr"}) Set(key, "Go", "1");
+  EXPECT_THAT(Types(), ElementsAre(ActionType::kOnError, ActionType::kOnDecision,
+                                   ActionType::kConditional, ActionType::kJump));
+}
+
+TEST_F(ActionEntries, AreThoseThatTheTaskHas) {
+  EXPECT_THAT(Types(), IsEmpty());
+  Set("Goto", "Dest", "T9");
+  EXPECT_THAT(Types(), ElementsAre(ActionType::kJump));
+  Set("OnDec", "", "");
+  EXPECT_THAT(Types(), ElementsAre(ActionType::kOnDecision, ActionType::kJump));
+}
+
+TEST_F(ActionEntries, AreFoundWithoutRegardToCase) {
+  Set("ONERR", "VARIABLE", "V");
+  Set("onerr", "valeur", "7");
+  const std::vector<ActionEntry> entries = library.ActionEntries(kTasks, "t1");
+  ASSERT_EQ(entries.size(), 1U);
+  EXPECT_EQ(entries[0].type, ActionType::kOnError);
+  EXPECT_EQ(entries[0].variable, "V");
+  EXPECT_EQ(entries[0].value, "7");
+}
+
+TEST_F(ActionEntries, LeaveOutKeysThatAreNoActionsAndThoseOfOtherTasks) {
+  Set("OnError", "Go", "1");
+  Set("ExeIf\\OnErr", "Go", "1");
+  registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Taches\\T2\\Action\\Goto", "Dest", "T9");
+  registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S2\\Taches\\T1\\Action\\Goto", "Dest", "T9");
+  EXPECT_THAT(Types(), ElementsAre(ActionType::kConditional));
+}
+
+TEST_F(ActionEntries, HaveAnEmptyAssignmentWhereNoneIsStored) {
+  Set("ExeIf", "Variable", "V");
+  Set("Goto", "Valeur", "7");
+  EXPECT_THAT(
+      library.ActionEntries(kTasks, "T1"),
+      ElementsAre(AllOf(Field(&ActionEntry::variable, "V"), Field(&ActionEntry::value, "")),
+                  AllOf(Field(&ActionEntry::variable, ""), Field(&ActionEntry::value, "7"))));
+}
+
 TEST_F(StandaloneHostLibraryTest, ServesNothingBeforeItHasAComponent) {
   StandaloneHostLibrary unattached;
   EXPECT_THROW(unattached.CreateReportWriter(), RuntimeFault);
   EXPECT_THROW(unattached.Variable({}, "S1", "A"), RuntimeFault);
+  EXPECT_THROW(unattached.ActionEntries(kTasks, "T1"), RuntimeFault);
+  EXPECT_THROW(unattached.TitleOfWrapperType(kWrapperType), RuntimeFault);
+  EXPECT_THROW(unattached.SummaryOfWrapperType(kWrapperType), RuntimeFault);
 }
 
 }  // namespace

@@ -5,6 +5,29 @@
 #include "plugin/ImpTable.h"
 
 namespace imptable {
+namespace {
+
+/// Has the component tell about the task, as the scenario host does.
+ExitCode PrintFromComponent(HostContext& context, const CommandRequest& request,
+                            const HostConsole& console, std::string (ImpTable::*text)()) {
+  context.RequireTask(request.scenario, request.task);
+  ImpTable task(context.state, nullptr);
+  task.InitializeProperties(request.task, request.scenario, OffsetOf(context.texts.language()));
+  console.out << (task.*text)() << '\n';
+  return ExitCode::kDone;
+}
+
+}  // namespace
+
+ExitCode PrintDescription(HostContext& context, const CommandRequest& request,
+                          const HostConsole& console) {
+  return PrintFromComponent(context, request, console, &ImpTable::GetTaskDescription);
+}
+
+ExitCode PrintActions(HostContext& context, const CommandRequest& request,
+                      const HostConsole& console) {
+  return PrintFromComponent(context, request, console, &ImpTable::GetActions);
+}
 
 ExitCode ShowStatus(HostContext& context, const CommandRequest& request,
                     const HostConsole& console) {

@@ -1,0 +1,55 @@
+#ifndef HOST_TESTING_HOSTED_COMPONENT_H_
+#define HOST_TESTING_HOSTED_COMPONENT_H_
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "host/StandaloneHostLibrary.h"
+#include "platform/ProfileFile_linux.h"
+#include "platform/testing/FaultyFileSystem.h"
+#include "platform/testing/ManualClock.h"
+#include "platform/testing/ManualMessageLoop.h"
+#include "platform/testing/MemoryRegistry.h"
+#include "platform/testing/PlainEncodings.h"
+#include "platform/testing/RecordingWarningBox.h"
+#include "platform/testing/TemporaryFolder.h"
+#include "plugin/ModuleState.h"
+
+namespace imptable {
+
+/// A component that the stand-alone host's library serves, on ports that a test sets up. Texts are
+/// UTF-8, French unless a test says otherwise; it is 04/03/2026 05:06:07.
+class HostedComponent {
+ public:
+  HostedComponent() { library.Attach(state.commun); }
+
+  ModuleCommun& module() { return state.commun; }
+
+  MemoryRegistry registry;
+  ManualMessageLoop loop;
+  ManualClock clock{{.year = 2026, .month = 3, .day = 4, .hour = 5, .minute = 6, .second = 7}};
+  Utf8TextEncoding encoding;
+  std::unique_ptr<FileSystem> system_files = SystemFileSystem();
+  FaultyFileSystem files{*system_files};
+  RecordingWarningBox warnings;
+  ProfileFileReader profile{files};
+  StandaloneHostLibrary library;
+
+ private:
+  class NoPointer : public MousePointer {
+   public:
+    void ShowHourglass() override {}
+    void Reset() override {}
+  };
+  NoPointer pointer_;
+
+ public:
+  ModuleState state{Platform{registry, loop, clock, encoding, files, warnings, pointer_, profile},
+                    library};
+  TemporaryFolder folder{testing::TempDir()};
+};
+
+}  // namespace imptable
+
+#endif  // HOST_TESTING_HOSTED_COMPONENT_H_
