@@ -102,10 +102,6 @@ std::string ValueLine(const NamedValue& entry) {
 
 }  // namespace
 
-std::string RegistryExportError::Message() const {
-  return origin + ", line " + std::to_string(line) + ": " + problem;
-}
-
 std::optional<std::string> WriteRegistryExport(const RegistryStore& store,
                                                const std::optional<KeyPath>& key) {
   std::vector<StoredKey> keys;

@@ -9,6 +9,7 @@
 #include <variant>
 #include <vector>
 
+#include "host/HostTexts.h"
 #include "platform/RegistryStore.h"
 #include "platform/TextEncoding.h"
 
@@ -18,10 +19,8 @@ namespace imptable {
 struct RegistryExportError {
   std::string origin;    // the name of the file
   std::size_t line = 0;  // from 1; of a text over several lines, the first one
-  std::string problem;   // what is wrong and what to do
-
-  /// @return all of it in one line.
-  std::string Message() const;
+  HostText problem = HostText::kExportNoHeader;  // what is wrong and what to do
+  std::vector<std::string> arguments;            // of that text
 };
 
 /// Reads a registry export file, as the Windows registry editor writes it or as somebody edited it.

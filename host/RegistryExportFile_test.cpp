@@ -237,7 +237,7 @@ TEST(ExportFiles, GiveTheSameRegistryAndTheSameBytesWhenReadBack) {
 
     const auto parsed = ParseRegistryExport(bytes, "export.reg", encoding);
     ASSERT_TRUE(std::holds_alternative<std::vector<RegistryEdit>>(parsed))
-        << std::get<RegistryExportError>(parsed).Message();
+        << "line " << std::get<RegistryExportError>(parsed).line;
     RegistryStore second(folder.path() + "second.db", ".");
     second.DeleteTree({kHkeyCurrentUser, ""});
     second.Apply(std::get<std::vector<RegistryEdit>>(parsed));

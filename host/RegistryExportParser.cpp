@@ -16,7 +16,8 @@ constexpr std::string_view kHeader4 = "REGEDIT4";
 
 struct Fault {
   std::size_t line;
-  std::string problem;
+  HostText problem;
+  std::vector<std::string> arguments;
 };
 
 std::size_t LineEndsIn(std::string_view text) {
@@ -49,35 +50,32 @@ struct Source {
 };
 
 Source Decode(std::string_view bytes, const TextEncoding& encoding) {
-  const auto checked = [](ConvertedText converted, const char* problem) {
+  const auto checked = [](ConvertedText converted, HostText problem) {
     if (converted.complete) return std::move(converted.text);
-    throw Fault{LineEndsIn(converted.text) + 1, problem};
+    throw Fault{LineEndsIn(converted.text) + 1, problem, {}};
   };
-  if (bytes.empty()) throw Fault{1, "the file is empty; export it again"};
+  if (bytes.empty()) throw Fault{1, HostText::kExportEmpty, {}};
   if (bytes.starts_with("\xFE\xFF")) {
-    throw Fault{1, "the file is in UTF-16 big endian; save it in UTF-16 little endian or UTF-8"};
+    throw Fault{1, HostText::kExportBigEndian, {}};
   }
   Source source;
   if (bytes.starts_with(kUtf16Mark)) {
-    source.text = checked(Utf8FromUtf16(bytes.substr(kUtf16Mark.size())),
-                          "the text isn't valid UTF-16 (is the file cut off?); export it again");
+    source.text =
+        checked(Utf8FromUtf16(bytes.substr(kUtf16Mark.size())), HostText::kExportBadUtf16);
   } else if (bytes.starts_with(kHeader4)) {
     source.is_version_5 = false;
-    source.text = checked(Utf8FromAnsi(bytes, encoding),
-                          "a character isn't in the system's code page; export the key again "
-                          "as \"Windows Registry Editor Version 5.00\"");
+    source.text = checked(Utf8FromAnsi(bytes, encoding), HostText::kExportForeignCharacter);
   } else if (bytes.size() > 1 && bytes[1] == '\0') {
-    throw Fault{1, "the byte order mark is missing; save the file in UTF-16 with one or in UTF-8"};
+    throw Fault{1, HostText::kExportNoByteOrderMark, {}};
   } else {
     if (bytes.starts_with(kUtf8Mark)) bytes.remove_prefix(kUtf8Mark.size());
-    source.text = checked(CheckedUtf8(bytes),
-                          "the text isn't valid UTF-8; save the file in UTF-8 or in UTF-16 with "
-                          "byte order mark");
+    source.text = checked(CheckedUtf8(bytes), HostText::kExportBadUtf8);
   }
   const std::size_t nul = source.text.find('\0');
   if (nul != std::string::npos) {
     throw Fault{LineEndsIn(std::string_view(source.text).substr(0, nul)) + 1,
-                "a NUL character; the file is damaged, export it again"};
+                HostText::kExportNulCharacter,
+                {}};
   }
   return source;
 }
@@ -132,7 +130,9 @@ class Parser {
     ++line_;
   }
 
-  [[noreturn]] void Fail(std::string problem) const { throw Fault{line_, std::move(problem)}; }
+  [[noreturn]] void Fail(HostText problem, std::vector<std::string> arguments = {}) const {
+    throw Fault{line_, problem, std::move(arguments)};
+  }
 
   std::string_view RestOfLine() const {
     std::size_t end = position_;
@@ -140,10 +140,10 @@ class Parser {
     return text_.substr(position_, end - position_);
   }
 
-  void ExpectEndOfLine(const std::string& what) {
+  void ExpectEndOfLine(HostText problem) {
     SkipBlanks();
     if (!AtLineEnd() && Peek() != ';') {
-      Fail("unexpected text after " + what + "; put each value on a line of its own");
+      Fail(problem);
     }
   }
 
@@ -151,8 +151,7 @@ class Parser {
     const bool known = Take(is_version_5_ ? kHeader5 : kHeader4);
     SkipBlanks();
     if (!known || !AtLineEnd()) {
-      Fail("the first line is neither \"" + std::string(kHeader5) + "\" nor \"" +
-           std::string(kHeader4) + "\" (in 8-bit); is this a registry export file?");
+      Fail(HostText::kExportNoHeader);
     }
     TakeLineEnd();
   }
@@ -160,20 +159,19 @@ class Parser {
   void ParseKey() {
     const std::string_view rest = RestOfLine();
     const std::size_t close = rest.rfind(']');
-    if (close == std::string_view::npos) Fail("the \"]\" after the key's name is missing");
+    if (close == std::string_view::npos) Fail(HostText::kExportKeyNotClosed);
     std::string_view name = rest.substr(1, close - 1);
     position_ += close + 1;
-    ExpectEndOfLine("the \"]\"");
+    ExpectEndOfLine(HostText::kExportTextAfterKey);
     const bool deletion = name.starts_with('-');
     if (deletion) name.remove_prefix(1);
     key_ = KeyPathFromName(name);
     if (!key_) {
       const std::string_view root = name.substr(0, name.find('\\'));
-      if (KeyPathFromName(root)) Fail("an empty key name; write one \"\\\" between two names");
-      Fail("unknown root \"" + std::string(root) +
-           "\"; there are HKEY_LOCAL_MACHINE and HKEY_CURRENT_USER");
+      if (KeyPathFromName(root)) Fail(HostText::kExportEmptyKeyName);
+      Fail(HostText::kExportUnknownRoot, {encoding_.FromUtf8(root)});
     }
-    if (deletion && key_->path.empty()) Fail("a root can't be deleted; name a key below it");
+    if (deletion && key_->path.empty()) Fail(HostText::kExportRootDeletion);
     edits_.push_back({deletion ? Action::kDeleteTree : Action::kCreateKey, *key_, "", {}});
     if (deletion) key_.reset();
   }
@@ -182,15 +180,15 @@ class Parser {
     RegistryEdit edit;
     if (!Take("@")) {
       if (Peek() != '"') {
-        Fail("neither a key, nor a value, nor a comment; a value is \"name\"=... or @=...");
+        Fail(HostText::kExportStrangeLine);
       }
       edit.name = ParseQuoted();
     }
-    if (!key_) Fail("a value before any key; put a line [root\\key] before it");
+    if (!key_) Fail(HostText::kExportValueBeforeKey);
     edit.key = *key_;
     edit.action = Action::kSetValue;
     SkipBlanks();
-    if (!Take("=")) Fail("the \"=\" after the value's name is missing");
+    if (!Take("=")) Fail(HostText::kExportNoEqualSign);
     SkipBlanks();
     if (Take("-")) {
       edit.action = Action::kDeleteValue;
@@ -201,9 +199,9 @@ class Parser {
     } else if (Take("hex")) {
       edit.value = ParseHex();
     } else {
-      Fail("unknown kind of value; write \"text\", dword:, hex: or hex(type):");
+      Fail(HostText::kExportUnknownKind);
     }
-    ExpectEndOfLine("the value");
+    ExpectEndOfLine(HostText::kExportTextAfterValue);
     edits_.push_back(std::move(edit));
   }
 
@@ -212,7 +210,7 @@ class Parser {
     std::string text;
     ++position_;
     for (;;) {
-      if (AtEnd()) throw Fault{first_line, "the closing quote is missing; is the file cut off?"};
+      if (AtEnd()) throw Fault{first_line, HostText::kExportQuoteNotClosed, {}};
       if (Take("\"")) return text;
       if (IsLineEnd(Peek())) {
         const std::size_t start = position_;
@@ -220,7 +218,7 @@ class Parser {
         text += text_.substr(start, position_ - start);
       } else if (Take("\\")) {
         if (AtEnd() || (Peek() != '\\' && Peek() != '"')) {
-          Fail("\"\\\" before something else than \"\\\" or a quote; write \"\\\\\" for a \"\\\"");
+          Fail(HostText::kExportStrayBackslash);
         }
         text += text_[position_++];
       } else {
@@ -243,7 +241,7 @@ class Parser {
   std::string ParseNumber() {
     SkipBlanks();
     const auto number = TakeHexDigits(8);
-    if (!number) Fail("a dword needs 1 to 8 hexadecimal digits");
+    if (!number) Fail(HostText::kExportBadNumber);
     std::string data;
     for (unsigned shift = 0; shift < 32; shift += 8) {
       data += static_cast<char>(*number >> shift & 0xFFU);
@@ -255,19 +253,18 @@ class Parser {
     auto type = RegistryType::kBinary;
     if (Take("(")) {
       const auto number = TakeHexDigits(8);
-      if (!number || !Take(")")) Fail("the type is wrong; write it as in hex(2):");
+      if (!number || !Take(")")) Fail(HostText::kExportBadType);
       type = static_cast<RegistryType>(*number);
     }
-    if (!Take(":")) Fail("the \":\" after hex is missing");
+    if (!Take(":")) Fail(HostText::kExportNoColon);
     const std::size_t first_line = line_;
     const std::string bytes = ParseBytes();
     if (!IsText(type)) return {type, bytes};
     ConvertedText text = is_version_5_ ? Utf8FromUtf16(bytes) : Utf8FromAnsi(bytes, encoding_);
     if (text.complete) return {type, std::move(text.text)};
-    throw Fault{first_line, is_version_5_
-                                ? "the bytes aren't valid UTF-16; a text takes two for a character"
-                                : "a byte isn't in the system's code page; export the key again "
-                                  "as \"Windows Registry Editor Version 5.00\""};
+    throw Fault{first_line,
+                is_version_5_ ? HostText::kExportBadUtf16Bytes : HostText::kExportForeignByte,
+                {}};
   }
 
   std::string ParseBytes() {
@@ -277,7 +274,7 @@ class Parser {
     if (AtLineEnd() || Peek() == ';') return bytes;
     for (;;) {
       const auto byte = TakeHexDigits(2);
-      if (!byte) Fail("a byte needs 1 or 2 hexadecimal digits; is the file cut off?");
+      if (!byte) Fail(HostText::kExportBadByte);
       bytes += static_cast<char>(*byte);
       ContinueLine();
       if (!Take(",")) return bytes;
@@ -291,8 +288,8 @@ class Parser {
     while (!AtEnd() && Peek() == '\\') {
       ++position_;
       SkipBlanks();
-      if (!AtLineEnd()) Fail("text after the \"\\\" that continues the line");
-      if (AtEnd()) Fail("the line is continued, but the file ends; is it cut off?");
+      if (!AtLineEnd()) Fail(HostText::kExportTextAfterBackslash);
+      if (AtEnd()) Fail(HostText::kExportContinuedAtEnd);
       TakeLineEnd();
       SkipBlanks();
     }
@@ -315,7 +312,7 @@ std::variant<std::vector<RegistryEdit>, RegistryExportError> ParseRegistryExport
     const Source source = Decode(bytes, encoding);
     return Parser(source, encoding).Parse();
   } catch (const Fault& fault) {
-    return RegistryExportError{std::string(origin), fault.line, fault.problem};
+    return RegistryExportError{std::string(origin), fault.line, fault.problem, fault.arguments};
   }
 }
 

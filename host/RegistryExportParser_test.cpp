@@ -37,11 +37,17 @@ std::string Described(const RegistryEdit& edit) {
   return text;
 }
 
+std::string ProblemOf(const RegistryExportError& error, Language language = Language::kEnglish) {
+  const Utf8TextEncoding encoding;
+  return HostTexts(language, encoding).Text(error.problem, error.arguments);
+}
+
 /// @return what the file would do, or its error, one line each.
 std::vector<std::string> Read(const std::string& bytes,
                               const TextEncoding& encoding = Utf8TextEncoding()) {
   const auto parsed = ParseRegistryExport(bytes, "t.reg", encoding);
-  if (const auto* error = std::get_if<RegistryExportError>(&parsed)) return {error->Message()};
+  if (const auto* error = std::get_if<RegistryExportError>(&parsed))
+    return {"t.reg, line " + std::to_string(error->line) + ": " + ProblemOf(*error)};
   std::vector<std::string> lines;
   for (const RegistryEdit& edit : std::get<std::vector<RegistryEdit>>(parsed)) {
     lines.push_back(Described(edit));
@@ -165,10 +171,11 @@ TEST_P(ExportDamage, IsReportedWithItsLineAndWhatToDo) {
   const auto parsed = ParseRegistryExport(GetParam().bytes, "folder/t.reg", Utf8TextEncoding());
   ASSERT_TRUE(std::holds_alternative<RegistryExportError>(parsed));
   const auto& error = std::get<RegistryExportError>(parsed);
-  EXPECT_EQ(error.line, GetParam().line) << error.Message();
-  EXPECT_THAT(error.problem, HasSubstr(GetParam().hint));
-  EXPECT_THAT(error.Message(), HasSubstr("folder/t.reg, line " + std::to_string(error.line)));
-  EXPECT_THAT(error.Message(), Not(HasSubstr("\n")));
+  EXPECT_EQ(error.origin, "folder/t.reg");
+  EXPECT_EQ(error.line, GetParam().line) << ProblemOf(error);
+  EXPECT_THAT(ProblemOf(error), HasSubstr(GetParam().hint));
+  EXPECT_THAT(ProblemOf(error), Not(HasSubstr("\n")));
+  EXPECT_NE(ProblemOf(error, Language::kFrench), ProblemOf(error));
 }
 
 INSTANTIATE_TEST_SUITE_P(

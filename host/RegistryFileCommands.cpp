@@ -39,7 +39,9 @@ ExitCode ImportRegistry(HostContext& context, const CommandRequest& request,
   const std::string bytes = ReadWhole(context, request.file, console.in);
   const auto parsed = ParseRegistryExport(bytes, request.file, *context.encoding);
   if (const auto* error = std::get_if<RegistryExportError>(&parsed)) {
-    throw HostError(ExitCode::kUsage, HostText::kFaultyExport, {error->Message()});
+    throw HostError(ExitCode::kUsage, HostText::kFaultyExport,
+                    {error->origin, std::to_string(error->line),
+                     context.texts.Text(error->problem, error->arguments)});
   }
   context.store.Apply(std::get<std::vector<RegistryEdit>>(parsed));
   return ExitCode::kDone;

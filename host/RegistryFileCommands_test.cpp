@@ -42,8 +42,13 @@ TEST_F(RegistryFileCommands, ImportNothingOfAFaultyFileAndNameItsLine) {
   const auto result = session.Run({"reg", "import", path});
   EXPECT_EQ(result.code, 2);
   EXPECT_THAT(result.err, MatchesRegex("imptable: [^\n]+\n"));
-  EXPECT_THAT(result.err, HasSubstr(path + ", line 6: "));
+  EXPECT_EQ(result.err,
+            "imptable: " + path + ", line 6: a dword needs 1 to 8 hexadecimal digits\n");
   EXPECT_EQ(session.Run({"list"}).out, "");
+  const auto french = HostSession::RunAsIs(
+      {"--registry", session.registry(), "--lang", "fr", "reg", "import", path});
+  EXPECT_EQ(french.err, "imptable: " + path +
+                            ", ligne 6 : un dword s'écrit avec 1 à 8 chiffres hexadécimaux\n");
 }
 
 TEST_F(RegistryFileCommands, ImportNoFileThatIsMissingOrADirectory) {

@@ -7,6 +7,7 @@
 #include "host/HostError.h"
 #include "host/LiveDisplay.h"
 #include "host/LiveLine.h"
+#include "host/RegistryFailureText.h"
 #include "host/RunOutcome.h"
 #include "host/RunSummary.h"
 #include "host/StopSignals.h"
@@ -91,7 +92,9 @@ RunOutcome OutcomeOf(const HostContext& context, const CommandRequest& request,
   outcome.can_resume = CanResume(*context.files, run);
   if (run.fault) outcome.fault = module.FaultText(*run.fault);
   outcome.report_failed = context.library.report_failed();
-  outcome.registry_failure = context.registry.last_write_failure();
+  if (const auto& failure = context.registry.last_write_failure()) {
+    outcome.registry_failure = RegistryFailureText(*failure, context.texts);
+  }
   return outcome;
 }
 

@@ -11,6 +11,7 @@
 #include "host/Commands.h"
 #include "host/HelpTexts.h"
 #include "host/HostError.h"
+#include "host/RegistryFailureText.h"
 #include "host/RegistryLocation.h"
 
 namespace imptable {
@@ -21,8 +22,10 @@ struct Command {
   ExitCode (*carry_out)(HostContext&, const CommandRequest&, const HostConsole&);
 };
 
-constexpr std::array<Command, 10> kCommands{{
+constexpr std::array<Command, 12> kCommands{{
     {"run", RunTask},
+    {"describe", PrintDescription},
+    {"actions", PrintActions},
     {"status", ShowStatus},
     {"list", ListNames},
     {"get", GetSettings},
@@ -60,8 +63,8 @@ class Invocation {
       return Fail(error.code(), Texts().Text(error.text(), error.arguments()));
     } catch (const RuntimeFault& fault) {
       return Fail(ExitCode::kFault, DescribeFault(fault, OffsetOf(language_), *encoding_));
-    } catch (const RegistryError& error) {
-      return Fail(ExitCode::kFault, error.what());
+    } catch (const RegistryFileError& error) {
+      return Fail(ExitCode::kFault, RegistryFailureText(error, Texts()));
     } catch (const std::exception& error) {
       return Fail(ExitCode::kFault, Texts().Text(HostText::kUnexpected, {error.what()}));
     }

@@ -1,7 +1,20 @@
+#include <cstdlib>
+#include <string>
+
 #include "host/Commands.h"
+#include "host/SourceHint.h"
+#include "odbc/DriverList.h"
 #include "odbc/ModuleODBC.h"
 
 namespace imptable {
+namespace {
+
+std::string EnvironmentVariable(const char* name, const char* otherwise) {
+  const char* const value = std::getenv(name);
+  return value == nullptr || *value == '\0' ? otherwise : value;
+}
+
+}  // namespace
 
 ExitCode ListSources(HostContext& context, const CommandRequest&, const HostConsole& console) {
   bool found = false;
@@ -9,7 +22,12 @@ ExitCode ListSources(HostContext& context, const CommandRequest&, const HostCons
     found = true;
     console.out << name << '\n';
   });
-  if (!found) PrintErrorLine(console.err, context.texts.Text(HostText::kNoSources));
+  if (found) return ExitCode::kDone;
+  // More than an error's one line: it is no error, and an example needs its line breaks.
+  console.err << "imptable: "
+              << SourceHint(InstalledDrivers(), EnvironmentVariable("ODBCINI", "~/.odbc.ini"),
+                            EnvironmentVariable("HOME", "/home/me"), context.texts)
+              << '\n';
   return ExitCode::kDone;
 }
 

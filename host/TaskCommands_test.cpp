@@ -7,6 +7,7 @@
 namespace imptable {
 namespace {
 
+using testing::AllOf;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::MatchesRegex;
@@ -57,8 +58,48 @@ TEST_F(TaskCommands, ShowNoStatusOfATaskThatNeverRan) {
 TEST_F(TaskCommands, ShowTheStatusOfTheLastRun) {
   Printed({"set", "S", "T", "Etat=3", "ExecuteLe=04/03/26 05:06:07"});
   EXPECT_EQ(Printed({"status", "S", "T"}), "3\n04/03/26 05:06:07\n");
-  EXPECT_THAT(Refused(3, {"status", "S", "U"}), HasSubstr("\"U\""));
-  EXPECT_THAT(Refused(3, {"status", "X", "T"}), HasSubstr("\"X\""));
+}
+
+TEST_F(TaskCommands, DescribeATaskInOneFragmentAndALineFeed) {
+  Printed({"set", "Été", "T", "Base Cible=compta", "Table=CLIENT", "Colonnes\\1=7,7,,/,",
+           "NombreColonnes=1", "Comment=de nuit"});
+  const std::string english = Printed({"describe", "été", "T"});
+  EXPECT_THAT(
+      english,
+      AllOf(StartsWith("<table class=\"t\"><tr><td class=\"k\">T</td>"
+                       "<td class=\"n\">Import Table</td>"),
+            HasSubstr("<td class=\"i\">ODBC source</td><td class=\"j\">compta</td>"),
+            HasSubstr("CLIENT"), HasSubstr("7,7,,/,"), HasSubstr("de nuit"), EndsWith("<hr>\n")));
+  const auto french = HostSession::RunAsIs(
+      {"--registry", session.registry(), "--lang", "fr", "describe", "Été", "T"});
+  EXPECT_EQ(french.code, 0);
+  EXPECT_THAT(french.out, HasSubstr("Importation Table"));
+}
+
+TEST_F(TaskCommands, ShowTheScenarioActionsThatTheTaskHas) {
+  Printed({"set", "S", "T", "Mode=0"});
+  EXPECT_EQ(Printed({"actions", "S", "T"}), "\n");
+  const auto imported =
+      session.Run({"reg", "import", "-"},
+                  "REGEDIT4\n\n"
+                  "[HKLM\\SOFTWARE\\KALDO\\Scenarios\\S\\Taches\\T\\Action\\Goto]\n"
+                  "\"Dest\"=\"T9\"\n\"GVar\"=\"N\"\n\"Ope\"=\"3\"\n\"Value\"=\"10\"\n"
+                  "[HKLM\\SOFTWARE\\KALDO\\Scenarios\\S\\Taches\\T\\Action\\OnErr]\n"
+                  "\"Go\"=\"1\"\n\"Variable\"=\"V\"\n\"Valeur\"=\"7\"\n");
+  ASSERT_EQ(imported.code, 0) << imported.err;
+  EXPECT_EQ(Printed({"actions", "S", "T"}),
+            "[OnErr]#Run scenario : True\r\n    Auto-Run : False\r\n    @V = 7#"
+            "[Goto]#Goto T9\r\n    Check after execution : False\r\n    If @N >= 10#\n");
+}
+
+TEST_F(TaskCommands, TellNothingAboutATaskThatThereIsNot) {
+  Printed({"set", "S", "T", "Mode=0"});
+  for (const char* command : {"describe", "actions", "status", "get", "delete"}) {
+    EXPECT_THAT(Refused(3, {command, "S", "U"}),
+                HasSubstr("no task \"U\" in scenario \"S\": \"imptable list\" lists the tasks"));
+    EXPECT_THAT(Refused(3, {command, "X", "T"}),
+                HasSubstr("no scenario \"X\": \"imptable list\" lists the scenarios"));
+  }
 }
 
 TEST_F(TaskCommands, DeleteATaskWithItsSubkeys) {
@@ -204,8 +245,12 @@ TEST(HostRegistry, ThatCannotBeUsedIsCode4AndNamed) {
     const auto result = session.Run(command);
     EXPECT_EQ(result.code, 4);
     EXPECT_THAT(result.err, MatchesRegex("imptable: [^\n]+\n"));
-    EXPECT_THAT(result.err, HasSubstr(session.registry()));
+    EXPECT_THAT(result.err, HasSubstr("registry file \"" + session.registry() + '"'));
   }
+  EXPECT_THAT(
+      HostSession::RunAsIs({"--registry", session.registry(), "list"}).err,
+      AllOf(HasSubstr("le fichier du registre \"" + session.registry() + "\" n'en est pas un"),
+            HasSubstr("en donner un autre")));
   EXPECT_EQ(session.folder.Read("registry.db"), "this is no registry file at all");
 }
 

@@ -19,7 +19,7 @@ enum class RegistryFileFault {
 };
 
 /// The registry file can't be opened, read or written. what() is one line that names the file,
-/// what is wrong with it and what to do.
+/// what is wrong with it and what to do, in English; who speaks another language has the parts.
 class RegistryFileError : public RegistryError {
  public:
   /// @param detail  the reason in the words of whoever found it; may be empty.
@@ -27,10 +27,12 @@ class RegistryFileError : public RegistryError {
 
   const std::string& path() const noexcept { return path_; }
   RegistryFileFault fault() const noexcept { return fault_; }
+  const std::string& detail() const noexcept { return detail_; }
 
  private:
   std::string path_;
   RegistryFileFault fault_;
+  std::string detail_;
 };
 
 }  // namespace imptable

@@ -52,6 +52,6 @@ std::string Sentence(const std::string& path, RegistryFileFault fault, std::stri
 
 RegistryFileError::RegistryFileError(const std::string& path, RegistryFileFault fault,
                                      std::string_view detail)
-    : RegistryError(Sentence(path, fault, detail)), path_(path), fault_(fault) {}
+    : RegistryError(Sentence(path, fault, detail)), path_(path), fault_(fault), detail_(detail) {}
 
 }  // namespace imptable

@@ -38,9 +38,9 @@ class SqliteRegistry : public Registry {
   std::vector<std::string> ValueNames(const KeyPath& key) const override;
   std::vector<std::string> SubkeyNames(const KeyPath& key) const override;
 
-  /// Why the latest one of the writes and deletions that failed for the file's sake did, in one
-  /// line; a later success doesn't clear it.
-  const std::optional<std::string>& last_write_failure() const { return last_write_failure_; }
+  /// Why the latest one of the writes and deletions that failed for the file's sake did; a later
+  /// success doesn't clear it.
+  const std::optional<RegistryFileError>& last_write_failure() const { return last_write_failure_; }
 
  private:
   KeyPath Stored(const KeyPath& key) const;
@@ -48,7 +48,7 @@ class SqliteRegistry : public Registry {
 
   RegistryStore& store_;
   const TextEncoding& encoding_;
-  std::optional<std::string> last_write_failure_;
+  std::optional<RegistryFileError> last_write_failure_;
 };
 
 }  // namespace imptable

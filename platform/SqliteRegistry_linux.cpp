@@ -104,7 +104,7 @@ std::int32_t SqliteRegistry::Attempt(const std::function<std::int32_t()>& change
   try {
     return change();
   } catch (const RegistryFileError& error) {
-    last_write_failure_ = error.what();
+    last_write_failure_ = error;
     return CodeOf(error.fault());
   }
 }

@@ -86,10 +86,11 @@ TEST_F(AdaptedRegistry, DoesNotPassADamagedFileForAnEmptyOne) {
   EXPECT_THROW(registry_.ValueNames(kKey), RegistryError);
   Sql("DROP TABLE keys");
   EXPECT_THROW(registry_.SubkeyNames(kKey), RegistryError);
-  EXPECT_EQ(registry_.last_write_failure(), std::nullopt);
+  EXPECT_FALSE(registry_.last_write_failure());
   EXPECT_EQ(registry_.Write(kKey, "v", {}), 1009);
   EXPECT_EQ(registry_.DeleteKey(kKey), 1009);
-  EXPECT_THAT(registry_.last_write_failure().value_or(""), HasSubstr(path_));
+  ASSERT_TRUE(registry_.last_write_failure());
+  EXPECT_EQ(registry_.last_write_failure()->path(), path_);
 }
 
 TEST_F(AdaptedRegistry, RemembersWhyAWriteFailed) {
@@ -99,13 +100,14 @@ TEST_F(AdaptedRegistry, RemembersWhyAWriteFailed) {
   EXPECT_EQ(registry_.Write(kKey, "v", {}), 33);
   sqlite3_close(other);
   EXPECT_EQ(registry_.Write(kKey, "v", {}), kRegistryOk);
-  EXPECT_THAT(registry_.last_write_failure().value_or(""), HasSubstr("locked"));
+  ASSERT_TRUE(registry_.last_write_failure());
+  EXPECT_EQ(registry_.last_write_failure()->fault(), RegistryFileFault::kLocked);
 }
 
 TEST_F(AdaptedRegistry, DoesNotCountARefusedDeletionAsAFailureOfTheFile) {
   EXPECT_EQ(registry_.DeleteKey(kKey), kRegistryNotFound);
   EXPECT_EQ(registry_.DeleteKey({kHkeyLocalMachine, ""}), kRegistryAccessDenied);
-  EXPECT_EQ(registry_.last_write_failure(), std::nullopt);
+  EXPECT_FALSE(registry_.last_write_failure());
 }
 
 }  // namespace
