@@ -11,7 +11,6 @@
 namespace imptable {
 namespace {
 
-constexpr std::string_view kEraseLine = "\r\x1b[K";
 constexpr std::int64_t kMostSeconds = 99LL * 3600;  // beyond that a forecast says nothing
 
 std::string TwoDigits(std::int64_t number) {
@@ -29,6 +28,14 @@ std::string DurationText(std::int64_t seconds) {
 
 std::size_t CharacterLength(std::string_view text, bool utf8) {
   return utf8 ? std::max<std::size_t>(Utf8Length(text), 1) : 1;
+}
+
+int CharactersIn(std::string_view text, bool utf8) {
+  int characters = 0;
+  for (std::size_t at = 0; at < text.size(); at += CharacterLength(text.substr(at), utf8)) {
+    ++characters;
+  }
+  return characters;
 }
 
 /// A line of a terminal: a part that doesn't fit is left out, a first part that doesn't is cut.
@@ -84,13 +91,27 @@ std::string LiveLineText(const RunProgress& progress, double seconds, int column
 }
 
 void LiveLine::Draw(const RunProgress& progress, double seconds) {
-  out_ << kEraseLine << LiveLineText(progress, seconds, terminal_.Columns(), texts_) << std::flush;
-  drawn_ = true;
+  const std::string text = LiveLineText(progress, seconds, terminal_.Columns(), texts_);
+  Erase();
+  out_ << text << std::flush;
+  drawn_ = CharactersIn(text, texts_.encoding().IsUtf8());
 }
 
 void LiveLine::Remove() {
-  if (drawn_) out_ << kEraseLine << std::flush;
-  drawn_ = false;
+  if (!drawn_) return;
+  Erase();
+  out_ << std::flush;
+  drawn_.reset();
+}
+
+void LiveLine::Erase() {
+  const int columns = terminal_.Columns();
+  const int rows_above = columns > 0 && drawn_ > columns ? (*drawn_ - 1) / columns : 0;
+  if (rows_above > 0) {
+    out_ << "\r\x1b[" << rows_above << "A\x1b[J";
+  } else {
+    out_ << "\r\x1b[K";
+  }
 }
 
 }  // namespace imptable

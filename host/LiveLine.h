@@ -1,6 +1,7 @@
 #ifndef HOST_LIVE_LINE_H_
 #define HOST_LIVE_LINE_H_
 
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -17,7 +18,8 @@ namespace imptable {
 std::string LiveLineText(const RunProgress& progress, double seconds, int columns,
                          const HostTexts& texts);
 
-/// The line that is redrawn in place while a run goes on.
+/// The line that is redrawn in place while a run goes on. A terminal that became too narrow for it
+/// has wrapped it: then all its rows are erased.
 class LiveLine {
  public:
   /// All borrowed.
@@ -31,10 +33,12 @@ class LiveLine {
   void Remove();
 
  private:
+  void Erase();
+
   std::ostream& out_;
   const Terminal& terminal_;
   const HostTexts& texts_;
-  bool drawn_ = false;
+  std::optional<int> drawn_;  // characters
 };
 
 }  // namespace imptable

@@ -88,7 +88,33 @@ TEST_F(LiveLineTest, IsRedrawnInPlaceForTheWidthOfTheMomentAndRemovedOnce) {
     line.Draw({.read = 2}, 0);
     line.Remove();
   }
-  EXPECT_EQ(out.str(), "\r\x1b[K1 read\r\x1b[K2 re\r\x1b[K");
+  EXPECT_EQ(out.str(), "\r\x1b[K1 read\r\x1b[1A\x1b[J2 re\r\x1b[K");
+}
+
+TEST_F(LiveLineTest, IsErasedWithAllTheRowsThatANarrowerTerminalWrappedItTo) {
+  std::ostringstream out;
+  FixedTerminal terminal(40);
+  LiveLine line(out, terminal, french);
+  line.Draw({.read = 1}, 0);
+  const std::size_t drawn = out.str().size();
+  const auto since = [&] { return out.str().substr(drawn); };
+  terminal.Resize(12);
+  line.Draw({.read = 2}, 0);
+  // "1 lues  0 écrites  0 rejetées" has 29 characters: 12, 12 and 5.
+  EXPECT_EQ(since(), "\r\x1b[2A\x1b[J2 lues  0 éc");
+  terminal.Resize(6);
+  line.Remove();
+  EXPECT_EQ(since(), "\r\x1b[2A\x1b[J2 lues  0 éc\r\x1b[1A\x1b[J");
+}
+
+TEST_F(LiveLineTest, IsErasedAsOneRowOnATerminalThatGrewOrTellsNoWidth) {
+  std::ostringstream out;
+  FixedTerminal terminal(6);
+  LiveLine line(out, terminal, english);
+  line.Draw({.read = 1}, 0);
+  terminal.Resize(0);
+  line.Remove();
+  EXPECT_EQ(out.str(), "\r\x1b[K1 read\r\x1b[K");
 }
 
 TEST_F(LiveLineTest, LeavesNothingBehindWhenItGoes) {
