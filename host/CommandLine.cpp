@@ -132,19 +132,48 @@ void AddOtherCommands(CLI::App& app, CommandRequest& request) {
   reg_export.add_option("KEY", request.key);
 }
 
+/// All that can be given, and where the parser puts it.
+struct Grammar {
+  explicit Grammar(CommandRequest& request) {
+    app.require_subcommand(1);
+    app.set_version_flag("--version", IMPTABLE_VERSION);
+    TakeLast(registry);
+    TakeLast(language);
+    AddTaskCommands(app, request);
+    AddOtherCommands(app, request);
+  }
+
+  CLI::App app{"", std::string(kProgram)};
+  CLI::Option* registry = app.add_option("--registry");
+  CLI::Option* language = app.add_option("--lang");
+};
+
+void AddForms(const CLI::App& app, std::vector<CommandForm>& forms) {
+  CommandForm form{CommandPath(app), {}};
+  for (const CLI::Option* option : app.get_options()) {
+    for (const std::string& name : option->get_lnames()) form.options.push_back("--" + name);
+    for (const std::string& name : option->get_snames()) form.options.push_back('-' + name);
+  }
+  forms.push_back(std::move(form));
+  for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
+    AddForms(*command, forms);
+  }
+}
+
 }  // namespace
+
+std::vector<CommandForm> CommandForms() {
+  CommandRequest request;
+  const Grammar grammar(request);
+  std::vector<CommandForm> forms;
+  AddForms(grammar.app, forms);
+  return forms;
+}
 
 CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
   CommandLine line;
-  CLI::App app{"", std::string(kProgram)};
-  app.require_subcommand(1);
-  app.set_version_flag("--version", IMPTABLE_VERSION);
-  CLI::Option* const registry = app.add_option("--registry");
-  CLI::Option* const language = app.add_option("--lang");
-  TakeLast(registry);
-  TakeLast(language);
-  AddTaskCommands(app, line.request);
-  AddOtherCommands(app, line.request);
+  Grammar grammar(line.request);
+  CLI::App& app = grammar.app;
 
   try {
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
@@ -157,12 +186,12 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
   }
 
   line.request.command = CommandPath(ChosenCommand(app));
-  if (!registry->results().empty()) line.registry = registry->results().back();
-  if (!language->results().empty()) {
-    line.language = LanguageNamed(language->results().back());
+  if (!grammar.registry->results().empty()) line.registry = grammar.registry->results().back();
+  if (!grammar.language->results().empty()) {
+    const std::string language = grammar.language->results().back();
+    line.language = LanguageNamed(language);
     if (!line.language && !line.error) {
-      line.error =
-          HostError(ExitCode::kUsage, HostText::kUnknownLanguage, {language->results().back()});
+      line.error = HostError(ExitCode::kUsage, HostText::kUnknownLanguage, {language});
     }
   }
   // The parser takes a bracketed argument apart as a list; none of these is a value's name.

@@ -23,6 +23,15 @@ struct CommandLine {
   std::optional<HostError> error;  // kError
 };
 
+/// A command as the parser knows it.
+struct CommandForm {
+  std::string name;                  // such as "reg import"; empty for the program itself
+  std::vector<std::string> options;  // such as "--report"
+};
+
+/// Every command and group of commands, the program first.
+std::vector<CommandForm> CommandForms();
+
 /// @param arguments  without the program's name.
 CommandLine ParseCommandLine(const std::vector<std::string>& arguments);
 
