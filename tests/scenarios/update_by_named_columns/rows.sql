@@ -1,0 +1,1 @@
+SELECT code, site, name FROM client ORDER BY code, site;
