@@ -79,6 +79,12 @@ HostError ErrorFor(const CLI::ParseError& error, const CLI::App& app) {
   if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
     return UsageError(HostText::kMissingOptionValue, reason.substr(0, reason.find(':')), command);
   }
+  for (const CLI::Option* option : command.get_options()) {
+    const bool is_flag = option->get_expected_max() == 0;
+    if (is_flag && option->count() > 0 && reason.find(option->get_name()) != std::string::npos) {
+      return UsageError(HostText::kFlagWithValue, option->get_name(), command);
+    }
+  }
   return UsageError(HostText::kWrongUsage, reason, command);
 }
 

@@ -137,6 +137,18 @@ TEST_F(RunCommand, IsCode1WhenTheDataSourceRefusesTheConnection) {
   EXPECT_THAT(result.out + result.err, Not(HasSubstr("top secret")));
 }
 
+TEST_F(RunCommand, IsCode1WhenTheDeletionBeforeTheImportFailed) {
+  session.Run({"set", "S", "T", "Suppression=1"});
+  Driver("on SQLExecDirect return -1 diag 42000 229 \"no right to empty the table\"");
+  const auto result = Run();
+  EXPECT_EQ(result.code, 1);
+  EXPECT_THAT(result.err, MatchesRegex(kOneLine));
+  EXPECT_THAT(result.err, AllOf(HasSubstr("task \"T\": the deletion before the import failed"),
+                                HasSubstr("see the report " + report())));
+  EXPECT_THAT(session.folder.Read("report.txt"), HasSubstr("no right to empty the table"));
+  EXPECT_EQ(Status(), "3\n");
+}
+
 TEST_F(RunCommand, IsCode4WhenAFaultStoppedTheRun) {
   session.Run({"set", "S", "T", "Erreurs=many"});
   const auto result = Run();
@@ -211,18 +223,20 @@ TEST_F(RunCommand, KeepsItsCodeWhenNobodyReadsTheSummary) {
 /// Asks for the end of the run, as Ctrl-C does, the moment the live line is first drawn.
 class InterruptingTerminal : public Terminal {
  public:
+  explicit InterruptingTerminal(int signal) : signal_(signal) {}
   int Columns() const override {
-    if (!raised_) raise(SIGINT);
+    if (!raised_) raise(signal_);
     raised_ = true;
     return 200;
   }
 
  private:
+  int signal_;
   mutable bool raised_ = false;
 };
 
 TEST_F(RunCommand, IsCode130WhenInterruptedAndLeavesTheSignalsAsTheyWere) {
-  const InterruptingTerminal terminal;
+  const InterruptingTerminal terminal(SIGINT);
   struct sigaction before {};
   sigaction(SIGINT, nullptr, &before);
   const auto result = Run({}, &terminal);
@@ -233,6 +247,11 @@ TEST_F(RunCommand, IsCode130WhenInterruptedAndLeavesTheSignalsAsTheyWere) {
   struct sigaction after {};
   sigaction(SIGINT, nullptr, &after);
   EXPECT_EQ(after.sa_handler, before.sa_handler);
+}
+
+TEST_F(RunCommand, IsCode130WhenTerminated) {
+  const InterruptingTerminal terminal(SIGTERM);
+  EXPECT_EQ(Run({}, &terminal).code, 130);
 }
 
 TEST_F(RunCommand, ListsTheDataSources) {

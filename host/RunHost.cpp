@@ -62,7 +62,7 @@ class Invocation {
     } catch (const HostError& error) {
       return Fail(error.code(), Texts().Text(error.text(), error.arguments()));
     } catch (const RuntimeFault& fault) {
-      return Fail(ExitCode::kFault, DescribeFault(fault, OffsetOf(language_), *encoding_));
+      return Fail(ExitCode::kFault, FaultText(fault));
     } catch (const RegistryFileError& error) {
       return Fail(ExitCode::kFault, RegistryFailureText(error, Texts()));
     } catch (const std::exception& error) {
@@ -72,6 +72,16 @@ class Invocation {
 
  private:
   HostTexts Texts() const { return {language_, *encoding_}; }
+
+  /// A value that isn't what the component takes it for is the user's to mend.
+  std::string FaultText(const RuntimeFault& fault) const {
+    const std::string text = DescribeFault(fault, OffsetOf(language_), *encoding_);
+    const bool is_value =
+        fault.number() == FaultNumber::kTypeMismatch || fault.number() == FaultNumber::kOverflow;
+    return is_value && !line_.request.task.empty()
+               ? Texts().Text(HostText::kFaultyValue, {line_.request.task, text})
+               : Texts().Text(HostText::kUnexpected, {text});
+  }
 
   ExitCode Fail(ExitCode code, const std::string& text) {
     PrintErrorLine(console_.err, text);

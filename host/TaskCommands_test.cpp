@@ -92,6 +92,19 @@ TEST_F(TaskCommands, ShowTheScenarioActionsThatTheTaskHas) {
             "[Goto]#Goto T9\r\n    Check after execution : False\r\n    If @N >= 10#\n");
 }
 
+TEST_F(TaskCommands, AreCode4AndNameTheValueThatTheComponentCannotTake) {
+  const std::string file =
+      session.folder.Write("t.reg",
+                           "REGEDIT4\n\n[HKLM\\SOFTWARE\\KALDO\\Scenarios\\S\\Taches\\T]\n"
+                           "\"Etat\"=\"done\"\n\"Mode\"=\"99999\"\n");
+  Printed({"reg", "import", file});
+  EXPECT_EQ(Refused(4, {"status", "S", "T"}),
+            "imptable: task \"T\": Type mismatch : \"Etat\" = \"done\": mend this value with "
+            "\"imptable set\"\n");
+  EXPECT_THAT(Refused(4, {"describe", "S", "T"}),
+              AllOf(HasSubstr("\"Mode\" = \"99999\""), HasSubstr("\"imptable set\"")));
+}
+
 TEST_F(TaskCommands, TellNothingAboutATaskThatThereIsNot) {
   Printed({"set", "S", "T", "Mode=0"});
   for (const char* command : {"describe", "actions", "status", "get", "delete"}) {
