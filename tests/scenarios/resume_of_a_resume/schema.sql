@@ -1,0 +1,5 @@
+CREATE TABLE client (
+  code INTEGER PRIMARY KEY,
+  name VARCHAR(30) NOT NULL,
+  since DATE
+);
