@@ -100,6 +100,7 @@ TEST_F(ProfileFileTest, RemovesOnePairOfQuotesThatEnclosesTheValue) {
 TEST_F(ProfileFileTest, TakesLinesThatBeginWithASemicolonForComments) {
   EXPECT_EQ(Read(";[Table02]\n[Table01]\n;01=no\n  ;01=no\n01=yes\n"), "yes");
   EXPECT_EQ(Read("[Table01]\n;[Table02]\n01=yes\n"), "yes");
+  EXPECT_EQ(ReadKey("[Table01]\n;01=no\n", "Table01", ";01"), "<fallback>");
   EXPECT_EQ(Read("[Table01]\n01=a ; b\n"), "a ; b") << "only at the start of a line";
   EXPECT_EQ(Read("[Table01]\n01=;b\n"), ";b");
   EXPECT_EQ(ReadKey("[Table01]\n#01=a\n", "Table01", "#01"), "a") << "# begins no comment";

@@ -17,6 +17,7 @@ struct DriverFacts {
   std::uint16_t longest_column_name;
   std::vector<std::string> own_types, columns, key_of_b_and_a;
   const char *duplicate, *null_in_not_null, *no_number, *unknown_column, *unknown_table;
+  const char *timestamp, *other_case_and_accent;
   const char *unchanged, *truncated, *nothing_to_set, *unknown_column_prepared;
   std::vector<std::string> gone;
 };
@@ -38,6 +39,8 @@ const std::vector<DriverFacts>& Facts() {
        .no_number = "1 row(s)",
        .unknown_column = "S1000 1",
        .unknown_table = "S1000 1",
+       .timestamp = "2006-01-02 08:30:00.000",
+       .other_case_and_accent = "0 row(s)",
        .unchanged = "1 row(s)",
        .truncated = "S1000 1",
        .nothing_to_set = "S1000 1",
@@ -58,6 +61,8 @@ const std::vector<DriverFacts>& Facts() {
        .no_number = "22P02 1",
        .unknown_column = "42703 1",
        .unknown_table = "42P01 1",
+       .timestamp = "2006-01-02 08:30:00",
+       .other_case_and_accent = "0 row(s)",
        .unchanged = "1 row(s)",
        .truncated = "0 row(s)",
        .nothing_to_set = "42601 1",
@@ -78,6 +83,8 @@ const std::vector<DriverFacts>& Facts() {
        .no_number = "22008 1366",
        .unknown_column = "S0022 1054",
        .unknown_table = "S0002 1146",
+       .timestamp = "2006-01-02 08:30:00",
+       .other_case_and_accent = "1 row(s)",
        .unchanged = "0 row(s)",
        .truncated = "0 row(s)",
        .nothing_to_set = "prepared: 37000 1064",
@@ -168,6 +175,18 @@ TEST_P(RealDriver, RefusesAStatementWhenItIsPreparedOrOnlyWhenItIsExecuted) {
             GetParam().nothing_to_set);
   EXPECT_EQ(source_.DoPrepared("UPDATE client SET name = ? WHERE none = ?", {"x", "1"}),
             GetParam().unknown_column_prepared);
+}
+
+TEST_P(RealDriver, WritesATimestampInAFormOfItsOwn) {
+  EXPECT_EQ(source_.DoWithTime("UPDATE client SET stamp = ? WHERE code = 1"), "1 row(s)");
+  EXPECT_EQ(source_.database().Rows("SELECT stamp FROM client WHERE code = 1;"),
+            GetParam().timestamp + std::string("\n"));
+}
+
+TEST_P(RealDriver, ComparesTextsByItsDatabasesRules) {
+  source_.database().Execute("UPDATE client SET name = 'zoe' WHERE code = 1;");
+  EXPECT_EQ(source_.DoPrepared("UPDATE client SET site = ? WHERE name = ?", {"N", "Zoë"}),
+            GetParam().other_case_and_accent);
 }
 
 /// A file has no server that could go.

@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <thread>
 
+#include "import/TargetTable.h"
+
 namespace imptable {
 namespace {
 
@@ -101,6 +103,17 @@ std::string RealSource::DoPrepared(const std::string& sql, std::vector<std::stri
                      SQL_C_CHAR, kSqlVarchar, 30, 0, SqlText(values_[n]), lengths_[n],
                      &lengths_[n]);
   }
+  return Again();
+}
+
+std::string RealSource::DoWithTime(const std::string& sql) {
+  statement_.Allocate(odbc().connection);
+  ParameterBuffer buffer;
+  buffer.SetDate(
+      {.year = 2006, .month = 1, .day = 2, .hour = 8, .minute = 30, .second = 0, .fraction = 0});
+  const TableColumn column{"stamp", kSqlTimestamp, "", 0, 0, 1, false};
+  SQLPrepare(statement_.raw(), SqlText(sql), SQL_NTS);
+  BindParameter(statement_.raw(), 1, column, buffer);
   return Again();
 }
 

@@ -39,6 +39,9 @@ class RealSource {
   /// the statement is refused before it is executed.
   std::string DoPrepared(const std::string& sql, std::vector<std::string> values);
 
+  /// Executes with the one parameter 2006-01-02 08:30:00, bound as the import binds a date column.
+  std::string DoWithTime(const std::string& sql);
+
   /// Has the server end the connection, and waits until it has.
   void HangUp();
 

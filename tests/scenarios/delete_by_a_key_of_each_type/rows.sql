@@ -1,0 +1,1 @@
+SELECT code FROM client ORDER BY code;

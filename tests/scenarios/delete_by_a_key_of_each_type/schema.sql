@@ -1,0 +1,18 @@
+CREATE TABLE client (
+  code INTEGER PRIMARY KEY,
+  small SMALLINT,
+  name VARCHAR(30),
+  site CHAR(4),
+  price DECIMAL(12,3),
+  flo DOUBLE PRECISION,
+  since DATE,
+  stamp TIMESTAMP NULL
+);
+INSERT INTO client VALUES (1, 5, 'bob', 'NN', 10.501, 2.26, '2006-01-03', '2006-01-02 08:30:01');
+INSERT INTO client VALUES (2, 6, 'ann', 'NN', 10.501, 2.26, '2006-01-03', '2006-01-02 08:30:01');
+INSERT INTO client VALUES (3, 6, 'bob', 'N', 10.501, 2.26, '2006-01-03', '2006-01-02 08:30:01');
+INSERT INTO client VALUES (4, 6, 'bob', 'NN', 10.5, 2.26, '2006-01-03', '2006-01-02 08:30:01');
+INSERT INTO client VALUES (5, 6, 'bob', 'NN', 10.501, 2.25, '2006-01-03', '2006-01-02 08:30:01');
+INSERT INTO client VALUES (6, 6, 'bob', 'NN', 10.501, 2.26, '2006-01-02', '2006-01-02 08:30:01');
+INSERT INTO client VALUES (7, 6, 'bob', 'NN', 10.501, 2.26, '2006-01-03', '2006-01-02 08:30:00');
+INSERT INTO client VALUES (8, 6, 'bob', 'NN', 10.501, 2.26, '2006-01-03', '2006-01-02 08:30:01');

@@ -1,0 +1,1 @@
+SELECT code, name, since FROM client ORDER BY code;
