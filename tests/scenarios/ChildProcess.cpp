@@ -32,7 +32,9 @@ std::vector<std::string> EnvironmentTexts(Environment environment) {
   }
   std::vector<std::string> texts;
   texts.reserve(environment.size());
-  for (const auto& [name, value] : environment) texts.push_back(name + '=' + value);
+  for (const auto& [name, value] : environment) {
+    texts.emplace_back(name).append("=").append(value);
+  }
   return texts;
 }
 

@@ -4,9 +4,9 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <regex>
 #include <set>
 
+#include "tests/scenarios/LastingText.h"
 #include "tests/scenarios/Workplace.h"
 
 namespace imptable {
@@ -94,10 +94,7 @@ class ScenarioRun {
   void TakeReport(const std::string& name, ResultFiles& results) const {
     if (!place_.folder().Exists(name)) return;
     const std::string text = place_.folder().Read(name);
-    // A driver's text may have line feeds of its own: the lines meant are those with a date.
-    static const std::regex bare("[^\\r]\n(<font[^>]*>)?(<strong>)?[0-9]{4}-[0-9]{2}-[0-9]{2} ");
-    EXPECT_FALSE(std::regex_search(text, bare)) << "a line of " << name << " has no CR";
-    EXPECT_TRUE(text.empty() || text.ends_with("\r\n")) << name;
+    EXPECT_TRUE(ReportLinesEndAsTheyShould(text)) << "a line of " << name << " has no CR LF";
     results[name] = place_.Lasting(WithoutCarriageReturns(text));
   }
 

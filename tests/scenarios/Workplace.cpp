@@ -2,18 +2,12 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <regex>
 #include <stdexcept>
+
+#include "tests/scenarios/LastingText.h"
 
 namespace imptable {
 namespace {
-
-void ReplaceAll(std::string& text, const std::string& from, const std::string& to) {
-  for (std::size_t at = text.find(from); at != std::string::npos;
-       at = text.find(from, at + to.size())) {
-    text.replace(at, from.size(), to);
-  }
-}
 
 std::string CommandPath() {
   const char* const other = std::getenv("IMPTABLE_COMMAND");
@@ -31,7 +25,9 @@ Workplace::Workplace(DatabaseKind kind)
                    {"LC_ALL", "C.UTF-8"}} {
   std::filesystem::create_directory(RunFolder());
   folder_.Write("odbcinst.ini", "");
-  folder_.Write("odbc.ini", '[' + std::string(kSourceName) + "]\n" + database_->DataSource());
+  std::string sources = "[";
+  sources.append(kSourceName).append("]\n").append(database_->DataSource());
+  folder_.Write("odbc.ini", sources);
 }
 
 void Workplace::UseLocale(const std::string& input, const std::string& code_set) {
@@ -62,16 +58,11 @@ Invocation Workplace::Command(const std::vector<std::string>& words) const {
 }
 
 std::string Workplace::Lasting(std::string text) const {
-  // Year first or last, as the locale has it, at the start of a line or of its mark-up's text.
-  static const std::regex date(
-      R"((^|\n|<strong>)\d{2,4}[-/.]\d{2}[-/.]\d{2,4} \d{2}:\d{2}:\d{2}(?= |\.\.\.\. ))");
-  static const std::regex mariadb_versions(R"(\[ma-[0-9.]+\](\[[^\]]*\])?)");
   const std::string folder = RunFolder();
   ReplaceAll(text, folder.substr(0, folder.size() - 1), "{FOLDER}");
   ReplaceAll(text, kSourceName, "{SOURCE}");
   for (const auto& [from, to] : database_->PassingTexts()) ReplaceAll(text, from, to);
-  text = std::regex_replace(text, date, "$1{DATE}");
-  return std::regex_replace(text, mariadb_versions, "[{VERSIONS}]");
+  return WithoutDatesAndVersions(text);
 }
 
 }  // namespace imptable

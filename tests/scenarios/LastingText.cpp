@@ -1,0 +1,81 @@
+#include "tests/scenarios/LastingText.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace imptable {
+namespace {
+
+constexpr std::array<std::string_view, 2> kDates{"0000-00-00 00:00:00", "00/00/0000 00:00:00"};
+constexpr std::string_view kStrong = "<strong>";
+constexpr std::string_view kDriver = "[ma-";
+
+bool IsDate(std::string_view text, std::string_view form) {
+  return text.size() >= form.size() &&
+         std::equal(form.begin(), form.end(), text.begin(), [](char wanted, char found) {
+           return wanted == '0' ? found >= '0' && found <= '9' : found == wanted;
+         });
+}
+
+std::size_t DateLength(std::string_view text) {
+  for (const std::string_view form : kDates) {
+    if (IsDate(text, form)) return form.size();
+  }
+  return 0;
+}
+
+/// Up to where the text of a line begins in an HTML report.
+std::size_t MarkUpLength(std::string_view line) {
+  const std::size_t strong = line.substr(0, line.find('\n')).find(kStrong);
+  const bool leads = strong == 0 || (strong != std::string_view::npos && line.starts_with("<font"));
+  return leads ? strong + kStrong.size() : 0;
+}
+
+/// Of "[ma-3.1.15][10.11.19-MariaDB]", the second part being absent before a connection.
+std::size_t VersionsLength(std::string_view text) {
+  const std::size_t end = text.find(']') + 1;
+  if (end == 0 || end >= text.size() || text[end] != '[') return end;
+  return text.find(']', end) + 1;
+}
+
+}  // namespace
+
+void ReplaceAll(std::string& text, const std::string& from, const std::string& to) {
+  for (std::size_t at = text.find(from); at != std::string::npos;
+       at = text.find(from, at + to.size())) {
+    text.replace(at, from.size(), to);
+  }
+}
+
+std::string WithoutDatesAndVersions(const std::string& text) {
+  std::string result;
+  std::string_view rest = text;
+  while (!rest.empty()) {
+    const std::size_t mark_up = MarkUpLength(rest);
+    const std::size_t date = DateLength(rest.substr(mark_up));
+    result += rest.substr(0, mark_up);
+    if (date > 0) result += "{DATE}";
+    rest.remove_prefix(mark_up + date);
+    const std::size_t line = std::min(rest.find('\n'), rest.size() - 1) + 1;
+    result += rest.substr(0, line);
+    rest.remove_prefix(line);
+  }
+  for (std::size_t at = result.find(kDriver); at != std::string::npos; at = result.find(kDriver)) {
+    result.replace(at, VersionsLength(std::string_view(result).substr(at)), "[{VERSIONS}]");
+  }
+  return result;
+}
+
+bool ReportLinesEndAsTheyShould(const std::string& report) {
+  if (!report.empty() && !report.ends_with("\r\n")) return false;
+  for (std::size_t at = report.find('\n'); at != std::string::npos;
+       at = report.find('\n', at + 1)) {
+    const std::string_view next = std::string_view(report).substr(at + 1);
+    const bool dated = DateLength(next.substr(MarkUpLength(next))) > 0;
+    if (dated && (at == 0 || report[at - 1] != '\r')) return false;
+  }
+  return true;
+}
+
+}  // namespace imptable
