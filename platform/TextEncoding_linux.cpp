@@ -55,6 +55,7 @@ class Conversion {
 
  private:
   // POSIX leaves no other way to tell a failed iconv_open.
+  // NOLINTNEXTLINE(performance-no-int-to-ptr)
   static iconv_t Invalid() { return reinterpret_cast<iconv_t>(-1); }
 
   /// Converts as much of `text` as goes into one chunk, or what the conversion still holds back.

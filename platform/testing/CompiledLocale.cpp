@@ -5,8 +5,10 @@
 
 // Read by the leak sanitizer, where there is one: the C library's newlocale never frees its list of
 // the folders in LOCPATH.
+// NOLINTBEGIN(bugprone-reserved-identifier): the sanitizer's own name
 extern "C" const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions() { return "leak:argz_add_sep\n"; }
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace imptable {
 namespace {
