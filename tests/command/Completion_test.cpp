@@ -17,6 +17,13 @@ using testing::IsEmpty;
 using testing::IsSupersetOf;
 using testing::UnorderedElementsAre;
 
+const std::string kScript = IMPTABLE_TREE "/resources/completion/imptable";
+
+/// $1 is the folder, $2 the script, the rest the words.
+constexpr std::string_view kComplete =
+    "cd \"$1\" && source \"$2\" && shift 2 && COMP_WORDS=(\"$@\") && COMP_CWORD=$(($# - 1)) && "
+    "{ _imptable; for reply in \"${COMPREPLY[@]}\"; do printf '%s\\n' \"$reply\"; done; }";
+
 class Completion : public testing::Test {
  protected:
   static int Quietly(std::vector<std::string> arguments) {
@@ -40,15 +47,8 @@ class Completion : public testing::Test {
   /// and backslashes kept, "=" apart.
   std::vector<std::string> Offered(std::vector<std::string> words) {
     words.insert(words.begin(), IMPTABLE_COMMAND);
-    std::vector<std::string> arguments{
-        "/bin/bash",
-        "--norc",
-        "-c",
-        "cd \"$1\" && source \"$2\" && shift 2 && COMP_WORDS=(\"$@\") && COMP_CWORD=$(($# - 1)) && "
-        "{ _imptable; for reply in \"${COMPREPLY[@]}\"; do printf '%s\\n' \"$reply\"; done; }",
-        "bash",
-        folder.path(),
-        IMPTABLE_TREE "/resources/completion/imptable"};
+    std::vector<std::string> arguments{"/bin/bash", "--norc",      "-c",   std::string(kComplete),
+                                       "bash",      folder.path(), kScript};
     arguments.insert(arguments.end(), words.begin(), words.end());
     ChildProcess bash(arguments, ChildProcess::Output::kPipe,
                       {{"IMPTABLE_REGISTRY", folder.path() + "registry.db"},
@@ -68,8 +68,7 @@ class Completion : public testing::Test {
 
 TEST_F(Completion, IsBoundToTheCommandsName) {
   ChildProcess bash(
-      {"/bin/bash", "--norc", "-c",
-       "source " IMPTABLE_TREE "/resources/completion/imptable && complete -p imptable"},
+      {"/bin/bash", "--norc", "-c", "source \"$1\" && complete -p imptable", "bash", kScript},
       ChildProcess::Output::kPipe);
   EXPECT_EQ(bash.Finish(), 0);
   EXPECT_EQ(bash.output(), "complete -F _imptable imptable\n");
@@ -81,7 +80,7 @@ TEST_F(Completion, OffersEveryCommandAndEveryOptionThatTheParserKnows) {
     std::istringstream parts(form.name);
     for (std::string part; parts >> part;) words.push_back(part);
     std::vector<std::string> before = words;
-    before.push_back("-");
+    before.emplace_back("-");
     const std::vector<std::string> options = Offered(before);
     for (const std::string& option : form.options) {
       if (option != "-h") {
