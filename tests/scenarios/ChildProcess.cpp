@@ -26,7 +26,7 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
 }
 
 std::vector<std::string> EnvironmentTexts(Environment environment) {
-  for (const char* const name : {"PATH", "HOME", "ASAN_OPTIONS", "UBSAN_OPTIONS"}) {
+  for (const char* const name : {"PATH", "HOME"}) {
     const char* const value = std::getenv(name);
     if (value != nullptr) environment.emplace(name, value);
   }
