@@ -85,10 +85,17 @@ TEST(ExportReading, TakesKeysValuesAndDeletionsInTheirOrder) {
 
 TEST(ExportReading, TakesEveryLineEnd) {
   const std::vector<std::string> expected = {"key LM\\K", "set LM\\K|a|1|1$", "set LM\\K|b|3|$x"};
-  for (const std::string end : {"\n", "\r\n", "\r"}) {
-    EXPECT_EQ(Read("Windows Registry Editor Version 5.00" + end + end + "[HKLM\\K]" + end +
-                   "\"a\"=\"1\"" + end + "\"b\"=hex:00,\\" + end + "  78"),
-              expected);
+  const std::string file = kHeader + "\n[HKLM\\K]\n\"a\"=\"1\"\n\"b\"=hex:00,\\\n  78";
+  for (const std::string_view end : {"\n", "\r\n", "\r"}) {
+    std::string with_end;
+    for (const char byte : file) {
+      if (byte == '\n') {
+        with_end += end;
+      } else {
+        with_end += byte;
+      }
+    }
+    EXPECT_EQ(Read(with_end), expected);
   }
 }
 
