@@ -102,6 +102,15 @@ TEST_F(ConfigurationDialog, SetsTheWorkingModeByItsOutcome) {
   }
 }
 
+TEST_F(ConfigurationDialog, ShowsDatabaseErrorsInBoxesEvenAfterARun) {
+  component_.session().execution_mode = kRunMode;
+  task_.Affiche();
+  EXPECT_FALSE(component_.session().CheckOdbcReturn(SQL_ERROR, "refused"));
+  EXPECT_THAT(component_.warnings.warnings(),
+              ElementsAre(RecordingWarningBox::Warning{"refused", "Importation Table"}));
+  EXPECT_THAT(component_.host.lines, IsEmpty());
+}
+
 TEST_F(ConfigurationDialog, LetsTheStatusBeReadAtTheTasksLocation) {
   component_.registry.SetNumber(ImportRun::kTaskPath, "Etat", 2);
   EXPECT_EQ(task_.GetStatus(), 0);
