@@ -54,7 +54,8 @@ void Workplace::LoadTask(const std::string& path) const {
            {"FOLDER", folder.substr(0, folder.size() - 1)},
            {"USER", database_->user()},
            {"PASSWORD", database_->password()}}) {
-    OutputOf(Command({"variable", "S1", name + '=' + value}));
+    std::string assignment = name;
+    OutputOf(Command({"variable", "S1", assignment.append("=").append(value)}));
   }
 }
 
