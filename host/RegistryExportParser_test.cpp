@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -171,6 +172,10 @@ struct Damage {
   std::size_t line;
   std::string hint;
 };
+
+void PrintTo(const Damage& damage, std::ostream* out) {
+  *out << "line " << damage.line << ", " << damage.hint;
+}
 
 class ExportDamage : public testing::TestWithParam<Damage> {};
 
