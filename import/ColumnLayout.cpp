@@ -4,6 +4,7 @@
 #include <limits>
 #include <optional>
 
+#include "plugin/core/Blanks.h"
 #include "plugin/core/RuntimeFault.h"
 
 namespace imptable {
@@ -17,12 +18,6 @@ std::string_view Item(std::string_view list, int n) {
     list.remove_prefix(comma + 1);
   }
   return list.substr(0, list.find(','));
-}
-
-std::string_view WithoutBlanks(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
 }
 
 std::optional<std::size_t> WholeNumber(std::string_view text) {

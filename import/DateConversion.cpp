@@ -3,6 +3,7 @@
 
 #include "import/CharacterCount.h"
 #include "import/ValueConversion.h"
+#include "plugin/core/Blanks.h"
 
 namespace imptable {
 namespace {
@@ -17,9 +18,7 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 /// Reads `count` characters from the 1-based position `at` as an integer, as far as the text goes.
 bool ReadPart(std::string_view text, std::size_t at, std::size_t count, unsigned& part) {
   if (at > text.size()) return false;
-  std::string_view digits = text.substr(at - 1, count);
-  while (!digits.empty() && digits.front() == ' ') digits.remove_prefix(1);
-  while (!digits.empty() && digits.back() == ' ') digits.remove_suffix(1);
+  const std::string_view digits = WithoutBlanks(text.substr(at - 1, count));
   if (digits.empty()) return false;
   unsigned value = 0;
   for (const char c : digits) {
@@ -151,8 +150,7 @@ std::optional<SQL_TIMESTAMP_STRUCT> ReadDateValue(std::string_view value, const 
 }
 
 std::optional<SQL_TIMESTAMP_STRUCT> ReadIsoDate(std::string_view value) {
-  while (!value.empty() && value.front() == ' ') value.remove_prefix(1);
-  while (!value.empty() && value.back() == ' ') value.remove_suffix(1);
+  value = WithoutBlanks(value);
   unsigned year = 0;
   unsigned month = 0;
   unsigned day = 0;

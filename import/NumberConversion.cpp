@@ -3,6 +3,7 @@
 
 #include "import/CharacterCount.h"
 #include "import/ValueConversion.h"
+#include "plugin/core/Blanks.h"
 
 namespace imptable {
 namespace {
@@ -41,8 +42,7 @@ bool InsertDecimalSeparator(std::string_view value, std::size_t decimals,
 }
 
 std::optional<double> ReadUserNumber(std::string_view value, std::string_view separator) {
-  while (!value.empty() && value.front() == ' ') value.remove_prefix(1);
-  while (!value.empty() && value.back() == ' ') value.remove_suffix(1);
+  value = WithoutBlanks(value);
   if (value.starts_with('+')) {
     value.remove_prefix(1);
     if (value.starts_with('-')) return std::nullopt;

@@ -8,6 +8,7 @@
 #include "import/CharacterCount.h"
 #include "import/TaskFiles.h"
 #include "odbc/Catalogue.h"
+#include "plugin/core/Blanks.h"
 
 namespace imptable {
 namespace {
@@ -37,12 +38,6 @@ std::string TwoDigits(int number) {
 bool TakesQuotes(std::int16_t sql_type) {
   return sql_type == kSqlChar || sql_type == kSqlVarchar || sql_type == kSqlDate ||
          sql_type == kSqlTime || sql_type == kSqlTimestamp;
-}
-
-std::string_view WithoutBlanks(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
 }
 
 /// One value of the selection file.

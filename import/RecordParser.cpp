@@ -4,18 +4,10 @@
 #include <utility>
 
 #include "import/CharacterCount.h"
+#include "plugin/core/Blanks.h"
 
 namespace imptable {
 namespace {
-
-std::string_view WithoutTrailingBlanks(std::string_view text) {
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
-}
-
-bool IsBlank(std::string_view text) {
-  return text.find_first_not_of(' ') == std::string_view::npos;
-}
 
 std::size_t FindDelimiter(std::string_view line, std::string_view delimiter, std::size_t from) {
   if (delimiter.size() != 1) return line.find(delimiter, from);

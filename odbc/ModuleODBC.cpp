@@ -4,6 +4,8 @@
 #include <array>
 #include <cstring>
 
+#include "plugin/core/Blanks.h"
+
 namespace imptable {
 namespace {
 
@@ -22,12 +24,6 @@ constexpr std::int32_t kMessageFreeEnv = 172;
 constexpr std::int32_t kMessageFreeConnect = 173;
 constexpr std::int32_t kMessageDisconnect = 174;
 constexpr std::int32_t kMessageTitle = 175;
-
-std::string Trimmed(std::string text) {
-  text.erase(0, std::min(text.find_first_not_of(' '), text.size()));
-  text.erase(text.find_last_not_of(' ') + 1);
-  return text;
-}
 
 }  // namespace
 
@@ -95,7 +91,7 @@ std::string OdbcSession::InfoText(SQLUSMALLINT item) {
   if (code != SQL_SUCCESS) ReportError();
   const std::size_t shown = std::min<std::size_t>(
       strnlen(buffer.data(), buffer.size()), length > 0 ? static_cast<std::size_t>(length) : 0);
-  return Trimmed(std::string(buffer.data(), shown));
+  return std::string(WithoutBlanks({buffer.data(), shown}));
 }
 
 std::uint16_t OdbcSession::InfoLength(SQLUSMALLINT item) {

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <limits>
 
+#include "plugin/core/Blanks.h"
 #include "plugin/core/ModuleCommun.h"
 
 namespace imptable {
@@ -9,12 +10,6 @@ namespace {
 
 std::string Quoted(std::string_view name, std::string_view text) {
   return '"' + std::string(name) + "\" = \"" + std::string(text) + '"';
-}
-
-std::string_view WithoutBlanks(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
 }
 
 /// Half to even, whatever rounding mode the host's process has set.
