@@ -60,7 +60,7 @@ std::vector<std::string> OdbcClient::FetchAll(SQLUSMALLINT column) {
   SQLBindCol(statement_, column, SQL_C_CHAR, text, sizeof text, &length);
   std::vector<std::string> values;
   while (SQL_SUCCEEDED(SQLFetch(statement_))) {
-    values.push_back(length == SQL_NULL_DATA ? "<null>" : text);
+    values.emplace_back(length == SQL_NULL_DATA ? "<null>" : text);
   }
   SQLFreeStmt(statement_, SQL_UNBIND);
   return values;
@@ -77,7 +77,8 @@ std::vector<SeenDiagnostic> OdbcClient::Diagnostics(SQLHDBC connection, SQLHSTMT
     const SQLRETURN code = SQLError(SQL_NULL_HENV, connection, statement, state, &native,
                                     reinterpret_cast<SQLCHAR*>(text.data()), size, &length);
     if (!SQL_SUCCEEDED(code)) return seen;
-    seen.push_back({code, reinterpret_cast<const char*>(state), native, text.c_str()});
+    seen.push_back(
+        {code, reinterpret_cast<const char*>(state), native, text.substr(0, text.find('\0'))});
   }
 }
 

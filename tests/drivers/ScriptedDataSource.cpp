@@ -14,7 +14,7 @@ std::filesystem::path FreshFolder() {
   std::string path = testing::TempDir() + "scripted_XXXXXX";
   if (mkdtemp(path.data()) == nullptr) throw std::runtime_error("no temporary folder " + path);
   std::filesystem::create_directory(path + "/system");
-  std::ofstream(path + "/system/odbc.ini");
+  std::ofstream(path + "/system/odbc.ini").close();
   std::ofstream(path + "/system/odbcinst.ini")
       << "[Scripted]\nDriver=" << ScriptedDataSource::DriverPath() << '\n';
   return path;
