@@ -66,8 +66,7 @@ class HostLibrary {
                                const std::string& name) = 0;
 
   /// The action entries of a task, in the host's order.
-  virtual std::vector<ActionEntry> ActionEntries(const KeyPath& tasks,
-                                                 const std::string& task) = 0;
+  virtual std::vector<ActionEntry> ActionEntries(const KeyPath& tasks, const std::string& task) = 0;
 
   virtual std::string TitleOfWrapperType(std::int16_t type) = 0;
   virtual std::string SummaryOfWrapperType(std::int16_t type) = 0;
