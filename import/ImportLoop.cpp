@@ -43,7 +43,6 @@ class ImportLoop {
     RunProgress& progress = module_.run.progress;
     const std::int16_t limit = ErrorLimitOf(module_.run);
     session_.line_number = 0;
-    reading_ = true;
     LineReader& source = files_.source();
     RecordParser& parser = mode_.Parser();
     bool skipped = false;
@@ -58,6 +57,7 @@ class ImportLoop {
         session_.error_reported = true;
         break;
       }
+      reading_ = true;
       ++session_.line_number;
       ++progress.read;
       progress.bytes_read = source.bytes_taken();

@@ -83,6 +83,37 @@ TEST(ResumeChain, KeepsWhatTheEarlierRunLeftWhenASettingIsDamaged) {
   EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002100000001"));
 }
 
+TEST(ResumeChain, KeepsWhatTheEarlierRunLeftWhenTheFirstLineCannotBeRead) {
+  const auto rejected_one = [](ImportRun& run) {
+    run.Source({"1;a", "2;b;x"});
+    run.Go();
+  };
+  const auto reads_up_to_source = [](ImportRun& run, std::size_t from) {
+    const std::vector<std::string>& log = run.component.files.log();
+    int count = 0;
+    for (std::size_t i = from; i < log.size(); ++i) {
+      if (!log[i].starts_with("read ")) continue;
+      ++count;
+      if (log[i].find("CLIENTS.CSV") != std::string::npos) return count;
+    }
+    return count;
+  };
+  ImportRun untouched;
+  rejected_one(untouched);
+  const std::size_t before = untouched.component.files.log().size();
+  untouched.Go(kResume);
+  const int first_read_of_source = reads_up_to_source(untouched, before);
+
+  ImportRun run;
+  rejected_one(run);
+  run.component.files.Fail(FileOperation::kRead, first_read_of_source,
+                           std::make_error_code(std::errc::io_error));
+  EXPECT_EQ(run.Go(kResume), 3);
+  EXPECT_EQ(run.progress().read, 0);
+  EXPECT_THAT(run.Rejected(), ElementsAre("2;b;x"));
+  EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002100000001"));
+}
+
 TEST(ResumeChain, RefusesATraceWhoseNumbersDoNotRise) {
   for (const char* const trace :
        {"00000002000000000\n00000001100000001\n", "00000001000000000\n00000001100000001\n",
