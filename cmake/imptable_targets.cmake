@@ -11,18 +11,37 @@ if(IMPTABLE_SANITIZE)
   target_link_options(imptable_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(WIN32)
+  set(other_system linux)
+else()
+  set(other_system win32)
+endif()
+
+# The tests of a program: each as one of CTest's, but under Wine the program as a whole.
+function(imptable_tests program)
+  if(WIN32)
+    add_test(NAME ${program}
+      COMMAND "${CMAKE_SOURCE_DIR}/tests/win32/unit-tests" "$<TARGET_FILE:${program}>")
+    set_tests_properties(${program} PROPERTIES TIMEOUT 300)
+  else()
+    gtest_discover_tests(${program} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+  endif()
+endfunction()
+
 # imptable_folder(NAME [DEPENDS libraries...] [TEST_DEPENDS libraries...]
 #                 [LEAVE_OUT sources...])
 #
 # The current folder as one library NAME and one test program NAME_test. Unit tests stand beside
-# what they test (*_test.cpp); bodies for another system (*_win32.cpp) are left out. A dependency
-# that the tree doesn't allow isn't linked, so it fails.
+# what they test (*_test.cpp); bodies and tests for another system (*_linux.cpp, *_win32.cpp,
+# *_linux_test.cpp, *_win32_test.cpp) are left out. A dependency that the tree doesn't allow isn't
+# linked, so it fails.
 function(imptable_folder name)
   cmake_parse_arguments(ARG "" "" "DEPENDS;TEST_DEPENDS;LEAVE_OUT" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
   set(tests ${sources})
+  list(FILTER sources EXCLUDE REGEX "_test\\.cpp$|_${other_system}\\.cpp$")
   list(FILTER tests INCLUDE REGEX "_test\\.cpp$")
-  list(FILTER sources EXCLUDE REGEX "_(test|win32)\\.cpp$")
+  list(FILTER tests EXCLUDE REGEX "_${other_system}_test\\.cpp$")
   foreach(file IN LISTS ARG_LEAVE_OUT)
     list(REMOVE_ITEM sources "${CMAKE_CURRENT_SOURCE_DIR}/${file}")
   endforeach()
@@ -37,6 +56,6 @@ function(imptable_folder name)
     add_executable(${name}_test ${tests})
     target_link_libraries(${name}_test PRIVATE ${name} ${ARG_TEST_DEPENDS}
       GTest::gmock GTest::gtest_main)
-    gtest_discover_tests(${name}_test DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+    imptable_tests(${name}_test)
   endif()
 endfunction()

@@ -3,12 +3,7 @@
 
 // The one place that includes the driver manager's headers: on Windows they need <windows.h> first.
 #ifdef _WIN32
-#include <windows.h>
-// windows.h renames methods of ours by these macros.
-#undef DELETE
-#undef ERROR
-#undef GetMessage
-#undef interface
+#include "platform/Windows_win32.h"
 #endif
 #include <sql.h>
 #include <sqlext.h>
