@@ -17,7 +17,7 @@
 #include "import/TargetTable.h"
 #include "import/TaskFiles.h"
 #include "import/UpdateStatement.h"
-#include "plugin/ImpTable.h"
+#include "plugin/ScenarioKeys.h"
 #include "plugin/TaskLoading.h"
 
 namespace imptable {
@@ -34,7 +34,7 @@ class BareLoop {
         module_(context.state.commun),
         session_(context.state.odbc),
         table_(module_, session_) {
-    module_.location = {kHkeyLocalMachine, TasksKeyPath(scenario)};
+    module_.location = TasksKey(scenario);
     module_.run.scenario = scenario;
     module_.run.task = task;
     LoadTaskIntoRun(module_);

@@ -1,9 +1,10 @@
 #include "host/HostContext.h"
 
 #include "host/HostError.h"
+#include "host/KeyName.h"
 #include "host/RegistryLocation.h"
-#include "host/ScenarioKeys.h"
-#include "host/StoredValue.h"
+#include "host/ShownValue.h"
+#include "plugin/ScenarioKeys.h"
 
 namespace imptable {
 

@@ -9,11 +9,11 @@
 
 #include "host/HostConsole.h"
 #include "host/HostTexts.h"
-#include "host/StandaloneHostLibrary.h"
 #include "platform/ProfileFile_linux.h"
 #include "platform/RegistryStore.h"
 #include "platform/SqliteRegistry.h"
 #include "plugin/ModuleState.h"
+#include "plugin/StandaloneHostLibrary.h"
 
 namespace imptable {
 

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "host/LiveDisplay.h"
-#include "host/testing/HostedComponent.h"
 #include "plugin/ImpTable.h"
+#include "plugin/testing/HostedComponent.h"
 
 namespace imptable {
 namespace {

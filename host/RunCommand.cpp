@@ -15,6 +15,7 @@
 #include "plugin/ImpTable.h"
 #include "plugin/ResumeOutlook.h"
 #include "plugin/ResumeRule.h"
+#include "plugin/ScenarioKeys.h"
 
 namespace imptable {
 namespace {
@@ -58,8 +59,7 @@ std::string DefaultReportPath(std::string task) {
 
 void RefuseSurprisingResume(HostContext& context, const CommandRequest& request) {
   const ResumeOutlook outlook =
-      LookAtResume(context.state, {kHkeyLocalMachine, TasksKeyPath(request.scenario)},
-                   request.scenario, request.task);
+      LookAtResume(context.state, TasksKey(request.scenario), request.scenario, request.task);
   if (outlook.resumes || outlook.traced_lines == 0) return;
   throw HostError(ExitCode::kMissing, HostText::kResumeRefused,
                   {request.task, context.texts.Number(outlook.traced_lines), outlook.trace_path});

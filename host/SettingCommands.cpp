@@ -6,11 +6,13 @@
 #include "host/Assignment.h"
 #include "host/Commands.h"
 #include "host/HostError.h"
-#include "host/ScenarioKeys.h"
+#include "host/KeyName.h"
 #include "host/SettingsTable.h"
-#include "host/StoredValue.h"
+#include "host/ShownValue.h"
 #include "plugin/ImpTable.h"
+#include "plugin/ScenarioKeys.h"
 #include "plugin/core/StampText.h"
+#include "plugin/core/StoredValue.h"
 
 namespace imptable {
 namespace {

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstddef>
 
-#include "host/StoredValue.h"
+#include "host/ShownValue.h"
 #include "platform/NameFolding.h"
 
 namespace imptable {

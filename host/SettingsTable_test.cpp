@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "host/StoredValue.h"
-
 namespace imptable {
 namespace {
 
@@ -50,31 +48,6 @@ TEST(Settings, OfAnyOtherNameAreNone) {
 TEST(Settings, AreListedInOrder) {
   EXPECT_TRUE(SettingNames().starts_with("Base Cible, Login, Password, "));
   EXPECT_TRUE(SettingNames().ends_with(", ModifiéLe, Type"));
-}
-
-TEST(StoredValue, ShowsTextsUpToTheirEndAndNumbersWithTheirSign) {
-  EXPECT_EQ(ShownValue(TextValue("a=b")), "a=b");
-  EXPECT_EQ(ShownValue(TextValue("")), "");
-  EXPECT_EQ(ShownValue({RegistryType::kExpandableText, std::string("x\0y", 3)}), "x");
-  EXPECT_EQ(ShownValue(NumberValue(-2)), "-2");
-  EXPECT_EQ(ShownValue(NumberValue(16909060)), "16909060");
-  EXPECT_EQ(NumberValue(16909060).data, "\4\3\2\1");
-}
-
-TEST(StoredValue, ShowsListsAndBytesInOneLine) {
-  EXPECT_EQ(ShownValue({RegistryType::kMultiText, std::string("a\0b\0\0", 5)}), "a|b");
-  EXPECT_EQ(ShownValue({RegistryType::kBinary, std::string("\0\xFF", 2)}), "00,ff");
-  EXPECT_EQ(ShownValue({RegistryType::kNumber, "\1"}), "01");
-  EXPECT_EQ(ShownValue({static_cast<RegistryType>(11), "\1\2"}), "01,02");
-}
-
-TEST(StoredValue, TakesOnlyWholeDecimalNumbersOf32Bits) {
-  EXPECT_EQ(NumberFromText("0"), 0);
-  EXPECT_EQ(NumberFromText("2147483647"), 2147483647);
-  EXPECT_EQ(NumberFromText("-2147483648"), -2147483647 - 1);
-  for (const char* text : {"", " 1", "1 ", "1.5", "+1", "0x10", "2147483648", "abc"}) {
-    EXPECT_FALSE(NumberFromText(text)) << text;
-  }
 }
 
 }  // namespace

@@ -1,8 +1,7 @@
 #include "host/Commands.h"
 #include "host/HostError.h"
-#include "host/ScenarioKeys.h"
-#include "host/StoredValue.h"
 #include "plugin/ImpTable.h"
+#include "plugin/ScenarioKeys.h"
 
 namespace imptable {
 namespace {
@@ -33,7 +32,7 @@ ExitCode ShowStatus(HostContext& context, const CommandRequest& request,
                     const HostConsole& console) {
   context.RequireTask(request.scenario, request.task);
   ModuleCommun& module = context.state.commun;
-  module.location = {kHkeyLocalMachine, TasksKeyPath(request.scenario)};
+  module.location = TasksKey(request.scenario);
   console.out << AsInt32(module.ReadValue(request.task, "Etat", 0), "Etat") << '\n'
               << AsText(module.ReadValue(request.task, "ExecuteLe")) << '\n';
   return ExitCode::kDone;

@@ -1,8 +1,10 @@
 #include "host/Assignment.h"
 #include "host/Commands.h"
 #include "host/HostError.h"
-#include "host/ScenarioKeys.h"
-#include "host/StoredValue.h"
+#include "host/KeyName.h"
+#include "host/ShownValue.h"
+#include "plugin/ScenarioKeys.h"
+#include "plugin/core/StoredValue.h"
 
 namespace imptable {
 

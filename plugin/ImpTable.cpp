@@ -6,6 +6,7 @@
 
 #include "plugin/RunDriver.h"
 #include "plugin/ScenarioActions.h"
+#include "plugin/ScenarioKeys.h"
 #include "plugin/TaskDescription.h"
 
 namespace imptable {
@@ -13,7 +14,6 @@ namespace {
 
 constexpr std::chrono::milliseconds kHeartbeat{500};
 
-constexpr std::string_view kScenariosPath = "SOFTWARE\\KALDO\\Scenarios\\";
 constexpr std::string_view kConfigurationPath = "SOFTWARE\\KALDO\\Configuration";
 constexpr std::string_view kWrapperIcon = "WRAPPER_ICON";
 
@@ -42,10 +42,6 @@ std::int32_t StoredLanguage(ModuleCommun& module) {
 }
 
 }  // namespace
-
-std::string TasksKeyPath(const std::string& scenario) {
-  return std::string(kScenariosPath) + scenario + "\\Taches";
-}
 
 ImpTable::ImpTable(ModuleState& state, ImpTableEvents* events, TaskDialogFactory* dialogs)
     : state_(state), events_(events), dialogs_(dialogs) {
@@ -178,8 +174,9 @@ void ImpTable::SetWorkingMode(std::int32_t mode) {
 
 void ImpTable::InitializeProperties(const std::string& name, const std::string& scenario,
                                     std::int32_t language) {
-  Regst = kHkeyLocalMachine;
-  RegstCle = TasksKeyPath(scenario);
+  const KeyPath tasks = TasksKey(scenario);
+  Regst = tasks.root;
+  RegstCle = tasks.path;
   Nom = name;
   Scen = scenario;
   Etat = 1;

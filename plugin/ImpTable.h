@@ -110,9 +110,6 @@ class ImpTable {
   std::unique_ptr<Timer> mwTimer1_;
 };
 
-/// Registry path, below HKEY_LOCAL_MACHINE, of the key that holds a scenario's tasks.
-std::string TasksKeyPath(const std::string& scenario);
-
 }  // namespace imptable
 
 #endif  // PLUGIN_IMP_TABLE_H_

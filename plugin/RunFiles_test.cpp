@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "plugin/ResumeOutlook.h"
+#include "plugin/ScenarioKeys.h"
 #include "tests/kit/ImportRun.h"
 
 namespace imptable {
@@ -284,7 +285,7 @@ TEST_P(ResumePolicy, DeletesBeforeTheImportOnlyWhenItStartsAfresh) {
 }
 
 TEST_P(ResumePolicy, IsForetoldWithoutTouchingAnything) {
-  const KeyPath tasks{kHkeyLocalMachine, TasksKeyPath("S1")};
+  const KeyPath tasks = TasksKey("S1");
   const auto outlook = LookAtResume(run_.component.state, tasks, "S1", "T1");
   const ResumeCase& resume = GetParam();
   const bool could = resume.resumes || resume.request != 2;

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "plugin/core/StoredValue.h"
+
 namespace imptable {
 namespace {
 
@@ -80,10 +82,8 @@ SettingValue ModuleCommun::ReadValue(std::string_view relative_path, std::string
   switch (value->type) {
     case RegistryType::kText:
     case RegistryType::kExpandableText: {
-      const std::string_view text = value->data;
-      const std::string_view up_to_terminator = text.substr(0, text.find('\0'));
-      if (up_to_terminator.empty()) return fallback;
-      return std::string(up_to_terminator);
+      const std::optional<std::string> text = TextOf(*value);
+      return text && !text->empty() ? SettingValue(*text) : fallback;
     }
     case RegistryType::kMultiText: {
       const std::string_view text = WithoutTerminators(value->data);
@@ -91,12 +91,8 @@ SettingValue ModuleCommun::ReadValue(std::string_view relative_path, std::string
       return std::string(text);
     }
     case RegistryType::kNumber: {
-      if (value->data.size() != sizeof(std::uint32_t)) return fallback;
-      std::uint32_t number = 0;
-      for (std::size_t i = sizeof number; i-- > 0;) {
-        number = number << 8U | static_cast<unsigned char>(value->data[i]);
-      }
-      return static_cast<std::int32_t>(number);
+      const std::optional<std::int32_t> number = NumberOf(*value);
+      return number ? SettingValue(*number) : fallback;
     }
     case RegistryType::kNone:
     case RegistryType::kBinary:
@@ -107,21 +103,12 @@ SettingValue ModuleCommun::ReadValue(std::string_view relative_path, std::string
 
 std::int32_t ModuleCommun::WriteText(std::string_view relative_path, std::string_view name,
                                      std::string_view text) {
-  std::string data(text);
-  data += '\0';
-  return platform.registry.Write(KeyAt(relative_path), name,
-                                 {RegistryType::kText, std::move(data)});
+  return platform.registry.Write(KeyAt(relative_path), name, TextValue(text));
 }
 
 std::int32_t ModuleCommun::WriteNumber(std::string_view relative_path, std::string_view name,
                                        std::int32_t number) {
-  std::string data;
-  for (std::uint32_t rest = static_cast<std::uint32_t>(number); data.size() < sizeof rest;
-       rest >>= 8U) {
-    data += static_cast<char>(rest & 0xFFU);
-  }
-  return platform.registry.Write(KeyAt(relative_path), name,
-                                 {RegistryType::kNumber, std::move(data)});
+  return platform.registry.Write(KeyAt(relative_path), name, NumberValue(number));
 }
 
 std::int32_t ModuleCommun::DeleteKey(std::string_view relative_parent, std::string_view name) {

@@ -1,6 +1,4 @@
-#include "host/ScenarioKeys.h"
-
-#include "host/HostError.h"
+#include "plugin/ScenarioKeys.h"
 
 namespace imptable {
 
@@ -24,12 +22,6 @@ KeyPath ConstantsKey(const std::string& scenario) {
 
 KeyPath Subkey(const KeyPath& key, const std::string& name) {
   return {key.root, key.path + '\\' + name};
-}
-
-void RequireName(const std::string& name) {
-  if (name.empty() || name.find('\\') != std::string::npos) {
-    throw HostError(ExitCode::kUsage, HostText::kBadName, {name});
-  }
 }
 
 }  // namespace imptable

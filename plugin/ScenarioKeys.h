@@ -1,5 +1,5 @@
-#ifndef HOST_SCENARIO_KEYS_H_
-#define HOST_SCENARIO_KEYS_H_
+#ifndef PLUGIN_SCENARIO_KEYS_H_
+#define PLUGIN_SCENARIO_KEYS_H_
 
 #include <string>
 
@@ -20,9 +20,6 @@ KeyPath ConstantsKey(const std::string& scenario);
 /// The key below `key`.
 KeyPath Subkey(const KeyPath& key, const std::string& name);
 
-/// @throws HostError  wrong usage, when no key can have this name.
-void RequireName(const std::string& name);
-
 }  // namespace imptable
 
-#endif  // HOST_SCENARIO_KEYS_H_
+#endif  // PLUGIN_SCENARIO_KEYS_H_

@@ -1,11 +1,10 @@
-#ifndef HOST_TESTING_HOSTED_COMPONENT_H_
-#define HOST_TESTING_HOSTED_COMPONENT_H_
+#ifndef PLUGIN_TESTING_HOSTED_COMPONENT_H_
+#define PLUGIN_TESTING_HOSTED_COMPONENT_H_
 
 #include <gtest/gtest.h>
 
 #include <memory>
 
-#include "host/StandaloneHostLibrary.h"
 #include "platform/ProfileFile_linux.h"
 #include "platform/testing/FaultyFileSystem.h"
 #include "platform/testing/ManualClock.h"
@@ -15,10 +14,11 @@
 #include "platform/testing/RecordingWarningBox.h"
 #include "platform/testing/TemporaryFolder.h"
 #include "plugin/ModuleState.h"
+#include "plugin/StandaloneHostLibrary.h"
 
 namespace imptable {
 
-/// A component that the stand-alone host's library serves, on ports that a test sets up. Texts are
+/// A component that the stand-alone services serve, on ports that a test sets up. Texts are
 /// UTF-8, French unless a test says otherwise; it is 04/03/2026 05:06:07.
 class HostedComponent {
  public:
@@ -52,4 +52,4 @@ class HostedComponent {
 
 }  // namespace imptable
 
-#endif  // HOST_TESTING_HOSTED_COMPONENT_H_
+#endif  // PLUGIN_TESTING_HOSTED_COMPONENT_H_

@@ -1,5 +1,5 @@
-#ifndef HOST_STANDALONE_HOST_LIBRARY_H_
-#define HOST_STANDALONE_HOST_LIBRARY_H_
+#ifndef PLUGIN_STANDALONE_HOST_LIBRARY_H_
+#define PLUGIN_STANDALONE_HOST_LIBRARY_H_
 
 #include <cstdint>
 #include <memory>
@@ -43,4 +43,4 @@ class StandaloneHostLibrary : public HostLibrary {
 
 }  // namespace imptable
 
-#endif  // HOST_STANDALONE_HOST_LIBRARY_H_
+#endif  // PLUGIN_STANDALONE_HOST_LIBRARY_H_

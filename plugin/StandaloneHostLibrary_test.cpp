@@ -1,11 +1,10 @@
-#include "host/StandaloneHostLibrary.h"
+#include "plugin/StandaloneHostLibrary.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/LiveDisplay.h"
-#include "host/testing/HostedComponent.h"
 #include "plugin/ImpTable.h"
+#include "plugin/testing/HostedComponent.h"
 
 namespace imptable {
 namespace {
@@ -14,6 +13,18 @@ using testing::AllOf;
 using testing::ElementsAre;
 using testing::Field;
 using testing::IsEmpty;
+
+class Display : public HostDisplay, public HostForm {
+ public:
+  HostForm* wForm() override { return this; }
+  std::string Text() const override { return text; }
+  void SetText(const std::string& new_text) override { text = new_text; }
+  std::int32_t Tag() const override { return tag; }
+  void SetTag(std::int32_t new_tag) override { tag = new_tag; }
+
+  std::string text;
+  std::int32_t tag = 0;
+};
 
 class StandaloneHostLibraryTest : public testing::Test, protected HostedComponent {
  protected:
@@ -41,15 +52,15 @@ TEST_F(StandaloneHostLibraryTest, KnowsNoVariableOfAnotherScenarioOrType) {
 
 TEST_F(StandaloneHostLibraryTest, WritesReportLinesInTheComponentsForm) {
   const auto writer = library.CreateReportWriter();
-  LiveDisplay display;
+  Display display;
   writer->SetScenario("S1");
   writer->SetReportPath(folder.path() + "report.txt");
   writer->WriteLine("first", &display, ReportKind::kHeading);
   writer->WriteLine("second", &display, ReportKind::kInformation);
   EXPECT_EQ(folder.Read("report.txt"),
             "04/03/2026 05:06:07 first\r\n04/03/2026 05:06:07 second\r\n");
-  EXPECT_EQ(display.wForm()->Text(), "04/03/2026 05:06:07 second\n04/03/2026 05:06:07 first\n");
-  EXPECT_EQ(display.wForm()->Tag(), 2);
+  EXPECT_EQ(display.text, "04/03/2026 05:06:07 second\n04/03/2026 05:06:07 first\n");
+  EXPECT_EQ(display.tag, 2);
   EXPECT_FALSE(library.report_failed());
 }
 

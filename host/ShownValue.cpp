@@ -1,8 +1,9 @@
-#include "host/StoredValue.h"
+#include "host/ShownValue.h"
 
 #include <charconv>
-#include <cstddef>
 #include <system_error>
+
+#include "plugin/core/StoredValue.h"
 
 namespace imptable {
 namespace {
@@ -30,26 +31,6 @@ std::string Joined(std::string_view list) {
 
 }  // namespace
 
-RegistryValue TextValue(std::string_view text) {
-  return {RegistryType::kText, std::string(text) + '\0'};
-}
-
-RegistryValue NumberValue(std::int32_t number) {
-  RegistryValue value{RegistryType::kNumber, {}};
-  auto rest = static_cast<std::uint32_t>(number);
-  for (std::size_t i = 0; i < sizeof rest; ++i, rest >>= 8U) {
-    value.data += static_cast<char>(rest & 0xFFU);
-  }
-  return value;
-}
-
-std::optional<std::string> TextOf(const RegistryValue& value) {
-  if (value.type != RegistryType::kText && value.type != RegistryType::kExpandableText) {
-    return std::nullopt;
-  }
-  return value.data.substr(0, value.data.find('\0'));
-}
-
 std::string ShownValue(const RegistryValue& value) {
   switch (value.type) {
     case RegistryType::kText:
@@ -57,14 +38,11 @@ std::string ShownValue(const RegistryValue& value) {
       return *TextOf(value);
     case RegistryType::kMultiText:
       return Joined(value.data);
-    case RegistryType::kNumber: {
-      std::uint32_t number = 0;
-      if (value.data.size() != sizeof number) break;
-      for (std::size_t i = sizeof number; i-- > 0;) {
-        number = number << 8U | static_cast<unsigned char>(value.data[i]);
+    case RegistryType::kNumber:
+      if (const std::optional<std::int32_t> number = NumberOf(value)) {
+        return std::to_string(*number);
       }
-      return std::to_string(static_cast<std::int32_t>(number));
-    }
+      break;
     case RegistryType::kNone:
     case RegistryType::kBinary:
       break;

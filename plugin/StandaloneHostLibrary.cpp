@@ -1,23 +1,36 @@
-#include "host/StandaloneHostLibrary.h"
+#include "plugin/StandaloneHostLibrary.h"
 
 #include <algorithm>
 #include <array>
 #include <optional>
 #include <string_view>
 
-#include "host/HostTexts.h"
-#include "host/ScenarioKeys.h"
-#include "host/StoredValue.h"
-#include "platform/NameFolding.h"
 #include "plugin/ImpTable.h"
+#include "plugin/ScenarioKeys.h"
+#include "plugin/core/StoredValue.h"
 
 namespace imptable {
 namespace {
 
 constexpr std::int32_t kMessageTitle = 175;
 
+constexpr std::string_view kFrenchSummary =
+    "Importe un fichier texte dans une table d'une source de données ODBC.";
+constexpr std::string_view kEnglishSummary =
+    "Imports a text file into a table of an ODBC data source.";
+
 // By their type numbers: never reorder.
 constexpr std::array<std::string_view, 4> kActionKeys{"OnErr", "OnDec", "ExeIf", "Goto"};
+
+char Folded(char letter) {
+  return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
+
+/// Names of actions are ASCII.
+bool IsSameAction(std::string_view left, std::string_view right) {
+  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                    [](char a, char b) { return Folded(a) == Folded(b); });
+}
 
 void RequireOwnType(std::int16_t type) {
   if (type != kWrapperType) {
@@ -76,12 +89,12 @@ std::vector<ActionEntry> StandaloneHostLibrary::ActionEntries(const KeyPath& tas
   const std::vector<std::string> stored = module.SubkeyNames(actions);
   std::vector<ActionEntry> entries;
   for (std::size_t type = 0; type < kActionKeys.size(); ++type) {
-    const std::string folded = FoldName(kActionKeys[type]);
+    const std::string_view name = kActionKeys[type];
     if (std::none_of(stored.begin(), stored.end(),
-                     [&](const std::string& key) { return FoldName(key) == folded; })) {
+                     [&](const std::string& key) { return IsSameAction(key, name); })) {
       continue;
     }
-    const std::string key = actions + '\\' + std::string(kActionKeys[type]);
+    const std::string key = actions + '\\' + std::string(name);
     entries.push_back({static_cast<ActionType>(type), AsText(module.ReadValue(key, "Variable")),
                        AsText(module.ReadValue(key, "Valeur"))});
   }
@@ -95,9 +108,8 @@ std::string StandaloneHostLibrary::TitleOfWrapperType(std::int16_t type) {
 
 std::string StandaloneHostLibrary::SummaryOfWrapperType(std::int16_t type) {
   RequireOwnType(type);
-  const Language language =
-      Module().language_offset == kEnglishOffset ? Language::kEnglish : Language::kFrench;
-  return HostTexts(language, Module().platform.encoding).Text(HostText::kTypeSummary);
+  const bool english = Module().language_offset == kEnglishOffset;
+  return Module().platform.encoding.FromUtf8(english ? kEnglishSummary : kFrenchSummary);
 }
 
 }  // namespace imptable
