@@ -1,0 +1,18 @@
+#ifndef DIALOGS_HOST_REFERENCE_H_
+#define DIALOGS_HOST_REFERENCE_H_
+
+#include <string>
+
+#include "plugin/core/ModuleCommun.h"
+
+namespace imptable {
+
+/// A field's text as it is used: "@" and a name stand for the value of that scenario variable of
+/// the host, any other text for itself.
+/// @throws RuntimeFault  no such host object, when the host can't look up a variable.
+std::string ResolveReference(const ModuleCommun& module, const std::string& scenario,
+                             const std::string& text);
+
+}  // namespace imptable
+
+#endif  // DIALOGS_HOST_REFERENCE_H_

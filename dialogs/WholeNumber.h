@@ -1,0 +1,16 @@
+#ifndef DIALOGS_WHOLE_NUMBER_H_
+#define DIALOGS_WHOLE_NUMBER_H_
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace imptable {
+
+/// Reads digits; blanks around them are ignored.
+/// @return nullopt for anything else and for a number that doesn't fit.
+std::optional<std::int32_t> ReadWholeNumber(std::string_view text);
+
+}  // namespace imptable
+
+#endif  // DIALOGS_WHOLE_NUMBER_H_
