@@ -12,9 +12,6 @@
 
 namespace imptable {
 
-/// The class's wrapper type, as the host knows it: never change.
-inline constexpr std::int16_t kWrapperType = 50;
-
 /// Where the task's events go.
 class ImpTableEvents {
  public:

@@ -5,8 +5,8 @@
 #include <optional>
 #include <string_view>
 
-#include "plugin/ImpTable.h"
 #include "plugin/ScenarioKeys.h"
+#include "plugin/TaskDialog.h"
 #include "plugin/core/StoredValue.h"
 
 namespace imptable {
@@ -79,6 +79,24 @@ std::string StandaloneHostLibrary::Variable(const KeyPath& /*tasks*/, const std:
     throw RuntimeFault(FaultNumber::kDeviceError, error.what());
   }
   return {};
+}
+
+std::vector<std::string> StandaloneHostLibrary::ReferenceNames(const KeyPath& /*tasks*/,
+                                                               const std::string& scenario,
+                                                               ReferenceKind kind) {
+  const Registry& registry = Module().platform.registry;
+  const KeyPath key =
+      kind == ReferenceKind::kVariable ? VariablesKey(scenario) : ConstantsKey(scenario);
+  try {
+    std::vector<std::string> names = registry.ValueNames(key);
+    std::erase_if(names, [&](const std::string& name) {
+      const std::optional<RegistryValue> value = registry.Read(key, name);
+      return name.empty() || !value || !TextOf(*value);
+    });
+    return names;
+  } catch (const RegistryError& error) {
+    throw RuntimeFault(FaultNumber::kDeviceError, error.what());
+  }
 }
 
 std::vector<ActionEntry> StandaloneHostLibrary::ActionEntries(const KeyPath& tasks,

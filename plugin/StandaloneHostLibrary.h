@@ -26,6 +26,10 @@ class StandaloneHostLibrary : public HostLibrary {
   std::string Variable(const KeyPath& tasks, const std::string& scenario,
                        const std::string& name) override;
 
+  /// The names of the texts in the scenario's key of that kind, in the registry's order.
+  std::vector<std::string> ReferenceNames(const KeyPath& tasks, const std::string& scenario,
+                                          ReferenceKind kind) override;
+
   /// Entries are the keys "OnErr", "OnDec", "ExeIf" and "Goto" below the task's key "Action", in
   /// this order; their assignment is in their values "Variable" and "Valeur".
   std::vector<ActionEntry> ActionEntries(const KeyPath& tasks, const std::string& task) override;

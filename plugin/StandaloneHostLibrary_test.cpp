@@ -50,6 +50,30 @@ TEST_F(StandaloneHostLibraryTest, KnowsNoVariableOfAnotherScenarioOrType) {
   EXPECT_EQ(Variable("N"), "");
 }
 
+TEST_F(StandaloneHostLibraryTest, ListsTextsOfAKindInTheOrderOfTheRegistry) {
+  registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "Zone", "");
+  registry.SetNumber("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "Number", 1);
+  registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "", "unnamed");
+  registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "Agence", "12");
+  registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Constantes", "Source", "CLIENTS");
+  registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S2\\Variables", "Other", "x");
+  EXPECT_THAT(library.ReferenceNames({}, "S1", ReferenceKind::kVariable),
+              ElementsAre("Zone", "Agence"));
+  EXPECT_THAT(library.ReferenceNames({}, "S1", ReferenceKind::kConstant), ElementsAre("Source"));
+  EXPECT_THAT(library.ReferenceNames({}, "S3", ReferenceKind::kVariable), IsEmpty());
+}
+
+TEST_F(StandaloneHostLibraryTest, SaysThatTheRegistryOfTheNamesCantBeRead) {
+  registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "A", "1");
+  registry.FailReadsFrom(1);
+  try {
+    library.ReferenceNames({}, "S1", ReferenceKind::kVariable);
+    ADD_FAILURE() << "names out of nothing";
+  } catch (const RuntimeFault& fault) {
+    EXPECT_EQ(fault.number(), FaultNumber::kDeviceError);
+  }
+}
+
 TEST_F(StandaloneHostLibraryTest, WritesReportLinesInTheComponentsForm) {
   const auto writer = library.CreateReportWriter();
   Display display;
@@ -151,6 +175,7 @@ TEST_F(StandaloneHostLibraryTest, ServesNothingBeforeItHasAComponent) {
   StandaloneHostLibrary unattached;
   EXPECT_THROW(unattached.CreateReportWriter(), RuntimeFault);
   EXPECT_THROW(unattached.Variable({}, "S1", "A"), RuntimeFault);
+  EXPECT_THROW(unattached.ReferenceNames({}, "S1", ReferenceKind::kVariable), RuntimeFault);
   EXPECT_THROW(unattached.ActionEntries(kTasks, "T1"), RuntimeFault);
   EXPECT_THROW(unattached.TitleOfWrapperType(kWrapperType), RuntimeFault);
   EXPECT_THROW(unattached.SummaryOfWrapperType(kWrapperType), RuntimeFault);

@@ -8,6 +8,9 @@
 
 namespace imptable {
 
+/// The task type that the plug-in class reports, as the host knows it: never change.
+inline constexpr std::int16_t kWrapperType = 50;
+
 /// The task's configuration dialog, from opening to release.
 class TaskDialog {
  public:

@@ -53,6 +53,9 @@ struct ActionEntry {
   std::string value;
 };
 
+/// What an "@" reference may name.
+enum class ReferenceKind : std::uint8_t { kVariable, kConstant };
+
 /// The host's object library, as far as the component needs it.
 /// @throws RuntimeFault (no such host object) from any member when the host can't serve it.
 class HostLibrary {
@@ -64,6 +67,10 @@ class HostLibrary {
   /// @return the value of a scenario variable; empty when it doesn't exist.
   virtual std::string Variable(const KeyPath& tasks, const std::string& scenario,
                                const std::string& name) = 0;
+
+  /// @return the names of the scenario's variables or constants, in the host's order.
+  virtual std::vector<std::string> ReferenceNames(const KeyPath& tasks, const std::string& scenario,
+                                                  ReferenceKind kind) = 0;
 
   /// The action entries of a task, in the host's order.
   virtual std::vector<ActionEntry> ActionEntries(const KeyPath& tasks, const std::string& task) = 0;

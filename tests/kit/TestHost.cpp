@@ -31,7 +31,19 @@ std::string TestHost::Variable(const KeyPath& tasks, const std::string& of_scena
                                const std::string& name) {
   looked_up.push_back(of_scenario + '|' + tasks.path + '|' + name);
   const auto variable = variables.find(name);
-  return variable == variables.end() ? std::string() : variable->second;
+  if (variable != variables.end()) return variable->second;
+  const auto constant = constants.find(name);
+  return constant == constants.end() ? std::string() : constant->second;
+}
+
+std::vector<std::string> TestHost::ReferenceNames(const KeyPath& /*tasks*/,
+                                                  const std::string& /*of_scenario*/,
+                                                  ReferenceKind kind) {
+  std::vector<std::string> names;
+  for (const auto& [name, value] : kind == ReferenceKind::kVariable ? variables : constants) {
+    names.push_back(name);
+  }
+  return names;
 }
 
 std::vector<ActionEntry> TestHost::ActionEntries(const KeyPath& tasks, const std::string& task) {

@@ -26,6 +26,8 @@ class TestHost : public HostLibrary {
   std::unique_ptr<ReportWriter> CreateReportWriter() override;
   std::string Variable(const KeyPath& tasks, const std::string& scenario,
                        const std::string& name) override;
+  std::vector<std::string> ReferenceNames(const KeyPath& tasks, const std::string& scenario,
+                                          ReferenceKind kind) override;
   std::vector<ActionEntry> ActionEntries(const KeyPath& tasks, const std::string& task) override;
   std::string TitleOfWrapperType(std::int16_t type) override;
   std::string SummaryOfWrapperType(std::int16_t type) override;
@@ -34,6 +36,7 @@ class TestHost : public HostLibrary {
   std::vector<std::string> Texts() const;
 
   std::map<std::string, std::string> variables;
+  std::map<std::string, std::string> constants;
   std::vector<WrittenLine> lines;
   std::string scenario;                   // given to the report writer
   std::string report_path;                // given to the report writer
