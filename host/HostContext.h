@@ -9,7 +9,7 @@
 
 #include "host/HostConsole.h"
 #include "host/HostTexts.h"
-#include "platform/ProfileFile_linux.h"
+#include "platform/ProfileFileReader.h"
 #include "platform/RegistryStore.h"
 #include "platform/SqliteRegistry.h"
 #include "plugin/ModuleState.h"

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "platform/Clock_linux.h"
-#include "platform/testing/CompiledLocale.h"
+#include "platform/testing/CompiledLocale_linux.h"
 #include "platform/testing/PlainEncodings.h"
 #include "platform/testing/ScopedVariable.h"
 

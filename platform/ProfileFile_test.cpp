@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "platform/ProfileFile_linux.h"
+#include "platform/ProfileFileReader.h"
 #include "platform/testing/FaultyFileSystem.h"
 #include "platform/testing/TemporaryFolder.h"
 

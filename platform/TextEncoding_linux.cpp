@@ -10,20 +10,10 @@
 #include <utility>
 
 #include "platform/Utf8.h"
+#include "platform/Utf8Encoding.h"
 
 namespace imptable {
 namespace {
-
-class Utf8Encoding : public TextEncoding {
- public:
-  bool IsUtf8() const override { return true; }
-  std::string FromUtf8(std::string_view text) const override {
-    return ReplaceInvalidUtf8(text, "?");
-  }
-  std::string ToUtf8(std::string_view text) const override {
-    return ReplaceInvalidUtf8(text, kReplacementCharacter);
-  }
-};
 
 /// Sole owner of a conversion from one code set to another.
 class Conversion {

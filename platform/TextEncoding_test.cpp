@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/TextEncoding_linux.h"
-#include "platform/testing/CompiledLocale.h"
+#include "platform/testing/CompiledLocale_linux.h"
 #include "platform/testing/ScopedVariable.h"
 
 namespace imptable {

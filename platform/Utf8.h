@@ -29,6 +29,35 @@ constexpr std::size_t Utf8Length(std::string_view text) {
   return forbidden ? 0 : length;
 }
 
+/// @param character  the bytes of one valid character.
+constexpr char32_t DecodeUtf8(std::string_view character) {
+  const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(character[at]); };
+  if (character.size() == 1) return byte(0);
+  char32_t result = byte(0) & (0x7FU >> character.size());
+  for (std::size_t at = 1; at < character.size(); ++at) result = result << 6 | (byte(at) & 0x3FU);
+  return result;
+}
+
+inline void AppendUtf8(std::string& text, char32_t character) {
+  const auto add = [&](char32_t byte) { text += static_cast<char>(byte); };
+  if (character < 0x80) {
+    add(character);
+    return;
+  }
+  if (character < 0x800) {
+    add(0xC0U | character >> 6);
+  } else {
+    if (character < 0x10000) {
+      add(0xE0U | character >> 12);
+    } else {
+      add(0xF0U | character >> 18);
+      add(0x80U | (character >> 12 & 0x3FU));
+    }
+    add(0x80U | (character >> 6 & 0x3FU));
+  }
+  add(0x80U | (character & 0x3FU));
+}
+
 /// `text` with each byte that is no valid UTF-8 replaced.
 inline std::string ReplaceInvalidUtf8(std::string_view text, std::string_view replacement) {
   std::string result;

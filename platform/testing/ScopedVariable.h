@@ -6,7 +6,8 @@
 
 namespace imptable {
 
-/// Sets a variable of the environment; puts the former value back when its owner goes.
+/// Sets a variable of the environment; puts the former value back when its owner goes. On Windows
+/// an empty variable is none.
 class ScopedVariable {
  public:
   ScopedVariable(const char* name, const std::string& value);

@@ -1,23 +1,32 @@
 #include "platform/testing/TemporaryFolder.h"
 
-#include <cerrno>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <system_error>
 
+#include "platform/FileSystem.h"
+
 namespace imptable {
+namespace {
+
+/// @return the path of a folder that wasn't there before.
+std::string MakeFolder(const std::filesystem::path& parent) {
+  std::random_device random;
+  for (;;) {
+    const auto path = parent / ("imptable-" + std::to_string(random()));
+    if (std::filesystem::create_directory(path)) return path.string();
+  }
+}
+
+}  // namespace
 
 TemporaryFolder::TemporaryFolder()
     : TemporaryFolder(std::filesystem::temp_directory_path().string()) {}
 
-TemporaryFolder::TemporaryFolder(const std::string& parent) : path_(parent + "/imptable-XXXXXX") {
-  if (mkdtemp(path_.data()) == nullptr) {
-    throw std::system_error(errno, std::generic_category(), path_);
-  }
-  path_ += '/';
-}
+TemporaryFolder::TemporaryFolder(const std::string& parent)
+    : path_(MakeFolder(std::filesystem::path(parent).make_preferred()) + SystemPathSeparator()) {}
 
 TemporaryFolder::~TemporaryFolder() {
   std::error_code ignored;
@@ -41,7 +50,7 @@ std::string TemporaryFolder::Read(const std::string& name) const {
 }
 
 bool TemporaryFolder::Exists(const std::string& name) const {
-  return std::filesystem::exists(path_ + name);
+  return SystemFileSystem()->Query(path_ + name).has_value();
 }
 
 }  // namespace imptable

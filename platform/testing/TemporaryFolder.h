@@ -6,8 +6,8 @@
 
 namespace imptable {
 
-/// A fresh folder that goes, with all that is in it, when its owner does. Names are relative to it;
-/// what can't be done throws, so that a test fails.
+/// A fresh folder that goes, with all that is in it, when its owner does. Names are relative to it,
+/// with "/" for a separator on every system; what can't be done throws, so that a test fails.
 class TemporaryFolder {
  public:
   /// Below the system's folder for temporary files.
@@ -18,7 +18,7 @@ class TemporaryFolder {
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-  /// Ends with "/".
+  /// Ends with the system's separator.
   const std::string& path() const { return path_; }
 
   /// @return the path of the file.

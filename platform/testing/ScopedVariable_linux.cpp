@@ -1,6 +1,6 @@
-#include "platform/testing/ScopedVariable.h"
-
 #include <stdlib.h>
+
+#include "platform/testing/ScopedVariable.h"
 
 namespace imptable {
 

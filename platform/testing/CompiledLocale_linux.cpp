@@ -1,4 +1,4 @@
-#include "platform/testing/CompiledLocale.h"
+#include "platform/testing/CompiledLocale_linux.h"
 
 #include <cstdlib>
 #include <stdexcept>

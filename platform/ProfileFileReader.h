@@ -1,5 +1,5 @@
-#ifndef PLATFORM_PROFILE_FILE_LINUX_H_
-#define PLATFORM_PROFILE_FILE_LINUX_H_
+#ifndef PLATFORM_PROFILE_FILE_READER_H_
+#define PLATFORM_PROFILE_FILE_READER_H_
 
 #include "platform/FileSystem.h"
 #include "platform/ProfileFile.h"
@@ -21,4 +21,4 @@ class ProfileFileReader : public ProfileFile {
 
 }  // namespace imptable
 
-#endif  // PLATFORM_PROFILE_FILE_LINUX_H_
+#endif  // PLATFORM_PROFILE_FILE_READER_H_

@@ -1,4 +1,4 @@
-#include "platform/ProfileFile_linux.h"
+#include "platform/ProfileFileReader.h"
 
 #include <array>
 #include <optional>
