@@ -1,0 +1,40 @@
+#ifndef DIALOGS_DIALOG_SERVICES_H_
+#define DIALOGS_DIALOG_SERVICES_H_
+
+#include <functional>
+
+#include "dialogs/DialogBoxes.h"
+#include "dialogs/OdbcAdministrator.h"
+#include "plugin/core/ModuleCommun.h"
+
+namespace imptable {
+
+/// What the configuration dialog uses; all borrowed, all outlive it. The host's object library and
+/// the mouse pointer come with the module.
+struct DialogServices {
+  ModuleCommun& module;
+  DialogBoxes& boxes;
+  OdbcAdministrator& administrator;
+
+  /// Opens the host's help; empty when the host has none, cmdHelp is then disabled.
+  std::function<void()> open_help = {};
+};
+
+/// Shows the hourglass while it lives.
+class WaitPointer {
+ public:
+  /// @param module  borrowed.
+  explicit WaitPointer(ModuleCommun& module) : pointer_(module.platform.mouse_pointer) {
+    pointer_.ShowHourglass();
+  }
+  WaitPointer(const WaitPointer&) = delete;
+  WaitPointer& operator=(const WaitPointer&) = delete;
+  ~WaitPointer() { pointer_.Reset(); }
+
+ private:
+  MousePointer& pointer_;
+};
+
+}  // namespace imptable
+
+#endif  // DIALOGS_DIALOG_SERVICES_H_
