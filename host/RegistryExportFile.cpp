@@ -1,26 +1,13 @@
 #include "host/RegistryExportFile.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "host/RegistryExportText.h"
-#include "platform/NameFolding.h"
+#include "host/RegistryRoots.h"
 
 namespace imptable {
 namespace {
-
-struct Root {
-  std::int32_t handle;
-  std::string_view name;
-  std::string_view short_name;
-};
-
-// In the order of the registry editor.
-constexpr std::array<Root, 2> kRoots{{
-    {kHkeyCurrentUser, "HKEY_CURRENT_USER", "HKCU"},
-    {kHkeyLocalMachine, "HKEY_LOCAL_MACHINE", "HKLM"},
-}};
 
 constexpr std::string_view kLineEnd = "\r\n";
 
@@ -109,7 +96,7 @@ std::optional<std::string> WriteRegistryExport(const RegistryStore& store,
     keys = store.Tree(*key);
     if (keys.empty()) return std::nullopt;
   } else {
-    for (const Root& root : kRoots) {
+    for (const RegistryRoot& root : kRegistryRoots) {
       for (StoredKey& stored : store.Tree({root.handle, ""})) keys.push_back(std::move(stored));
     }
   }
@@ -129,28 +116,6 @@ std::optional<std::string> WriteRegistryExport(const RegistryStore& store,
     text += kLineEnd;
   }
   return Utf16FromUtf8(text);
-}
-
-std::optional<KeyPath> KeyPathFromName(std::string_view name) {
-  const std::size_t root_end = std::min(name.find('\\'), name.size());
-  const std::string root_name = FoldName(name.substr(0, root_end));
-  const auto root = std::find_if(kRoots.begin(), kRoots.end(), [&](const Root& candidate) {
-    return root_name == candidate.name || root_name == candidate.short_name;
-  });
-  if (root == kRoots.end()) return std::nullopt;
-  if (root_end == name.size()) return KeyPath{root->handle, ""};
-  const std::string_view path = name.substr(root_end + 1);
-  if (path.empty() || path.front() == '\\' || path.back() == '\\' ||
-      path.find("\\\\") != std::string_view::npos) {
-    return std::nullopt;
-  }
-  return KeyPath{root->handle, std::string(path)};
-}
-
-std::string_view RootName(std::int32_t root) {
-  const auto found = std::find_if(kRoots.begin(), kRoots.end(),
-                                  [&](const Root& candidate) { return candidate.handle == root; });
-  return found == kRoots.end() ? std::string_view() : found->name;
 }
 
 }  // namespace imptable

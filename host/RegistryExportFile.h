@@ -39,13 +39,6 @@ std::variant<std::vector<RegistryEdit>, RegistryExportError> ParseRegistryExport
 std::optional<std::string> WriteRegistryExport(const RegistryStore& store,
                                                const std::optional<KeyPath>& key);
 
-/// A key by its whole name, "HKEY_LOCAL_MACHINE\SOFTWARE" or "HKLM\SOFTWARE", in UTF-8.
-/// @return nullopt when the root is another one or a key's name in it is empty.
-std::optional<KeyPath> KeyPathFromName(std::string_view name);
-
-/// The long name of one of the two roots.
-std::string_view RootName(std::int32_t root);
-
 }  // namespace imptable
 
 #endif  // HOST_REGISTRY_EXPORT_FILE_H_

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "host/RegistryExportText.h"
+#include "host/RegistryRoots.h"
 #include "platform/testing/PlainEncodings.h"
 #include "platform/testing/TemporaryFolder.h"
 

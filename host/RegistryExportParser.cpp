@@ -3,6 +3,7 @@
 
 #include "host/RegistryExportFile.h"
 #include "host/RegistryExportText.h"
+#include "host/RegistryRoots.h"
 
 namespace imptable {
 namespace {

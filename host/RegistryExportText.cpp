@@ -4,12 +4,8 @@
 #include <cstddef>
 #include <optional>
 
-#include "platform/TextEncoding_linux.h"
-
 namespace imptable {
 namespace {
-
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD
 
 void AppendUtf8(std::string& text, char32_t character) {
   const auto add = [&](char32_t byte) { text += static_cast<char>(byte); };
@@ -54,16 +50,6 @@ std::optional<char32_t> TakeCharacter(std::string_view& text) {
   }
   text.remove_prefix(length);
   return character;
-}
-
-/// The bytes in this code page, as far as they are characters of it.
-ConvertedText Utf8FromCodePage(std::string_view bytes, const TextEncoding& encoding) {
-  std::string text = encoding.ToUtf8(bytes);
-  // U+FFFD may also be what the file holds; then it converts back to the same bytes.
-  const std::size_t flaw = text.find(kReplacement);
-  if (flaw == std::string::npos || encoding.FromUtf8(text) == bytes) return {text, true};
-  text.resize(flaw);
-  return {text, false};
 }
 
 }  // namespace
@@ -120,12 +106,6 @@ ConvertedText CheckedUtf8(std::string_view bytes) {
     }
   }
   return {std::string(bytes), true};
-}
-
-ConvertedText Utf8FromAnsi(std::string_view bytes, const TextEncoding& encoding) {
-  ConvertedText converted = Utf8FromCodePage(bytes, encoding);
-  if (converted.complete || !encoding.IsUtf8()) return converted;
-  return Utf8FromCodePage(bytes, *MakeTextEncoding("WINDOWS-1252"));
 }
 
 }  // namespace imptable

@@ -7,6 +7,7 @@
 #include "host/Commands.h"
 #include "host/HostError.h"
 #include "host/RegistryExportFile.h"
+#include "host/RegistryRoots.h"
 #include "host/ReplacedFile.h"
 
 namespace imptable {

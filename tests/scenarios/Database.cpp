@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "tests/scenarios/ChildProcess.h"
+#include "tests/scenarios/CommandUnderTest.h"
 
 namespace imptable {
 namespace {
@@ -19,7 +20,8 @@ class SqliteDatabase : public Database {
   explicit SqliteDatabase(const std::string& folder) : path_(folder + "database.db") {}
 
   std::string DataSource() const override {
-    return "Driver=" SQLITE_ODBC_DRIVER "\nDatabase=" + path_ + "\nSyncPragma=OFF\nTimeout=10000\n";
+    return "Driver=" + TheCommand().SqliteDriver() + "\nDatabase=" + path_ +
+           "\nSyncPragma=OFF\nTimeout=10000\n";
   }
   void Execute(const std::string& sql) override { Client(sql); }
   std::string Rows(const std::string& query) override { return Client(query); }

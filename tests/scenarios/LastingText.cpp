@@ -7,20 +7,32 @@
 namespace imptable {
 namespace {
 
-constexpr std::array<std::string_view, 2> kDates{"0000-00-00 00:00:00", "00/00/0000 00:00:00"};
+// A 0 stands for a digit, a 9 for one or two. An American Windows user's, which hold others, first.
+constexpr std::array<std::string_view, 4> kDates{"9/9/0000 9:00:00 AM", "9/9/0000 9:00:00 PM",
+                                                 "0000-00-00 00:00:00", "00/00/0000 00:00:00"};
 constexpr std::string_view kStrong = "<strong>";
 constexpr std::string_view kDriver = "[ma-";
 
-bool IsDate(std::string_view text, std::string_view form) {
-  return text.size() >= form.size() &&
-         std::equal(form.begin(), form.end(), text.begin(), [](char wanted, char found) {
-           return wanted == '0' ? found >= '0' && found <= '9' : found == wanted;
-         });
+bool IsDigit(std::string_view text, std::size_t at) {
+  return at < text.size() && text[at] >= '0' && text[at] <= '9';
+}
+
+/// How much of the text has that form; 0 when it hasn't.
+std::size_t LengthOf(std::string_view form, std::string_view text) {
+  std::size_t at = 0;
+  for (const char wanted : form) {
+    const bool is_digit = IsDigit(text, at);
+    const bool fits =
+        wanted == '0' || wanted == '9' ? is_digit : at < text.size() && text[at] == wanted;
+    if (!fits) return 0;
+    at += wanted == '9' && IsDigit(text, at + 1) ? 2 : 1;
+  }
+  return at;
 }
 
 std::size_t DateLength(std::string_view text) {
   for (const std::string_view form : kDates) {
-    if (IsDate(text, form)) return form.size();
+    if (const std::size_t length = LengthOf(form, text); length > 0) return length;
   }
   return 0;
 }

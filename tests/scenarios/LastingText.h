@@ -8,8 +8,9 @@ namespace imptable {
 
 void ReplaceAll(std::string& text, const std::string& from, const std::string& to);
 
-/// {DATE} in place of the date and time, year first or last, that a line of a report or of a side
-/// file begins with, and {VERSIONS} in place of those that MariaDB's driver begins its texts with.
+/// {DATE} in place of the date and time, in any of the systems' forms, that a line of a report or
+/// of a side file begins with, and {VERSIONS} in place of those that MariaDB's driver begins its
+/// texts with.
 std::string WithoutDatesAndVersions(const std::string& text);
 
 /// Whether every dated line of a report ends with CR LF. A driver's text may have line feeds of its

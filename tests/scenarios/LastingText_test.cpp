@@ -8,11 +8,15 @@ namespace {
 TEST(LastingText, LeavesOutTheDatesThatLinesBeginWithAndNoOther) {
   EXPECT_EQ(WithoutDatesAndVersions("2006-11-15 08:30:00 a\n15/11/2006 08:30:00.... b\n"),
             "{DATE} a\n{DATE}.... b\n");
+  EXPECT_EQ(WithoutDatesAndVersions("1/5/2006 8:30:00 AM a\n11/15/2006 12:30:00 PM b\n"),
+            "{DATE} a\n{DATE} b\n");
   EXPECT_EQ(WithoutDatesAndVersions("<strong>2006-11-15 08:30:00 a</strong><br>\n"),
             "<strong>{DATE} a</strong><br>\n");
   EXPECT_EQ(WithoutDatesAndVersions("<font color=\"#004080\"><strong>2006-11-15 08:30:00 a\n"),
             "<font color=\"#004080\"><strong>{DATE} a\n");
-  const std::string others = "in 2006-11-15 08:30:00\n2006-11-15 08:30\n2006-1-15 08:30:00\n\nx";
+  const std::string others =
+      "in 2006-11-15 08:30:00\n2006-11-15 08:30\n2006-1-15 08:30:00\n"
+      "11/15/2006 8:30:00\n111/5/2006 8:30:00 AM\n\nx";
   EXPECT_EQ(WithoutDatesAndVersions(others), others);
 }
 

@@ -6,6 +6,8 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "tests/scenarios/CommandUnderTest.h"
+
 namespace imptable {
 namespace {
 
@@ -19,16 +21,19 @@ void ReadInto(const std::string& folder, ResultFiles& files) {
   }
 }
 
-std::string OwnFolder(const Scenario& scenario, DatabaseKind kind) {
+std::string DatabaseFolder(const Scenario& scenario, DatabaseKind kind) {
   return scenario.folder + "expected." + std::string(NameOf(kind));
 }
+
+std::string WindowsFolder(const Scenario& scenario) { return scenario.folder + "expected.windows"; }
 
 }  // namespace
 
 ResultFiles ReadExpected(const Scenario& scenario, DatabaseKind kind) {
   ResultFiles files;
   ReadInto(scenario.folder + "expected", files);
-  ReadInto(OwnFolder(scenario, kind), files);
+  ReadInto(DatabaseFolder(scenario, kind), files);
+  if (TheCommand().is_windows()) ReadInto(WindowsFolder(scenario), files);
   return files;
 }
 
@@ -47,11 +52,15 @@ void Compare(const ResultFiles& expected, const ResultFiles& found) {
 }
 
 void Record(const Scenario& scenario, DatabaseKind kind, const ResultFiles& found) {
-  const bool first = kind == scenario.databases.front();
-  const std::string folder = first ? scenario.folder + "expected" : OwnFolder(scenario, kind);
+  const bool windows = TheCommand().is_windows();
+  const bool first = kind == scenario.databases.front() && !windows;
+  const std::string folder = windows ? WindowsFolder(scenario)
+                             : first ? scenario.folder + "expected"
+                                     : DatabaseFolder(scenario, kind);
   fs::remove_all(folder);
   ResultFiles shared;
   if (!first) ReadInto(scenario.folder + "expected", shared);
+  if (windows) ReadInto(DatabaseFolder(scenario, kind), shared);
   for (const auto& [name, text] : found) {
     const auto same = shared.find(name);
     if (same != shared.end() && same->second == text) continue;

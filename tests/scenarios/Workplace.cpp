@@ -1,28 +1,19 @@
 #include "tests/scenarios/Workplace.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 
+#include "tests/scenarios/CommandUnderTest.h"
 #include "tests/scenarios/LastingText.h"
 
 namespace imptable {
-namespace {
-
-std::string CommandPath() {
-  const char* const other = std::getenv("IMPTABLE_COMMAND");
-  return other != nullptr ? other : IMPTABLE_COMMAND_PATH;
-}
-
-}  // namespace
-
 Workplace::Workplace(DatabaseKind kind)
-    : database_(MakeDatabase(kind, folder_.path())),
-      environment_{{"IMPTABLE_REGISTRY", folder_.path() + "registry.db"},
-                   {"ODBCINI", folder_.path() + "odbc.ini"},
-                   {"ODBCSYSINI", folder_.path()},
-                   {"TZ", "UTC"},
-                   {"LC_ALL", "C.UTF-8"}} {
+    : database_(MakeDatabase(kind, folder_.path())), environment_(TheCommand().Surroundings()) {
+  environment_["IMPTABLE_REGISTRY"] = folder_.path() + "registry.db";
+  environment_["ODBCINI"] = folder_.path() + "odbc.ini";
+  environment_["ODBCSYSINI"] = folder_.path();
+  environment_["TZ"] = "UTC";
+  environment_["LC_ALL"] = "C.UTF-8";
 #ifdef __SANITIZE_ADDRESS__
   // SQLite's driver loads it and closes it again, with all that it keeps: that looks like a leak.
   environment_["LD_PRELOAD"] = "libodbcinst.so.2";
@@ -47,11 +38,10 @@ void Workplace::UseLocale(const std::string& input, const std::string& code_set)
 }
 
 void Workplace::LoadTask(const std::string& path) const {
-  const std::string folder = RunFolder();
   OutputOf(Command({"reg", "import", path}));
   for (const auto& [name, value] : std::initializer_list<std::pair<std::string, std::string>>{
            {"SOURCE", kSourceName},
-           {"FOLDER", folder.substr(0, folder.size() - 1)},
+           {"FOLDER", TheCommand().Spelt(RunFolderName())},
            {"USER", database_->user()},
            {"PASSWORD", database_->password()}}) {
     std::string assignment = name;
@@ -61,14 +51,15 @@ void Workplace::LoadTask(const std::string& path) const {
 
 Invocation Workplace::Command(const std::vector<std::string>& words) const {
   Invocation invocation{
-      .words = {CommandPath()}, .environment = environment_, .folder = folder_.path()};
+      .words = {TheCommand().path()}, .environment = environment_, .folder = folder_.path()};
   invocation.words.insert(invocation.words.end(), words.begin(), words.end());
   return invocation;
 }
 
 std::string Workplace::Lasting(std::string text) const {
-  const std::string folder = RunFolder();
-  ReplaceAll(text, folder.substr(0, folder.size() - 1), "{FOLDER}");
+  const std::string folder = TheCommand().Spelt(RunFolderName());
+  ReplaceAll(text, TheCommand().Spelt(RunFolder()), "{FOLDER}/");
+  ReplaceAll(text, folder, "{FOLDER}");
   ReplaceAll(text, kSourceName, "{SOURCE}");
   for (const auto& [from, to] : database_->PassingTexts()) ReplaceAll(text, from, to);
   return WithoutDatesAndVersions(text);

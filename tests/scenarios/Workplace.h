@@ -16,9 +16,8 @@ namespace imptable {
 /// Whose name a data source has in every workplace.
 inline constexpr const char* kSourceName = "ScenarioSource";
 
-/// All that the command needs, and nothing of the machine's: a registry file, data sources, a
-/// database, the run's folder with the data file. The command is $IMPTABLE_COMMAND, else the one
-/// just built.
+/// All that the command needs, and nothing of the machine's: a registry, data sources, a database,
+/// the run's folder with the data file.
 class Workplace {
  public:
   explicit Workplace(DatabaseKind kind);
@@ -38,13 +37,15 @@ class Workplace {
 
   Database& database() const { return *database_; }
   /// The run's folder, that of the data file: ends with "/".
-  std::string RunFolder() const { return folder_.path() + "run/"; }
+  std::string RunFolder() const { return RunFolderName() + '/'; }
   const TemporaryFolder& folder() const { return folder_; }
 
   /// A text of a run without what differs from run to run: {FOLDER}, {SOURCE}, {DATE}...
   std::string Lasting(std::string text) const;
 
  private:
+  std::string RunFolderName() const { return folder_.path() + "run"; }
+
   TemporaryFolder folder_;
   std::unique_ptr<Database> database_;
   Environment environment_;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <utility>
 
+#include "tests/scenarios/CommandUnderTest.h"
 #include "tests/scenarios/ScenarioRun.h"
 
 namespace imptable {
@@ -33,7 +34,10 @@ class ScenarioTest : public testing::Test {
 void RegisterScenarios() {
   for (const Scenario& scenario : ReadScenarios(SCENARIOS_FOLDER)) {
     for (const DatabaseKind kind : scenario.databases) {
-      const std::string name = scenario.name + "_on_" + std::string(NameOf(kind));
+      const bool windows = TheCommand().is_windows();
+      if (windows && kind != DatabaseKind::kSqlite) continue;
+      const std::string name =
+          scenario.name + (windows ? "_through_the_component" : "_on_" + std::string(NameOf(kind)));
       testing::RegisterTest("Scenario", name.c_str(), nullptr, nullptr, __FILE__, __LINE__,
                             [scenario, kind]() -> testing::Test* {
                               return std::make_unique<ScenarioTest>(scenario, kind).release();
