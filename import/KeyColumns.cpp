@@ -20,12 +20,9 @@ std::vector<std::string> Split(const std::string& text) {
 }
 
 bool PrimaryKey(ModuleCommun& module, OdbcSession& session, std::vector<std::string>& keys) {
-  SQLUSMALLINT supported = SQL_FALSE;
-  SQLGetFunctions(session.connection, SQL_API_SQLPRIMARYKEYS, &supported);
   std::vector<KeyColumn> columns;
-  if (supported == SQL_FALSE || !Catalogue(module, session).GetPrimaryKeyColumns(columns)) {
-    return false;
-  }
+  Catalogue catalogue(module, session);
+  if (!catalogue.CanListPrimaryKeys() || !catalogue.GetPrimaryKeyColumns(columns)) return false;
   for (KeyColumn& column : columns) keys.push_back(std::move(column.column_name));
   return true;
 }

@@ -6,6 +6,7 @@ namespace imptable {
 namespace {
 
 constexpr std::size_t kTypeNameBytes = 51;
+constexpr std::size_t kLeastTableNameBytes = 257;  // drivers tell less than they give
 constexpr std::string_view kIgnoreSuffix = "Ignore";
 
 /// A text column of a result set: its buffer and its length indicator.
@@ -174,6 +175,12 @@ bool Catalogue::GetSpecialColumns(std::vector<TableColumn>& columns, bool& found
                         });
 }
 
+bool Catalogue::CanListPrimaryKeys() const {
+  SQLUSMALLINT supported = SQL_FALSE;
+  SQLGetFunctions(session_.connection, SQL_API_SQLPRIMARYKEYS, &supported);
+  return supported != SQL_FALSE;
+}
+
 bool Catalogue::GetPrimaryKeyColumns(std::vector<KeyColumn>& key) {
   key.clear();
   Query query(session_);
@@ -225,6 +232,25 @@ bool Catalogue::GetUniqueIndexColumns(std::vector<KeyColumn>& key) {
         if (type == SQL_TABLE_STAT) return;
         key.push_back({column_name.Text(), position, index_name.Text()});
       });
+}
+
+bool Catalogue::GetTables(std::vector<TableName>& tables) {
+  tables.clear();
+  Query query(session_);
+  if (!query.allocated()) return false;
+  const std::string type = "'TABLE'";
+  if (!query.Ran(SQLTables(query.raw(), nullptr, 0, nullptr, 0, nullptr, 0, SqlText(type),
+                           Length(type)))) {
+    return false;
+  }
+  const std::size_t name_bytes =
+      std::max(std::size_t{session_.max_table_name_length} + 1, kLeastTableNameBytes);
+  TextCell owner(name_bytes);
+  TextCell name(name_bytes);
+  if (!query.Bound(owner.Bind(query.raw(), 2)) || !query.Bound(name.Bind(query.raw(), 3))) {
+    return false;
+  }
+  return query.FetchAll([] {}, [&] { tables.push_back({owner.Text(), name.Text()}); });
 }
 
 std::string QuoteIdentifier(const OdbcSession& session, std::string_view name) {

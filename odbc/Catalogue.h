@@ -21,6 +21,12 @@ struct TableColumn {
   bool ignored = false;  // not to be written
 };
 
+/// A table of the data source. The owner is empty where the data source knows none.
+struct TableName {
+  std::string owner;
+  std::string name;
+};
+
 /// A member of the primary key or of a unique index.
 struct KeyColumn {
   std::string column_name;
@@ -28,9 +34,10 @@ struct KeyColumn {
   std::string key_name;       // of the index; empty for a primary key
 };
 
-/// The catalogue queries on the table of the run ("Owner" and "Table"), each on a statement of its
-/// own. Lists are in the driver's order. A query returns false after it has reported a diagnostic;
-/// its list then holds what was fetched so far. An empty result is a success.
+/// The catalogue queries, on the table of the run ("Owner" and "Table") where nothing else is said,
+/// each on a statement of its own. Lists are in the driver's order. A query returns false after it
+/// has reported a diagnostic; its list then holds what was fetched so far. An empty result is a
+/// success.
 class Catalogue {
  public:
   /// @param module, session  borrowed.
@@ -47,8 +54,14 @@ class Catalogue {
   /// @param found  set to true when one was marked, else left alone.
   bool GetSpecialColumns(std::vector<TableColumn>& columns, bool& found);
 
+  /// Whether the driver has the query of GetPrimaryKeyColumns at all.
+  bool CanListPrimaryKeys() const;
+
   bool GetPrimaryKeyColumns(std::vector<KeyColumn>& key);
   bool GetUniqueIndexColumns(std::vector<KeyColumn>& key);
+
+  /// The tables of the data source, whatever the run's; neither views nor system tables.
+  bool GetTables(std::vector<TableName>& tables);
 
  private:
   const ModuleCommun& module_;

@@ -181,5 +181,17 @@ TEST(SqliteCatalogue, ReportsWhatSqliteSaysWithItsOwnCode) {
               ElementsAre("( 19) [SQLite]UNIQUE constraint failed: T.CODE (19)"));
 }
 
+TEST(SqliteCatalogue, ListsTablesWithoutOwnersAndLeavesViewsOut) {
+  SqliteDatabase database;
+  database.Execute("CREATE TABLE VENTES (A INTEGER)");
+  database.Execute("CREATE TABLE CLIENT (A INTEGER)");
+  database.Execute("CREATE VIEW TOUT AS SELECT A FROM CLIENT");
+  std::vector<TableName> tables;
+  EXPECT_TRUE(database.catalogue().GetTables(tables));
+  std::vector<std::string> names;
+  for (const TableName& table : tables) names.push_back(table.owner + '.' + table.name);
+  EXPECT_THAT(names, testing::UnorderedElementsAre(".VENTES", ".CLIENT"));
+}
+
 }  // namespace
 }  // namespace imptable
