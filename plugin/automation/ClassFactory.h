@@ -1,0 +1,19 @@
+#ifndef PLUGIN_AUTOMATION_CLASS_FACTORY_H_
+#define PLUGIN_AUTOMATION_CLASS_FACTORY_H_
+
+#include "plugin/automation/ComObject.h"
+
+namespace imptable {
+
+/// Makes ImpTable objects. Can't be part of an aggregate.
+class ClassFactory final : public ComObject<IClassFactory> {
+ public:
+  using ComObject::ComObject;
+
+  STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) noexcept override;
+  STDMETHODIMP LockServer(BOOL lock) noexcept override;
+};
+
+}  // namespace imptable
+
+#endif  // PLUGIN_AUTOMATION_CLASS_FACTORY_H_
