@@ -51,6 +51,7 @@ ImpTable::ImpTable(ModuleState& state, ImpTableEvents* events, TaskDialogFactory
 }
 
 ImpTable::~ImpTable() {
+  if (state_.commun.run.display == Bouton) state_.commun.run.display = nullptr;
   if (state_.commun.report_writer == report_writer_.get()) state_.commun.report_writer = nullptr;
 }
 

@@ -40,7 +40,7 @@ class ImpTable {
   std::int16_t Etat = 0;          // working mode; receives the dialog's outcome
   std::string Rapport;            // path of the execution report
   std::string Scen;               // scenario
-  HostDisplay* Bouton = nullptr;  // passed on to every report write; borrowed
+  HostDisplay* Bouton = nullptr;  // passed on to every report write; borrowed, outlives the object
 
   void RunT(std::int16_t deferred_request);
 

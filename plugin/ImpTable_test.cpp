@@ -93,6 +93,27 @@ TEST_F(ImpTableTest, MakesItsReportWriterWithItselfAndReleasesItToo) {
   EXPECT_EQ(component_.module().report_writer, nullptr);
 }
 
+TEST_F(ImpTableTest, LeavesNothingOfItsDisplayBehind) {
+  class Display : public HostDisplay {
+   public:
+    HostForm* wForm() override { return nullptr; }
+  };
+  Display display;
+  Display other;
+  {
+    ImpTable task = NewTask();
+    task.InitializeProperties("T1", "S1", 0);
+    task.Bouton = &display;
+    task.ExecuteTache();
+    {
+      ImpTable bystander = NewTask();
+      bystander.Bouton = &other;
+    }
+    EXPECT_EQ(component_.module().run.display, &display);
+  }
+  EXPECT_EQ(component_.module().run.display, nullptr);
+}
+
 TEST_F(ImpTableTest, KeepsWhatItsSettersAreGiven) {
   ImpTable task = NewTask();
   task.SetName("T2");

@@ -78,11 +78,11 @@ TEST_F(RunDriverTest, GivesTheReportWriterScenarioPathAndTheHostsObject) {
   run_.GoBy([&](ImpTable& task) {
     task.Bouton = &button;
     task.Run(1);
+    EXPECT_EQ(run_.component.module().run.display, &button);
   });
   EXPECT_EQ(run_.component.host.scenario, "S1");
   EXPECT_EQ(run_.component.host.report_path, File("report.txt"));
   EXPECT_EQ(run_.component.module().report_path, File("report.txt"));
-  EXPECT_EQ(run_.component.module().run.display, &button);
   EXPECT_THAT(run_.component.host.lines,
               AllOf(Not(IsEmpty()), Each(Field(&WrittenLine::display, &button))));
 }
