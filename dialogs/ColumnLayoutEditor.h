@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,8 +11,10 @@
 #include "dialogs/ColumnLayoutState.h"
 #include "dialogs/ConnectedListing.h"
 #include "dialogs/DialogBoxes.h"
+#include "dialogs/FieldGrid.h"
 #include "dialogs/FileColumn.h"
 #include "dialogs/SourceFile.h"
+#include "dialogs/StoredLayout.h"
 #include "dialogs/TypeMenu.h"
 #include "plugin/core/ModuleCommun.h"
 
@@ -23,7 +26,7 @@ inline constexpr std::int32_t kMostFileColumns = 32767;
 /// Edits the columns of the source file (Grid1) and where the destination table's columns come from
 /// (Grid2). Every event shows the state anew. Rows are counted from 0, without the header row; an
 /// event on a row that isn't there does nothing.
-/// Errors: none leaves a member, a box shows what failed and the editor stays usable.
+/// Errors: a box shows what failed, and the editor stays usable; only writing throws.
 class ColumnLayoutEditor {
  public:
   /// @param module, boxes, view, dialogs  borrowed.
@@ -41,11 +44,13 @@ class ColumnLayoutEditor {
   void Load(std::string_view task, bool fixed_width, std::int32_t column_count);
 
   /// Deletes "Colonnes" and writes it again, one value a row of Grid1.
-  void WriteColonnes(std::string_view task);
+  /// @return the first system result code that isn't 0; what follows is written all the same.
+  /// @throws RuntimeFault  when the registry can't be read.
+  std::int32_t WriteColonnes(std::string_view task);
 
   /// Deletes "Champs" and, when the columns are assigned (chkParam), writes it again, one value a
-  /// row of Grid2.
-  void WriteChamps(std::string_view task, bool assigned);
+  /// row of Grid2; else as WriteColonnes.
+  std::int32_t WriteChamps(std::string_view task, bool assigned);
 
   /// The checks before saving, over Grid1 and, when the columns are assigned, Grid2.
   /// @return false after the box of the first failure; its row is then the selected one.
@@ -85,16 +90,13 @@ class ColumnLayoutEditor {
   /// something is typed there.
   void PickOrigin(std::size_t entry);
 
-  /// The list is left without a choice.
-  void LeaveOriginList();
+  /// The list is left without a choice, or Text1 is cancelled: the former origin is back.
+  void LeaveOrigin();
 
   /// Text1 is confirmed or left: the origin is the text, a constant or "@" and a variable's name. A
   /// text that "Champs" can't hold shows message 128; nothing or a lone "@" puts the former origin
   /// back.
   void TypeOrigin(std::string_view text);
-
-  /// Text1 is cancelled: the former origin is back.
-  void LeaveOriginEntry();
 
   /// cmdInfo: connects and rebuilds Grid2 from the table's columns, without origins, its key
   /// columns marked. Grid2 stays when that fails; a table without columns shows message 129.
@@ -106,6 +108,14 @@ class ColumnLayoutEditor {
  private:
   ColumnLayoutState State() const;
   void Show() { view_.Show(State()); }
+  void SetColumnCount(std::size_t count);
+  void CountStart(const FileStart& start, const std::string& separator);
+  std::string FirstLineText(const FileStart& start) const;
+  std::string Preview(std::string_view text) const;
+  void MarkKeys(ConnectedListing& listing);
+  void Warn(std::int32_t message);
+  void Warn(const RuntimeFault& fault);
+  void WarnOfUnreadable(const std::vector<UnreadableValue>& values);
 
   ModuleCommun& module_;
   std::string scenario_;
@@ -116,7 +126,10 @@ class ColumnLayoutEditor {
 
   bool fixed_width_ = false;
   std::vector<FileColumn> file_columns_;
-  std::vector<FieldRow> field_rows_;
+  FieldGrid fields_;
+  std::string first_line_;
+  std::optional<std::size_t> selected_file_row_;
+  std::optional<std::size_t> selected_field_row_;
 };
 
 }  // namespace imptable

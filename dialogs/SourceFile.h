@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "plugin/core/ModuleCommun.h"
 
@@ -39,6 +40,11 @@ std::string SourceFilePath(const ModuleCommun& module, const std::string& scenar
 /// @throws RuntimeFault  when it can't be read; no such host object.
 std::optional<FileStart> ReadFileStart(const ModuleCommun& module, const std::string& scenario,
                                        const SourceFields& fields);
+
+/// The number of fields of a line: the separator is looked for at every character, as the import
+/// does, so one of several characters may overlap with itself.
+/// @param separator  an empty one counts as ";", as the task's loading takes it.
+std::size_t CountFields(std::string_view line, std::string_view separator, bool utf8);
 
 }  // namespace imptable
 

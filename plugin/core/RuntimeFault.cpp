@@ -13,7 +13,7 @@ struct FaultText {
   std::string_view english;
 };
 
-constexpr std::array<FaultText, 14> kFaultTexts{{
+constexpr std::array<FaultText, 15> kFaultTexts{{
     {FaultNumber::kInvalidArgument, "Appel de procédure ou argument incorrect",
      "Invalid procedure call or argument"},
     {FaultNumber::kOverflow, "Dépassement de capacité", "Overflow"},
@@ -28,6 +28,7 @@ constexpr std::array<FaultText, 14> kFaultTexts{{
     {FaultNumber::kPathAccessError, "Erreur d'accès au chemin ou au fichier",
      "Path or file access error"},
     {FaultNumber::kPathNotFound, "Chemin introuvable", "Path not found"},
+    {FaultNumber::kInvalidFileFormat, "Format de fichier incorrect", "Invalid file format"},
     {FaultNumber::kResourceNotFound, "Ressource introuvable", "Resource not found"},
     {FaultNumber::kNoHostObject, "Objet de l'hôte non disponible", "No such host object"},
 }};

@@ -25,6 +25,7 @@ enum class FaultNumber : std::int32_t {
   kPermissionDenied = 70,
   kPathAccessError = 75,
   kPathNotFound = 76,
+  kInvalidFileFormat = 321,
   kResourceNotFound = 326,
   kNoHostObject = 430,
 };

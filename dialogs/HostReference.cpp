@@ -1,0 +1,13 @@
+#include "dialogs/HostReference.h"
+
+#include "plugin/core/TaskSettings.h"
+
+namespace imptable {
+
+std::string ResolveReference(const ModuleCommun& module, const std::string& scenario,
+                             const std::string& text) {
+  if (!IsVariableReference(text)) return text;
+  return module.host.Variable(module.location, scenario, text.substr(1));
+}
+
+}  // namespace imptable

@@ -1,0 +1,18 @@
+#include "dialogs/WholeNumber.h"
+
+#include <charconv>
+
+#include "plugin/core/Blanks.h"
+
+namespace imptable {
+
+std::optional<std::int32_t> ReadWholeNumber(std::string_view text) {
+  text = WithoutBlanks(text);
+  if (text.starts_with('-')) return std::nullopt;
+  std::int32_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return number;
+}
+
+}  // namespace imptable
