@@ -90,11 +90,11 @@ STDMETHODIMP ImpTableObject::put_Scen(BSTR value) noexcept {
 STDMETHODIMP ImpTableObject::get_Bouton(IDispatch** value) noexcept {
   if (value == nullptr) return E_POINTER;
   *value = nullptr;
-  return Serve([&] { *value = ComPointer(button_).Release(); });
+  return Serve([&] { *value = ComPointer(button_.object()).Release(); });
 }
 
 STDMETHODIMP ImpTableObject::putref_Bouton(IDispatch* value) noexcept {
-  return Serve([&] { button_ = ComPointer<IDispatch>(value); });
+  return Serve([&] { button_.Set(value); });
 }
 
 STDMETHODIMP ImpTableObject::RunT(short deferred_request) noexcept {

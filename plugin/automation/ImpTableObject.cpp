@@ -19,7 +19,9 @@ ImpTableObject::ImpTableObject(AutomationModule& module)
     : hold_(module),
       commun_(module.component().state().commun),
       events_(module, *this),
-      task_(module.component().state(), &events_) {}
+      task_(module.component().state(), &events_) {
+  task_.Bouton = &button_;
+}
 
 ImpTableObject::~ImpTableObject() = default;
 

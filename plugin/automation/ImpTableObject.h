@@ -5,6 +5,7 @@
 
 #include "plugin/ImpTable.h"
 #include "plugin/automation/AutomationModule.h"
+#include "plugin/automation/DispatchDisplay.h"
 #include "plugin/automation/EventConnectionPoint.h"
 
 namespace imptable {
@@ -102,7 +103,7 @@ class ImpTableObject final : public _ImpTable,
   std::atomic<ULONG> references_ = 0;
   ModuleCommun& commun_;
   EventConnectionPoint events_;
-  ComPointer<IDispatch> button_;
+  DispatchDisplay button_;
   ImpTable task_;
 };
 

@@ -19,7 +19,7 @@ LoadedComponent::LoadedComponent()
       state_(Platform{*registry_, *message_loop_, *clock_, *encoding_, *files_, *warning_box_,
                       *mouse_pointer_, *profile_file_},
              library_) {
-  library_.Attach(state_.commun);
+  standalone_.Attach(state_.commun);
 }
 
 }  // namespace imptable

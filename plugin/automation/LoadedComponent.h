@@ -5,6 +5,7 @@
 
 #include "plugin/ModuleState.h"
 #include "plugin/StandaloneHostLibrary.h"
+#include "plugin/automation/HostObjectLibrary.h"
 
 namespace imptable {
 
@@ -27,7 +28,8 @@ class LoadedComponent {
   std::unique_ptr<WarningBox> warning_box_;
   std::unique_ptr<MousePointer> mouse_pointer_;
   std::unique_ptr<ProfileFile> profile_file_;
-  StandaloneHostLibrary library_;
+  StandaloneHostLibrary standalone_;
+  HostObjectLibrary library_{standalone_};
   ModuleState state_;
 };
 
