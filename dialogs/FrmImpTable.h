@@ -12,6 +12,7 @@
 #include "dialogs/DialogServices.h"
 #include "dialogs/FrmTable.h"
 #include "dialogs/ImpTableState.h"
+#include "dialogs/TaskChecks.h"
 #include "dialogs/VariableList.h"
 
 namespace imptable {
@@ -114,14 +115,28 @@ class ImpTablePresenter : private ColumnLayoutView {
   /// Runs an event: at the task's location, faults in a box; ignored while another one runs.
   void Handle(const std::function<void()>& event);
   void Warn(const std::string& text);
+  void Fill();
   void LoadTask();
   void FillSources();
   void ChangeSource(const std::string& data_source);
-  void RefreshVariableButtons();
+  void LeaveSeparator();
   void InsertVariable(std::string_view control);
-  void RunPicker(PickerMode mode);
+
+  /// @return true when one has changed.
+  bool RefreshTooltips();
+
+  /// Brings a column count that was typed, and is one, to the columns.
+  void TakeColumnCount();
+
+  /// @return the picked line.
+  std::optional<std::string> Pick(PickerMode mode);
+
+  /// @return true after the box, the field's tab is then in front and the field gets the focus.
+  bool Refuses(const std::optional<Refusal>& refusal);
+  bool RefusesColumns();
+
+  /// @return true when all was written.
   bool Save();
-  bool Refuse(std::int32_t message, int tab, std::string_view control);
 
   ConnectionFields Connection() const;
   SourceFields Source() const;
@@ -136,7 +151,9 @@ class ImpTablePresenter : private ColumnLayoutView {
   std::string task_name_;
   ImpTableState state_;
   std::unique_ptr<ColumnLayoutEditor> columns_;
-  std::string separator_on_entry_;
+  std::string source_;      // whose fields the others are
+  std::string separator_;   // by which the columns were counted
+  std::string_view focus_;  // the control that gets the focus when the event is done
   bool busy_ = false;
 };
 

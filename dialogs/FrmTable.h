@@ -20,7 +20,8 @@ struct TablePickerState {
   std::string caption;     // of the form; its icon is "ICO1"
   std::string cmdValider;  // captions
   std::string cmdAnnuler;
-  std::vector<std::string> lines;  // List1; a table as owner, tab and name
+  // List1: a table as its owner, a tab and its name; a key as its columns, separated by ",".
+  std::vector<std::string> lines;
 
   bool operator==(const TablePickerState&) const = default;
 };
@@ -33,7 +34,7 @@ class TablePickerView {
 };
 
 /// Lists the tables of a data source, or the keys of a table, and remembers the one that is picked.
-/// Errors: none leaves a member; a box shows what failed and the list stays empty.
+/// Errors: none leaves a member; a box shows what failed and the list holds what was listed before.
 class TablePickerPresenter {
  public:
   /// @param services  borrowed.
@@ -61,8 +62,11 @@ class TablePickerPresenter {
 
  private:
   void List();
-  void ListTables();
-  void ListKeys();
+  void ListTables(Catalogue& catalogue);
+
+  /// @return true when all that the driver can list was listed.
+  bool ListKeys(Catalogue& catalogue);
+  void Warn(const std::string& text);
 
   const DialogServices& services_;
   PickerMode mode_;

@@ -45,6 +45,12 @@ struct ImportSettings {
 /// "NombreColonnes" is negative.
 ImportSettings LoadSettings(const ModuleCommun& module, std::string_view task);
 
+/// The same for whoever can mend the task: a faulty number takes its default and its fault is added
+/// to `faults`.
+/// @throws RuntimeFault  device error, when the registry can't be read.
+ImportSettings LoadSettings(const ModuleCommun& module, std::string_view task,
+                            std::vector<RuntimeFault>& faults);
+
 /// Where the password would be decoded; stored in clear, it is passed on unchanged.
 std::string TransformPassword(std::string password);
 

@@ -181,6 +181,31 @@ TEST_F(TaskSettings, DoNotConvertTheErrorLimit) {
   EXPECT_EQ(Load().error_limit, "as many as you like");
 }
 
+TEST_F(TaskSettings, LoadWithDefaultsInPlaceOfFaultyNumbersForWhoeverCanMendThem) {
+  Set("Mode", "often");
+  Set("Table", "CLIENT");
+  Set("NombreColonnes", -2);
+  Set("RecErreurs", "40000");
+  Set("UseAlias", 1);
+  std::vector<RuntimeFault> faults;
+  const ImportSettings settings = LoadSettings(component_.module(), "T1", faults);
+  std::vector<std::string> details;
+  for (const RuntimeFault& fault : faults) details.push_back(fault.detail());
+  EXPECT_THAT(details, ElementsAre("\"Mode\" = \"often\"", "\"RecErreurs\" = \"40000\"",
+                                   "\"NombreColonnes\" = \"-2\""));
+  EXPECT_EQ(settings.mode, 0);
+  EXPECT_EQ(settings.record_errors, 1);
+  EXPECT_EQ(settings.column_count, 0);
+  EXPECT_EQ(settings.table, "CLIENT");
+  EXPECT_EQ(settings.full_file_name, 1);
+}
+
+TEST_F(TaskSettings, FailToLoadFromARegistryThatCantBeReadEvenForWhoeverCouldMendThem) {
+  component_.registry.FailReadsFrom(3);
+  std::vector<RuntimeFault> faults;
+  EXPECT_THROW(LoadSettings(component_.module(), "T1", faults), RuntimeFault);
+}
+
 TEST_F(TaskSettings, HoldOneLayoutEntryAColumnAndAnEmptyOneForEachThatIsMissing) {
   Set("NombreColonnes", 11);
   for (const char* name : {"1", "3", "03", "10", "11", "12"}) {

@@ -1,0 +1,35 @@
+#ifndef DIALOGS_TASK_CHECKS_H_
+#define DIALOGS_TASK_CHECKS_H_
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "dialogs/ImpTableState.h"
+#include "plugin/core/ModuleCommun.h"
+
+namespace imptable {
+
+/// Why a task can't be saved as it stands, and where the user mends that.
+struct Refusal {
+  std::int32_t message = 0;
+  int tab = kParametersTab;
+  std::string_view control;
+
+  bool operator==(const Refusal&) const = default;
+};
+
+/// The checks before saving, but for those of the columns; the first that fails.
+/// @param existing  the task was saved before: its name may be there already.
+/// @throws RuntimeFault  when the registry can't be read.
+std::optional<Refusal> CheckTask(const ModuleCommun& module, bool existing,
+                                 const ImpTableState& state);
+
+/// The checks of the buttons that connect: a data source and, for those that need one, a table.
+std::optional<Refusal> CheckSource(const ImpTableState& state);
+std::optional<Refusal> CheckSourceAndTable(const ImpTableState& state);
+
+}  // namespace imptable
+
+#endif  // DIALOGS_TASK_CHECKS_H_
