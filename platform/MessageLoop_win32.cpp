@@ -1,10 +1,10 @@
+#include "platform/MessageLoop_win32.h"
+
 #include <algorithm>
 #include <exception>
 #include <utility>
 
-#include "platform/MessageLoop.h"
 #include "platform/WindowsError_win32.h"
-#include "platform/Windows_win32.h"
 
 namespace imptable {
 namespace {
@@ -73,8 +73,10 @@ class ThreadTimer : public Timer {
 
 class WindowsMessageLoop : public MessageLoop {
  public:
+  explicit WindowsMessageLoop(DWORD(WINAPI* now)()) : now_(now), last_pump_(now() - 1) {}
+
   void Yield() override {
-    const DWORD now = GetTickCount();
+    const DWORD now = now_();
     if (now == last_pump_) return;
     last_pump_ = now;
     const std::shared_ptr<LoopState> state = state_;
@@ -105,12 +107,17 @@ class WindowsMessageLoop : public MessageLoop {
     }
   }
 
-  DWORD last_pump_ = GetTickCount() - 1;
+  DWORD(WINAPI* now_)();
+  DWORD last_pump_;
   std::shared_ptr<LoopState> state_ = std::make_shared<LoopState>();
 };
 
 }  // namespace
 
-std::unique_ptr<MessageLoop> SystemMessageLoop() { return std::make_unique<WindowsMessageLoop>(); }
+std::unique_ptr<MessageLoop> MakeMessageLoop(DWORD(WINAPI* now)()) {
+  return std::make_unique<WindowsMessageLoop>(now);
+}
+
+std::unique_ptr<MessageLoop> SystemMessageLoop() { return MakeMessageLoop(GetTickCount); }
 
 }  // namespace imptable

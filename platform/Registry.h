@@ -70,7 +70,8 @@ class Registry {
   /// @return the system result code, 0 = success.
   virtual std::int32_t DeleteKey(const KeyPath& key) = 0;
 
-  /// @return the value names in the order in which they were first written; empty when absent.
+  /// @return the value names in the order in which they were first written (Windows: in the order
+  /// in which it lists them); empty when absent.
   virtual std::vector<std::string> ValueNames(const KeyPath& key) const = 0;
 
   /// @return the names of the direct subkeys in enumeration order (by name, without regard to

@@ -6,125 +6,137 @@
 #include <memory>
 #include <string>
 
-#include "platform/RegistryStore.h"
-#include "platform/SqliteRegistry.h"
-#include "platform/testing/MemoryRegistry.h"
-#include "platform/testing/PlainEncodings.h"
-#include "platform/testing/TemporaryFolder.h"
+#include "platform/testing/RegistryPlace.h"
 
 namespace imptable {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
-struct InMemory {
-  MemoryRegistry registry;
+struct Kind {
+  const char* name;
+  std::unique_ptr<RegistryPlace> (*make)();
 };
 
-struct InAFile {
-  TemporaryFolder folder;
-  RegistryStore store{folder.path() + "registry.db", "."};
-  Utf8TextEncoding encoding;
-  SqliteRegistry registry{store, encoding};
-};
+void PrintTo(const Kind& kind, std::ostream* out) { *out << kind.name; }
 
 /// What every body of the port has to keep to.
-template <typename Kind>
-class Registries : public testing::Test {
+class Registries : public testing::TestWithParam<Kind> {
  protected:
-  KeyPath Key(std::string path) const { return {kHkeyLocalMachine, std::move(path)}; }
-  RegistryValue Text(const std::string& text) const { return {RegistryType::kText, text + '\0'}; }
+  Registry& registry() { return place_->registry(); }
+  /// In the registry's code page.
+  std::string In(std::string_view utf8) const { return place_->encoding().FromUtf8(utf8); }
+  KeyPath Key(std::string_view path) const { return place_->Key(In(path)); }
+  std::int32_t OtherRoot() const {
+    return Key("").root == kHkeyLocalMachine ? kHkeyCurrentUser : kHkeyLocalMachine;
+  }
+  RegistryValue Text(std::string_view text) const { return {RegistryType::kText, In(text) + '\0'}; }
 
-  Kind kind_;
-  Registry& registry_ = kind_.registry;
+ private:
+  std::unique_ptr<RegistryPlace> place_ = GetParam().make();
 };
 
-using Kinds = testing::Types<InMemory, InAFile>;
-TYPED_TEST_SUITE(Registries, Kinds);
+INSTANTIATE_TEST_SUITE_P(, Registries,
+                         testing::Values(Kind{"InMemory", PlaceInMemory},
+                                         Kind{"InTheSystem", PlaceInTheSystem}),
+                         [](const auto& kind) { return kind.param.name; });
 
-TYPED_TEST(Registries, GiveBackWhatWasWritten) {
+TEST_P(Registries, GiveBackWhatWasWritten) {
   for (const RegistryValue& value :
-       {this->Text("été"), this->Text(""), RegistryValue{RegistryType::kNone, ""},
+       {Text("été"), Text(""), RegistryValue{RegistryType::kNone, ""},
         RegistryValue{RegistryType::kBinary, std::string("\0\xFF\x80", 3)},
         RegistryValue{RegistryType::kNumber, std::string("\x01\0\0\0", 4)},
-        RegistryValue{RegistryType::kText, "no terminator"},
         RegistryValue{RegistryType::kMultiText, std::string("a\0b\0\0", 5)},
         RegistryValue{static_cast<RegistryType>(0xFFFFFFFF), "12345678"}}) {
-    EXPECT_EQ(this->registry_.Write(this->Key("A\\B"), "v", value), kRegistryOk);
-    EXPECT_EQ(this->registry_.Read(this->Key("A\\B"), "v"), value);
+    EXPECT_EQ(registry().Write(Key("A\\B"), "v", value), kRegistryOk);
+    EXPECT_EQ(registry().Read(Key("A\\B"), "v"), value);
   }
 }
 
-TYPED_TEST(Registries, FindNothingWhereNothingWasWritten) {
-  this->registry_.Write(this->Key("A\\B"), "v", this->Text("x"));
-  EXPECT_EQ(this->registry_.Read(this->Key("A\\B"), "w"), std::nullopt);
-  EXPECT_EQ(this->registry_.Read(this->Key("A\\B"), ""), std::nullopt);
-  EXPECT_EQ(this->registry_.Read(this->Key("A"), "v"), std::nullopt);
-  EXPECT_EQ(this->registry_.Read(this->Key("A\\B\\C"), "v"), std::nullopt);
-  EXPECT_EQ(this->registry_.Read({kHkeyCurrentUser, "A\\B"}, "v"), std::nullopt);
-  EXPECT_THAT(this->registry_.ValueNames(this->Key("B")), IsEmpty());
-  EXPECT_THAT(this->registry_.SubkeyNames(this->Key("B")), IsEmpty());
+TEST_P(Registries, FindNothingWhereNothingWasWritten) {
+  registry().Write(Key("A\\B"), "v", Text("x"));
+  EXPECT_EQ(registry().Read(Key("A\\B"), "w"), std::nullopt);
+  EXPECT_EQ(registry().Read(Key("A\\B"), ""), std::nullopt);
+  EXPECT_EQ(registry().Read(Key("A"), "v"), std::nullopt);
+  EXPECT_EQ(registry().Read(Key("A\\B\\C"), "v"), std::nullopt);
+  EXPECT_EQ(registry().Read({OtherRoot(), Key("A\\B").path}, "v"), std::nullopt);
+  EXPECT_THAT(registry().ValueNames(Key("B")), IsEmpty());
+  EXPECT_THAT(registry().SubkeyNames(Key("B")), IsEmpty());
 }
 
-TYPED_TEST(Registries, KnowNoRootButTheTwo) {
-  EXPECT_EQ(this->registry_.Write({0, "A"}, "v", this->Text("x")), 6);
-  EXPECT_EQ(this->registry_.Read({0, "A"}, "v"), std::nullopt);
-  EXPECT_EQ(this->registry_.DeleteKey({0, "A"}), kRegistryNotFound);
-  EXPECT_THAT(this->registry_.SubkeyNames({1, ""}), IsEmpty());
-}
-
-TYPED_TEST(Registries, MatchNamesWithoutRegardToCase) {
-  this->registry_.Write(this->Key("Tâche\\Colonnes"), "CréeLe", this->Text("x"));
-  EXPECT_EQ(this->registry_.Read(this->Key("TÂCHE\\COLONNES"), "CRÉELE"), this->Text("x"));
-  EXPECT_EQ(this->registry_.Read(this->Key("tâche\\colonnes"), "CreeLe"), std::nullopt);
-}
-
-TYPED_TEST(Registries, KeepTheCaseOfTheFirstWriting) {
-  this->registry_.Write(this->Key("Tâche"), "CréeLe", this->Text("x"));
-  this->registry_.Write(this->Key("TÂCHE"), "CRÉELE", this->Text("y"));
-  EXPECT_THAT(this->registry_.SubkeyNames(this->Key("")), ElementsAre("Tâche"));
-  EXPECT_THAT(this->registry_.ValueNames(this->Key("Tâche")), ElementsAre("CréeLe"));
-  EXPECT_EQ(this->registry_.Read(this->Key("Tâche"), "CréeLe"), this->Text("y"));
-}
-
-TYPED_TEST(Registries, KeepTheOrderInWhichValuesWereFirstWritten) {
-  for (const char* name : {"z", "", "A", "m", "A", "z", "10", "9"}) {
-    this->registry_.Write(this->Key("K"), name, this->Text(name));
+TEST_P(Registries, KnowPredefinedRootsOnly) {
+  for (const std::int32_t root : {0, 1, 0x7FFFFFFF, -1}) {
+    EXPECT_EQ(registry().Write({root, "A"}, "v", Text("x")), 6) << root;
+    EXPECT_EQ(registry().Read({root, "A"}, "v"), std::nullopt) << root;
+    EXPECT_EQ(registry().DeleteKey({root, "A"}), kRegistryNotFound) << root;
+    EXPECT_THAT(registry().SubkeyNames({root, ""}), IsEmpty()) << root;
+    EXPECT_THAT(registry().ValueNames({root, ""}), IsEmpty()) << root;
   }
-  EXPECT_THAT(this->registry_.ValueNames(this->Key("K")),
-              ElementsAre("z", "", "A", "m", "10", "9"));
 }
 
-TYPED_TEST(Registries, ListSubkeysByName) {
-  for (const char* name : {"b", "Z", "é", "A", "10", "9", "_", "B\\deeper"}) {
-    this->registry_.Write(this->Key(name), "v", this->Text("x"));
+TEST_P(Registries, MatchNamesWithoutRegardToCase) {
+  registry().Write(Key("Tâche\\Colonnes"), In("CréeLe"), Text("x"));
+  EXPECT_EQ(registry().Read(Key("TÂCHE\\COLONNES"), In("CRÉELE")), Text("x"));
+  EXPECT_EQ(registry().Read(Key("tâche\\colonnes"), "CreeLe"), std::nullopt);
+}
+
+TEST_P(Registries, KeepTheCaseOfTheFirstWriting) {
+  registry().Write(Key("Tâche"), In("CréeLe"), Text("x"));
+  registry().Write(Key("TÂCHE"), In("CRÉELE"), Text("y"));
+  EXPECT_THAT(registry().SubkeyNames(Key("")), ElementsAre(In("Tâche")));
+  EXPECT_THAT(registry().ValueNames(Key("Tâche")), ElementsAre(In("CréeLe")));
+  EXPECT_EQ(registry().Read(Key("Tâche"), In("CréeLe")), Text("y"));
+}
+
+TEST_P(Registries, ListEachValueOnce) {
+  for (const char* name : {"z", "", "A", "m", "a", "z", "10", "9"}) {
+    registry().Write(Key("K"), name, Text(name));
   }
-  EXPECT_THAT(this->registry_.SubkeyNames(this->Key("")),
-              ElementsAre("10", "9", "A", "b", "Z", "_", "é"));
+  EXPECT_THAT(registry().ValueNames(Key("K")), UnorderedElementsAre("z", "", "A", "m", "10", "9"));
 }
 
-TYPED_TEST(Registries, DeleteAKeyWithItsValues) {
-  this->registry_.Write(this->Key("A\\B"), "v", this->Text("x"));
-  EXPECT_EQ(this->registry_.DeleteKey(this->Key("a\\b")), kRegistryOk);
-  EXPECT_THAT(this->registry_.SubkeyNames(this->Key("A")), IsEmpty());
-  EXPECT_EQ(this->registry_.DeleteKey(this->Key("A\\B")), kRegistryNotFound);
-  this->registry_.Write(this->Key("A\\B"), "w", this->Text("y"));
-  EXPECT_THAT(this->registry_.ValueNames(this->Key("A\\B")), ElementsAre("w"));
+TEST_P(Registries, ListSubkeysByName) {
+  for (const char* name : {"b", "Z", "é", "A", "10", "9", "B\\deeper"}) {
+    registry().Write(Key(name), "v", Text("x"));
+  }
+  EXPECT_THAT(registry().SubkeyNames(Key("")), ElementsAre("10", "9", "A", "b", "Z", In("é")));
 }
 
-TYPED_TEST(Registries, RefuseToDeleteAKeyThatHasSubkeys) {
-  this->registry_.Write(this->Key("A"), "v", this->Text("x"));
-  this->registry_.Write(this->Key("A\\B"), "v", this->Text("x"));
-  EXPECT_EQ(this->registry_.DeleteKey(this->Key("A")), kRegistryAccessDenied);
-  EXPECT_EQ(this->registry_.DeleteKey(this->Key("")), kRegistryAccessDenied);
-  EXPECT_EQ(this->registry_.Read(this->Key("A"), "v"), this->Text("x"));
+TEST_P(Registries, DeleteAKeyWithItsValues) {
+  registry().Write(Key("A\\B"), "v", Text("x"));
+  EXPECT_EQ(registry().DeleteKey(Key("a\\b")), kRegistryOk);
+  EXPECT_THAT(registry().SubkeyNames(Key("A")), IsEmpty());
+  EXPECT_EQ(registry().DeleteKey(Key("A\\B")), kRegistryNotFound);
+  registry().Write(Key("A\\B"), "w", Text("y"));
+  EXPECT_THAT(registry().ValueNames(Key("A\\B")), ElementsAre("w"));
 }
 
-TYPED_TEST(Registries, HaveAValueWithoutAName) {
-  this->registry_.Write(this->Key("K"), "", this->Text("default"));
-  EXPECT_EQ(this->registry_.Read(this->Key("K"), ""), this->Text("default"));
-  EXPECT_THAT(this->registry_.ValueNames(this->Key("K")), ElementsAre(""));
+TEST_P(Registries, RefuseToDeleteAKeyThatHasSubkeys) {
+  registry().Write(Key("A"), "v", Text("x"));
+  registry().Write(Key("A\\B"), "v", Text("x"));
+  EXPECT_EQ(registry().DeleteKey(Key("A")), kRegistryAccessDenied);
+  EXPECT_EQ(registry().DeleteKey(Key("")), kRegistryAccessDenied);
+  EXPECT_EQ(registry().Read(Key("A"), "v"), Text("x"));
+}
+
+TEST_P(Registries, RefuseToDeleteARoot) {
+  EXPECT_EQ(registry().DeleteKey({Key("").root, ""}), kRegistryAccessDenied);
+}
+
+TEST_P(Registries, PassOverABackslashTooMany) {
+  registry().Write(Key("A\\B"), "v", Text("x"));
+  EXPECT_EQ(registry().Read(Key("A\\\\B\\"), "v"), Text("x"));
+  const KeyPath key = Key("A\\B");
+  EXPECT_EQ(registry().Read({key.root, '\\' + key.path}, "v"), Text("x"));
+  EXPECT_EQ(registry().DeleteKey(Key("A\\\\B\\")), kRegistryOk);
+}
+
+TEST_P(Registries, HaveAValueWithoutAName) {
+  registry().Write(Key("K"), "", Text("default"));
+  EXPECT_EQ(registry().Read(Key("K"), ""), Text("default"));
+  EXPECT_THAT(registry().ValueNames(Key("K")), ElementsAre(""));
 }
 
 }  // namespace

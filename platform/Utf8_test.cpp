@@ -32,6 +32,25 @@ TEST(Utf8, RefusesWhatIsNoCharacter) {
   EXPECT_EQ(Utf8Length("\xf5\x80\x80\x80"), 0u) << "above the last one";
 }
 
+TEST(Utf8, KnowsTheNumberOfACharacterAndWritesItBack) {
+  struct Case {
+    std::string_view bytes;
+    char32_t number;
+  };
+  for (const Case& each : {Case{"a", 0x61},
+                           {"\u0080", 0x80},
+                           {"\u07ff", 0x7FF},
+                           {"\u0800", 0x800},
+                           {"\uffff", 0xFFFF},
+                           {"\U00010000", 0x10000},
+                           {"\U0010ffff", 0x10FFFF}}) {
+    EXPECT_EQ(DecodeUtf8(each.bytes), each.number);
+    std::string written;
+    AppendUtf8(written, each.number);
+    EXPECT_EQ(written, each.bytes);
+  }
+}
+
 TEST(Utf8, ReplacesEachInvalidByteAndNothingElse) {
   EXPECT_EQ(ReplaceInvalidUtf8("", "?"), "");
   EXPECT_EQ(ReplaceInvalidUtf8("\u00e9\xe2\x82|\u20ac\xff", "?"), "\u00e9??|\u20ac?");

@@ -6,6 +6,8 @@
 #include <ios>
 #include <string>
 
+#include "platform/FileSystem.h"
+
 namespace imptable {
 namespace {
 
@@ -41,7 +43,7 @@ TEST(TemporaryFolder, GoesWithAllThatIsInIt) {
     const TemporaryFolder folder(parent.path());
     path = folder.path();
     EXPECT_TRUE(path.starts_with(parent.path()));
-    EXPECT_TRUE(path.ends_with("/"));
+    EXPECT_TRUE(path.ends_with(SystemPathSeparator()));
     std::filesystem::create_directories(path + "a/b");
     folder.Write("a/b/c", "x");
     EXPECT_TRUE(std::filesystem::exists(path));

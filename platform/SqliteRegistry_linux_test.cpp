@@ -1,5 +1,3 @@
-#include "platform/SqliteRegistry.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -7,6 +5,7 @@
 #include <chrono>
 #include <string>
 
+#include "platform/SqliteRegistry.h"
 #include "platform/testing/PlainEncodings.h"
 #include "platform/testing/TemporaryFolder.h"
 

@@ -1,8 +1,8 @@
-#include "platform/TextEncoding.h"
+#include "platform/TextEncoding_linux.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/TextEncoding_linux.h"
+#include "platform/TextEncoding.h"
 #include "platform/testing/CompiledLocale_linux.h"
 #include "platform/testing/ScopedVariable.h"
 

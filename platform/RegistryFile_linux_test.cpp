@@ -1,5 +1,3 @@
-#include "platform/RegistryFile.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -16,6 +14,7 @@
 #include <random>
 #include <string>
 
+#include "platform/RegistryFile.h"
 #include "platform/RegistryStore.h"
 #include "platform/testing/TemporaryFolder.h"
 

@@ -1,5 +1,3 @@
-#include "platform/RegistryStore.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -7,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "platform/RegistryStore.h"
 #include "platform/testing/TemporaryFolder.h"
 
 namespace imptable {

@@ -1,11 +1,11 @@
-#include "platform/Clock.h"
+#include "platform/Clock_linux.h"
 
 #include <gtest/gtest.h>
 #include <time.h>
 
 #include <string>
 
-#include "platform/Clock_linux.h"
+#include "platform/Clock.h"
 #include "platform/testing/CompiledLocale_linux.h"
 #include "platform/testing/PlainEncodings.h"
 #include "platform/testing/ScopedVariable.h"

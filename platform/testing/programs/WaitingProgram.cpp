@@ -1,0 +1,23 @@
+// Writes the file "started" into the folder that WAITING_PROGRAM_FOLDER names (with its separator),
+// waits for a file "end" there, then writes "ended".
+
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+#include <thread>
+
+int main() {
+  using std::chrono::milliseconds;
+  const char* variable = std::getenv("WAITING_PROGRAM_FOLDER");
+  if (variable == nullptr) return 2;
+  const std::string folder = variable;
+  std::ofstream(folder + "started").put('\n');
+  for (int turns = 0; !std::ifstream(folder + "end"); ++turns) {
+    if (turns == 6000) return 1;  // a test that failed never asks for the end
+    std::this_thread::sleep_for(milliseconds(10));
+  }
+  std::this_thread::sleep_for(milliseconds(100));
+  std::ofstream(folder + "ended").put('\n');
+  return 0;
+}
