@@ -1,5 +1,10 @@
 #include "tests/scenarios/ClientTask.h"
 
+#include <utility>
+
+#include "tests/scenarios/CommandUnderTest.h"
+#include "tests/scenarios/LastingText.h"
+
 namespace imptable {
 namespace {
 
@@ -36,6 +41,11 @@ Invocation ClientTask::RunCommand(const std::vector<std::string>& options) const
 
 void ClientTask::Write(const std::string& name, std::string_view bytes) const {
   folder().Write("run/" + name, bytes);
+}
+
+std::string ClientTask::Read(const std::string& name) const {
+  std::string text = folder().Read("run/" + name);
+  return TheCommand().is_windows() ? WithoutCarriageReturns(std::move(text)) : text;
 }
 
 std::string ClientTask::Status() const {

@@ -26,7 +26,8 @@ class ClientTask : public Workplace {
 
   /// Of the run's folder.
   void Write(const std::string& name, std::string_view bytes) const;
-  std::string Read(const std::string& name) const { return folder().Read("run/" + name); }
+  /// With line feeds alone at the ends of lines.
+  std::string Read(const std::string& name) const;
   bool Exists(const std::string& name) const { return folder().Exists("run/" + name); }
 
   std::string Report() const { return folder().Read("report.txt"); }

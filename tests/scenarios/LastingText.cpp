@@ -60,6 +60,13 @@ void ReplaceAll(std::string& text, const std::string& from, const std::string& t
   }
 }
 
+std::string WithoutCarriageReturns(std::string text) {
+  for (std::size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at)) {
+    text.erase(at, 1);
+  }
+  return text;
+}
+
 std::string WithoutDatesAndVersions(const std::string& text) {
   std::string result;
   std::string_view rest = text;

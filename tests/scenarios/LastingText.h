@@ -8,6 +8,9 @@ namespace imptable {
 
 void ReplaceAll(std::string& text, const std::string& from, const std::string& to);
 
+/// Each CR LF as LF.
+std::string WithoutCarriageReturns(std::string text);
+
 /// {DATE} in place of the date and time, in any of the systems' forms, that a line of a report or
 /// of a side file begins with, and {VERSIONS} in place of those that MariaDB's driver begins its
 /// texts with.

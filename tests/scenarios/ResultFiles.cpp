@@ -6,8 +6,6 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "tests/scenarios/CommandUnderTest.h"
-
 namespace imptable {
 namespace {
 
@@ -21,19 +19,16 @@ void ReadInto(const std::string& folder, ResultFiles& files) {
   }
 }
 
-std::string DatabaseFolder(const Scenario& scenario, DatabaseKind kind) {
+std::string OwnFolder(const Scenario& scenario, DatabaseKind kind) {
   return scenario.folder + "expected." + std::string(NameOf(kind));
 }
-
-std::string WindowsFolder(const Scenario& scenario) { return scenario.folder + "expected.windows"; }
 
 }  // namespace
 
 ResultFiles ReadExpected(const Scenario& scenario, DatabaseKind kind) {
   ResultFiles files;
   ReadInto(scenario.folder + "expected", files);
-  ReadInto(DatabaseFolder(scenario, kind), files);
-  if (TheCommand().is_windows()) ReadInto(WindowsFolder(scenario), files);
+  ReadInto(OwnFolder(scenario, kind), files);
   return files;
 }
 
@@ -52,15 +47,11 @@ void Compare(const ResultFiles& expected, const ResultFiles& found) {
 }
 
 void Record(const Scenario& scenario, DatabaseKind kind, const ResultFiles& found) {
-  const bool windows = TheCommand().is_windows();
-  const bool first = kind == scenario.databases.front() && !windows;
-  const std::string folder = windows ? WindowsFolder(scenario)
-                             : first ? scenario.folder + "expected"
-                                     : DatabaseFolder(scenario, kind);
+  const bool first = kind == scenario.databases.front();
+  const std::string folder = first ? scenario.folder + "expected" : OwnFolder(scenario, kind);
   fs::remove_all(folder);
   ResultFiles shared;
   if (!first) ReadInto(scenario.folder + "expected", shared);
-  if (windows) ReadInto(DatabaseFolder(scenario, kind), shared);
   for (const auto& [name, text] : found) {
     const auto same = shared.find(name);
     if (same != shared.end() && same->second == text) continue;

@@ -11,15 +11,14 @@ namespace imptable {
 /// Names as below `expected/`, and texts.
 using ResultFiles = std::map<std::string, std::string>;
 
-/// What the scenario expects of this database, and of the system that the command runs on.
+/// What the scenario expects of this database.
 ResultFiles ReadExpected(const Scenario& scenario, DatabaseKind kind);
 
 /// One failure for each file that is missing, additional or other than expected.
 void Compare(const ResultFiles& expected, const ResultFiles& found);
 
 /// Writes `found` in place of what was expected. The scenario's first database writes `expected/`,
-/// each other one `expected.DATABASE/` with what differs; the Windows component
-/// `expected.windows/`.
+/// each other one `expected.DATABASE/` with what differs.
 void Record(const Scenario& scenario, DatabaseKind kind, const ResultFiles& found);
 
 }  // namespace imptable

@@ -18,13 +18,6 @@ namespace fs = std::filesystem;
 constexpr int kDone = 0;
 constexpr int kRunFailed = 1;
 
-std::string WithoutCarriageReturns(std::string text) {
-  for (std::size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at)) {
-    text.erase(at, 1);
-  }
-  return text;
-}
-
 class ScenarioRun {
  public:
   ScenarioRun(const Scenario& scenario, DatabaseKind kind)

@@ -4,13 +4,19 @@
 //   TaskHost [--registry NAME] [--lang fr|en] COMMAND
 //
 //   reg import FILE | variable SCENARIO NAME=VALUE | set SCENARIO TASK NAME=VALUE ...
-//   run SCENARIO TASK [--resume] [--report FILE] | status SCENARIO TASK
+//   run SCENARIO TASK [--resume] [--report FILE]    prints the seconds that it took
+//   status SCENARIO TASK
 //   forget    deletes every registry that --registry or IMPTABLE_REGISTRY ever named
 //
 // Without either of these it works on the machine's registry. IMPTABLE_DECIMAL is the user's
 // decimal separator in a new one.
 
+#include <fcntl.h>
+#include <io.h>
+
 #include <algorithm>
+#include <chrono>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -179,7 +185,10 @@ ExitCode Run(const Request& request, Words words) {
   const EventCounter events(object.object());
   Describe(object, request, scenario, task);
   object.Call("SetReportFilePath", {report});
+  const auto start = std::chrono::steady_clock::now();
   object.Put("Run", resume ? kResumeRequest : kFreshRequest);
+  const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+  std::cout << taken.count() << '\n';
   if (events.complete() != 1 || events.progress() < 1 || events.others() != 0) {
     throw Failure(ExitCode::kFault, "events: Complete " + std::to_string(events.complete()) +
                                         ", Progress " + std::to_string(events.progress()) +
@@ -227,6 +236,9 @@ Words CommandLineWords() {
 }  // namespace imptable
 
 int main() {
+  // Line feeds as they are, as the command's.
+  _setmode(_fileno(stdout), _O_BINARY);
+  _setmode(_fileno(stderr), _O_BINARY);
   CoInitialize(nullptr);
   imptable::ExitCode code = imptable::ExitCode::kFault;
   try {
