@@ -1,20 +1,10 @@
-// What a task's lines cost the database alone: bare_loop REGISTRY SCENARIO TASK
-//
-// Prepares the statements of the task's mode, with the parameter types and values that a run gives
-// them, all worked out beforehand; then executes them in a loop that does nothing else. Prints the
-// seconds that this loop took.
+#include "bench/BareLoop.h"
 
 #include <chrono>
-#include <cstdio>
-#include <exception>
-#include <iostream>
 #include <stdexcept>
 
-#include "bench/LineValues.h"
-#include "host/HostContext.h"
 #include "import/LineReader.h"
 #include "import/RecordParser.h"
-#include "import/TargetTable.h"
 #include "import/TaskFiles.h"
 #include "import/UpdateStatement.h"
 #include "plugin/ScenarioKeys.h"
@@ -27,126 +17,96 @@ void Require(bool holds, const char* what) {
   if (!holds) throw std::runtime_error(what);
 }
 
-class BareLoop {
- public:
-  BareLoop(HostContext& context, const std::string& scenario, const std::string& task)
-      : context_(context),
-        module_(context.state.commun),
-        session_(context.state.odbc),
-        table_(module_, session_) {
-    module_.location = TasksKey(scenario);
-    module_.run.scenario = scenario;
-    module_.run.task = task;
-    LoadTaskIntoRun(module_);
-    session_.execution_mode = kDialogMode;
-    const RunState& run = module_.run;
-    Require(session_.ConnectDataSource(run.data_source, run.login, run.password), "no connection");
-    session_.ReadSystemDecimalSeparator();
-    Require(table_.Load(run.mode != 4), "no columns");
-    buffers_.resize(table_.columns().size());
-  }
-
-  double Seconds() {
-    PrepareStatements();
-    ReadLines();
-    const auto start = std::chrono::steady_clock::now();
-    for (std::size_t i = 0; i < lines_.size(); ++i) {
-      lines_.Restore(i, buffers_);
-      Execute();
-    }
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-  }
-
- private:
-  void Prepare(Statement& statement, const std::string& text) {
-    Require(statement.Allocate(session_.connection) == SQL_SUCCESS, "no statement");
-    Require(Succeeded(SQLPrepare(statement.raw(), SqlText(text), SQL_NTS)), text.c_str());
-  }
-
-  void BindColumns(Statement& statement, SQLUSMALLINT& number) {
-    for (std::size_t i = 0; i < buffers_.size(); ++i) Bind(statement, number++, i);
-  }
-
-  void Bind(Statement& statement, SQLUSMALLINT number, std::size_t column) {
-    Require(BindParameter(statement.raw(), number, table_.columns()[column], buffers_[column]) ==
-                SQL_SUCCESS,
-            "bind");
-  }
-
-  /// Tables of the bench have their one key column first, and no column that isn't written.
-  void PrepareStatements() {
-    const std::vector<std::string> keys{table_.columns().front().name};
-    SQLUSMALLINT number = 1;
-    switch (module_.run.mode) {
-      case 3:
-        Prepare(insert_, table_.InsertText());
-        BindColumns(insert_, number);
-        number = 1;
-        [[fallthrough]];
-      case 1:
-        Prepare(keyed_, UpdateStatement(module_, session_, table_).Text(keys));
-        BindColumns(keyed_, number);
-        Bind(keyed_, number, 0);
-        break;
-      case 4:
-        Prepare(keyed_, "DELETE FROM " + TableReference(module_, session_) + " WHERE " +
-                            KeyCondition(session_, keys));
-        Bind(keyed_, number, 0);
-        break;
-      default:
-        Prepare(insert_, table_.InsertText());
-        BindColumns(insert_, number);
-    }
-  }
-
-  void ReadLines() {
-    const std::string path = DataFilePath(module_.run, module_.run.full_file_name == 1);
-    std::error_code error;
-    auto file = context_.files->OpenForReading(path, error);
-    Require(file != nullptr, "no data file");
-    LineReader reader(std::move(file), path, true);
-    RecordParser parser(CompileRecordPlan(module_, session_, table_.columns(),
-                                          std::vector<bool>(buffers_.size(), true), buffers_));
-    for (std::string_view line; reader.Next(line);) {
-      Require(parser.ParseRecord(line) == ParseResult::kRecord, "a line can't be parsed");
-      lines_.Keep(buffers_);
-    }
-  }
-
-  void Execute() {
-    if (keyed_) {
-      Require(Succeeded(SQLExecute(keyed_.raw())), "execute");
-      SQLLEN rows = 0;
-      Require(Succeeded(SQLRowCount(keyed_.raw(), &rows)), "row count");
-      if (rows != 0 || !insert_) return;
-    }
-    Require(Succeeded(SQLExecute(insert_.raw())), "execute");
-  }
-
-  HostContext& context_;
-  ModuleCommun& module_;
-  OdbcSession& session_;
-  TargetTable table_;
-  std::vector<ParameterBuffer> buffers_;
-  LineValues lines_;
-  Statement insert_;
-  Statement keyed_;
-};
-
 }  // namespace
-}  // namespace imptable
 
-int main(int count, char** arguments) {
-  if (count != 4) {
-    std::fputs("usage: bare_loop REGISTRY SCENARIO TASK\n", stderr);
-    return 2;
+BareLoop::BareLoop(ModuleState& state, const std::string& scenario, const std::string& task)
+    : module_(state.commun), session_(state.odbc), table_(module_, session_) {
+  module_.location = TasksKey(scenario);
+  module_.run.scenario = scenario;
+  module_.run.task = task;
+  LoadTaskIntoRun(module_);
+  session_.execution_mode = kDialogMode;
+  const RunState& run = module_.run;
+  Require(session_.ConnectDataSource(run.data_source, run.login, run.password), "no connection");
+  session_.ReadSystemDecimalSeparator();
+  Require(table_.Load(run.mode != 4), "no columns");
+  buffers_.resize(table_.columns().size());
+}
+
+double BareLoop::Seconds() {
+  PrepareStatements();
+  ReadLines();
+  const auto start = std::chrono::steady_clock::now();
+  for (std::size_t i = 0; i < lines_.size(); ++i) {
+    lines_.Restore(i, buffers_);
+    Execute();
   }
-  try {
-    imptable::HostContext context(arguments[1], std::nullopt, std::cerr);
-    std::printf("%.6f\n", imptable::BareLoop(context, arguments[2], arguments[3]).Seconds());
-    return 0;
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "bare_loop: %s\n", error.what());
-    return 1;
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+void BareLoop::Prepare(Statement& statement, const std::string& text) {
+  Require(statement.Allocate(session_.connection) == SQL_SUCCESS, "no statement");
+  Require(Succeeded(SQLPrepare(statement.raw(), SqlText(text), SQL_NTS)), text.c_str());
+}
+
+void BareLoop::BindColumns(Statement& statement, SQLUSMALLINT& number) {
+  for (std::size_t i = 0; i < buffers_.size(); ++i) Bind(statement, number++, i);
+}
+
+void BareLoop::Bind(Statement& statement, SQLUSMALLINT number, std::size_t column) {
+  Require(BindParameter(statement.raw(), number, table_.columns()[column], buffers_[column]) ==
+              SQL_SUCCESS,
+          "bind");
+}
+
+/// Tables of the bench have their one key column first, and no column that isn't written.
+void BareLoop::PrepareStatements() {
+  const std::vector<std::string> keys{table_.columns().front().name};
+  SQLUSMALLINT number = 1;
+  switch (module_.run.mode) {
+    case 3:
+      Prepare(insert_, table_.InsertText());
+      BindColumns(insert_, number);
+      number = 1;
+      [[fallthrough]];
+    case 1:
+      Prepare(keyed_, UpdateStatement(module_, session_, table_).Text(keys));
+      BindColumns(keyed_, number);
+      Bind(keyed_, number, 0);
+      break;
+    case 4:
+      Prepare(keyed_, "DELETE FROM " + TableReference(module_, session_) + " WHERE " +
+                          KeyCondition(session_, keys));
+      Bind(keyed_, number, 0);
+      break;
+    default:
+      Prepare(insert_, table_.InsertText());
+      BindColumns(insert_, number);
   }
 }
+
+void BareLoop::ReadLines() {
+  const std::string path = DataFilePath(module_.run, module_.run.full_file_name == 1);
+  std::error_code error;
+  auto file = module_.platform.files.OpenForReading(path, error);
+  Require(file != nullptr, "no data file");
+  LineReader reader(std::move(file), path, true);
+  RecordParser parser(CompileRecordPlan(module_, session_, table_.columns(),
+                                        std::vector<bool>(buffers_.size(), true), buffers_));
+  for (std::string_view line; reader.Next(line);) {
+    Require(parser.ParseRecord(line) == ParseResult::kRecord, "a line can't be parsed");
+    lines_.Keep(buffers_);
+  }
+}
+
+void BareLoop::Execute() {
+  if (keyed_) {
+    Require(Succeeded(SQLExecute(keyed_.raw())), "execute");
+    SQLLEN rows = 0;
+    Require(Succeeded(SQLRowCount(keyed_.raw(), &rows)), "row count");
+    if (rows != 0 || !insert_) return;
+  }
+  Require(Succeeded(SQLExecute(insert_.raw())), "execute");
+}
+
+}  // namespace imptable

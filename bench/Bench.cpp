@@ -3,7 +3,6 @@
 //
 //   bench BIN_FOLDER DRIVER_FOLDER SQLITE_DRIVER WORK_FOLDER RESULTS_FILE [--small]
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -11,9 +10,11 @@
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "bench/BenchFiles.h"
+#include "bench/BenchRecord.h"
 #include "bench/ChildProcess.h"
 
 namespace imptable {
@@ -27,11 +28,6 @@ struct Sizes {
   int database_pairs = 5;
   int driver_pairs = 9;
 };
-
-double Median(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
-}
 
 class Bench {
  public:
@@ -66,76 +62,25 @@ class Bench {
                     sizes_.keyed_lines);
     AgainstBareLoop("UPDATE/INSERT", "3", "KEYED", half, sizes_.keyed_lines, sizes_.keyed_lines);
     AgainstBareLoop("DELETE", "4", "KEYED", sizes_.keyed_lines, sizes_.keyed_lines, 0);
-    WriteFile(results_path_, results_);
+    WriteFile(results_path_, record_.lines());
   }
 
  private:
-  ChildResult Checked(const std::vector<std::string>& command) {
-    ChildResult result = RunChild(command);
-    if (result.exit_code != 0) {
-      throw std::runtime_error(command[0] + " ended with " + std::to_string(result.exit_code));
-    }
-    return result;
-  }
-
   void SetTask(const std::string& source, const std::string& alias, const std::string& mode,
                const std::string& resume_files) {
-    Checked({bin_ + "/imptable",
-             "--registry",
-             registry_,
-             "set",
-             "Bench",
-             "Task",
-             "Base Cible=" + source,
-             "Table=CUSTOMER",
-             "Dir=" + work_,
-             "Alias=" + alias,
-             "Mode=" + mode,
-             "Cle/Index=ID",
-             "FormatFile=1",
-             "SepDec=1",
-             "NombreColonnes=8",
-             "RecErreurs=" + resume_files,
-             "Colonnes\\1=3",
-             "Colonnes\\2=1",
-             "Colonnes\\3=1",
-             "Colonnes\\4=1",
-             "Colonnes\\5=5,2",
-             "Colonnes\\6=5,2",
-             "Colonnes\\7=7,7,,/,",
-             "Colonnes\\8=1"});
+    std::vector<std::string> command{
+        bin_ + "/imptable", "--registry", registry_, "set", "Bench", "Task"};
+    for (std::string& value : CustomerTask(source, work_, alias)) {
+      command.push_back(std::move(value));
+    }
+    command.push_back("Mode=" + mode);
+    command.push_back("RecErreurs=" + resume_files);
+    RunChecked(command);
   }
 
   ChildResult RunTask() {
-    return Checked({bin_ + "/imptable", "--registry", registry_, "run", "Bench", "Task", "--quiet",
-                    "--report", work_ + "report.txt"});
-  }
-
-  void Record(const std::string& what, const std::string& unit, double ours, double theirs,
-              double ratio, double least, double most, const std::string& target) {
-    char line[256];
-    std::snprintf(line, sizeof line, "%s\t%.3f\t%.3f\t%s\t%.2f\t%.2f-%.2f\t%s\n", what.c_str(),
-                  ours, theirs, unit.c_str(), ratio, least, most, target.c_str());
-    results_ += line;
-    std::printf("%-44s %9.3f %9.3f %-4s ratio %.2f (%.2f to %.2f), wanted: %s\n", what.c_str(),
-                ours, theirs, unit.c_str(), ratio, least, most, target.c_str());
-    std::fflush(stdout);
-  }
-
-  /// Runs both in turn and records the medians and the median of the pairs' ratios.
-  void Pairs(const std::string& what, int pairs, const std::function<double()>& ours,
-             const std::function<double()>& theirs, const std::string& target) {
-    std::vector<double> our_seconds;
-    std::vector<double> their_seconds;
-    std::vector<double> ratios;
-    for (int i = 0; i < pairs; ++i) {
-      our_seconds.push_back(ours());
-      their_seconds.push_back(theirs());
-      ratios.push_back(our_seconds.back() / their_seconds.back());
-    }
-    const auto [least, most] = std::minmax_element(ratios.begin(), ratios.end());
-    Record(what, "s", Median(our_seconds), Median(their_seconds), Median(ratios), *least, *most,
-           target);
+    return RunChecked({bin_ + "/imptable", "--registry", registry_, "run", "Bench", "Task",
+                       "--quiet", "--report", work_ + "report.txt"});
   }
 
   void AgainstBareLoop(const std::string& name, const std::string& mode, const std::string& alias,
@@ -150,12 +95,12 @@ class Bench {
       }
       return seconds;
     };
-    Pairs(
+    record_.AddPairs(
         name + ", " + std::to_string(lines) + " lines, SQLite, to a bare loop",
         sizes_.database_pairs, [&] { return on_fresh_table([&] { return RunTask().seconds; }); },
         [&] {
           return on_fresh_table([&] {
-            return std::stod(Checked({bin_ + "/bare_loop", registry_, "Bench", "Task"}).output);
+            return std::stod(RunChecked({bin_ + "/bare_loop", registry_, "Bench", "Task"}).output);
           });
         },
         "<= 1.10");
@@ -163,11 +108,11 @@ class Bench {
 
   void AgainstFieldCount(const std::string& resume_files) {
     SetTask("Nothing", "LINES", "0", resume_files);
-    Pairs(
+    record_.AddPairs(
         "Per line, RecErreurs " + resume_files + ", to counting fields", sizes_.driver_pairs,
         [&] { return RunTask().seconds; },
         [&] {
-          return Checked({"mawk", "-F;", "{n+=NF} END{print n}", work_ + "LINES.CSV"}).seconds;
+          return RunChecked({"mawk", "-F;", "{n+=NF} END{print n}", work_ + "LINES.CSV"}).seconds;
         },
         resume_files == "0" ? "<= 3" : "<= 6");
   }
@@ -180,16 +125,16 @@ class Bench {
     SetTask("Nothing", "MANY", "0", "1");
     const double many = RunTask().peak_mib;
     std::filesystem::remove(work_ + "MANY.CSV");
-    Record("Peak memory, " + std::to_string(sizes_.many_lines) + " lines to " +
-               std::to_string(sizes_.few_lines),
-           "MiB", many, few, many / few, many - few, many - few, "<= 4 MiB more");
+    record_.Add("Peak memory, " + std::to_string(sizes_.many_lines) + " lines to " +
+                    std::to_string(sizes_.few_lines),
+                "MiB", many, few, many / few, many - few, many - few, "<= 4 MiB more");
   }
 
   std::string bin_;
   std::string work_;
   std::string results_path_;
   std::string registry_;
-  std::string results_;
+  BenchRecord record_;
   Sizes sizes_;
 };
 

@@ -41,6 +41,16 @@ void WriteLines(const std::string& path, int first, int lines) {
   }
 }
 
+std::vector<std::string> CustomerTask(const std::string& source, const std::string& folder,
+                                      const std::string& alias) {
+  return {"Base Cible=" + source, "Table=CUSTOMER",  "Dir=" + folder,
+          "Alias=" + alias,       "Mode=0",          "Cle/Index=ID",
+          "FormatFile=1",         "SepDec=1",        "NombreColonnes=8",
+          "Colonnes\\1=3",        "Colonnes\\2=1",   "Colonnes\\3=1",
+          "Colonnes\\4=1",        "Colonnes\\5=5,2", "Colonnes\\6=5,2",
+          "Colonnes\\7=7,7,,/,",  "Colonnes\\8=1"};
+}
+
 void MakeDatabase(const std::string& path, int rows) {
   std::filesystem::remove(path);
   const Database database = Open(path);

@@ -2,12 +2,18 @@
 #define BENCH_BENCH_FILES_H_
 
 #include <string>
+#include <vector>
 
 namespace imptable {
 
 /// Writes a delimited file of `lines` lines of eight columns: an integer, texts, decimals and a
 /// date. The integers run from `first` on.
 void WriteLines(const std::string& path, int first, int lines);
+
+/// The settings of a task that imports such a file, as NAME=VALUE; its mode is INSERT unless
+/// another one is set.
+std::vector<std::string> CustomerTask(const std::string& source, const std::string& folder,
+                                      const std::string& alias);
 
 /// Makes an SQLite database with the table that these lines fit, holding the rows 1 to `rows`.
 void MakeDatabase(const std::string& path, int rows);

@@ -43,4 +43,12 @@ ChildResult RunChild(const std::vector<std::string>& command) {
   return result;
 }
 
+ChildResult RunChecked(const std::vector<std::string>& command) {
+  ChildResult result = RunChild(command);
+  if (result.exit_code != 0) {
+    throw std::runtime_error(command[0] + " ended with " + std::to_string(result.exit_code));
+  }
+  return result;
+}
+
 }  // namespace imptable

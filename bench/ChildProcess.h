@@ -16,6 +16,9 @@ struct ChildResult {
 /// Runs a program to its end. @throws std::runtime_error when it can't be started.
 ChildResult RunChild(const std::vector<std::string>& command);
 
+/// The same; another exit code than 0 throws, too.
+ChildResult RunChecked(const std::vector<std::string>& command);
+
 }  // namespace imptable
 
 #endif  // BENCH_CHILD_PROCESS_H_

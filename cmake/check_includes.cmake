@@ -12,7 +12,7 @@ set(may_include_dialogs/widgets "platform plugin/core odbc import plugin dialogs
 set(may_include_plugin/automation
   "platform plugin/core odbc import plugin plugin/automation")
 set(may_include_host "platform plugin/core odbc import plugin host")
-set(may_include_bench "platform plugin/core odbc import plugin host bench")
+set(may_include_bench "platform plugin/core odbc import plugin host plugin/automation bench")
 set(may_include_tests
   "platform plugin/core odbc import plugin plugin/automation dialogs host tests")
 set(folders
