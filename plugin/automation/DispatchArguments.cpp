@@ -112,8 +112,7 @@ HRESULT DispatchArguments::Prepare(ITypeInfo& info, DISPID id, WORD flags, LCID 
   return S_OK;
 }
 
-HRESULT DispatchArguments::Convert(VARIANT& given, VARTYPE wanted, LCID locale,
-                                   std::size_t place) {
+HRESULT DispatchArguments::Convert(VARIANT& given, VARTYPE wanted, LCID locale, std::size_t place) {
   VARIANT* source = &given;
   if (V_VT(source) == (VT_VARIANT | VT_BYREF)) source = V_VARIANTREF(source);
   if (source == nullptr || V_VT(source) == (VT_VARIANT | VT_BYREF)) return DISP_E_BADVARTYPE;
