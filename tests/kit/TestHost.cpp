@@ -29,6 +29,7 @@ std::unique_ptr<ReportWriter> TestHost::CreateReportWriter() {
 
 std::string TestHost::Variable(const KeyPath& tasks, const std::string& of_scenario,
                                const std::string& name) {
+  if (unavailable) throw RuntimeFault(FaultNumber::kNoHostObject, name);
   looked_up.push_back(of_scenario + '|' + tasks.path + '|' + name);
   const auto variable = variables.find(name);
   if (variable != variables.end()) return variable->second;
