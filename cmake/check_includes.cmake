@@ -12,11 +12,14 @@ set(may_include_dialogs/widgets "platform plugin/core odbc import plugin dialogs
 set(may_include_plugin/automation
   "platform plugin/core odbc import plugin plugin/automation")
 set(may_include_host "platform plugin/core odbc import plugin host")
+set(may_include_host/configure
+  "platform plugin/core odbc import plugin dialogs dialogs/widgets host host/configure")
 set(may_include_bench "platform plugin/core odbc import plugin host plugin/automation bench")
 set(may_include_tests
   "platform plugin/core odbc import plugin plugin/automation dialogs host tests")
 set(folders
-  platform plugin/core odbc import plugin plugin/automation dialogs dialogs/widgets host bench tests)
+  platform plugin/core odbc import plugin plugin/automation dialogs dialogs/widgets host
+  host/configure bench tests)
 
 # The longest folder of the list that the path lies in.
 function(folder_of path result)

@@ -12,6 +12,13 @@ target_link_libraries(platform_system INTERFACE PkgConfig::SQLITE Threads::Threa
 add_library(odbc_system INTERFACE)
 target_link_libraries(odbc_system INTERFACE PkgConfig::ODBC)
 
+find_package(wxWidgets 3.2 REQUIRED COMPONENTS core base)
+add_library(dialog_toolkit INTERFACE)
+target_include_directories(dialog_toolkit SYSTEM INTERFACE ${wxWidgets_INCLUDE_DIRS})
+target_compile_definitions(dialog_toolkit INTERFACE ${wxWidgets_DEFINITIONS})
+target_compile_options(dialog_toolkit INTERFACE ${wxWidgets_CXX_FLAGS})
+target_link_libraries(dialog_toolkit INTERFACE ${wxWidgets_LIBRARIES})
+
 if(IMPTABLE_TESTS)
   enable_testing()
   include(GoogleTest)

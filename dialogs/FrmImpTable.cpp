@@ -365,6 +365,7 @@ bool ImpTablePresenter::Save() {
     }
     task_name_ = name;
     saved_ = true;
+    saved_now_ = true;
     done = true;
   });
   return done;

@@ -64,6 +64,9 @@ class ImpTablePresenter : private ColumnLayoutView {
   /// True for an existing task and after every save: what the plug-in takes back as outcome.
   bool saved() const { return saved_; }
 
+  /// True once this dialog has saved the task.
+  bool saved_now() const { return saved_now_; }
+
   /// The name under which the task was last saved; until then the one that the host gave.
   const std::string& task_name() const { return task_name_; }
 
@@ -148,6 +151,7 @@ class ImpTablePresenter : private ColumnLayoutView {
   KeyPath tasks_;
   std::string scenario_;
   bool saved_;
+  bool saved_now_ = false;
   std::string task_name_;
   ImpTableState state_;
   std::unique_ptr<ColumnLayoutEditor> columns_;

@@ -107,6 +107,7 @@ void AddTaskCommands(CLI::App& app, CommandRequest& request) {
   run.add_flag("--quiet", request.quiet);
   run.add_flag("--json", request.json);
 
+  AddTask(AddCommand(app, "configure"), request);
   AddTask(AddCommand(app, "describe"), request);
   AddTask(AddCommand(app, "actions"), request);
   AddTask(AddCommand(app, "status"), request);

@@ -12,6 +12,10 @@ namespace imptable {
 // @throws HostError  when it can't; a failing registry file or component throws its own.
 
 ExitCode RunTask(HostContext& context, const CommandRequest& request, const HostConsole& console);
+/// Goes on as imptable-config; returns only when that can't be started, by throwing.
+ExitCode StartConfiguration(HostContext& context, const CommandRequest& request,
+                            const HostConsole& console);
+
 ExitCode PrintDescription(HostContext& context, const CommandRequest& request,
                           const HostConsole& console);
 ExitCode PrintActions(HostContext& context, const CommandRequest& request,

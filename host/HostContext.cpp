@@ -15,9 +15,10 @@ Language LanguageIn(const RegistryStore& store) {
                                                                        : Language::kFrench;
 }
 
-HostContext::HostContext(const std::string& registry_path, std::optional<Language> language,
-                         std::ostream& err)
-    : encoding(SystemTextEncoding()),
+HostContext::HostContext(const std::string& registry_file, std::optional<Language> language,
+                         std::ostream& err, const HostWindows* windows)
+    : registry_path(registry_file),
+      encoding(SystemTextEncoding()),
       store(registry_path, encoding->ToUtf8(DecimalSeparatorOfLocale())),
       registry(store, *encoding),
       message_loop(SystemMessageLoop()),
@@ -25,8 +26,9 @@ HostContext::HostContext(const std::string& registry_path, std::optional<Languag
       files(SystemFileSystem()),
       warning_box(err),
       profile_file(*files),
-      state(Platform{registry, *message_loop, *clock, *encoding, *files, warning_box, mouse_pointer,
-                     profile_file},
+      state(Platform{registry, *message_loop, *clock, *encoding, *files,
+                     windows != nullptr ? windows->warning_box : warning_box,
+                     windows != nullptr ? windows->mouse_pointer : mouse_pointer, profile_file},
             library),
       texts(language ? *language : LanguageIn(store), *encoding) {
   library.Attach(state.commun);

@@ -24,19 +24,27 @@ class NoMousePointer : public MousePointer {
   void Reset() override {}
 };
 
+/// Ports of a program that shows windows; all borrowed.
+struct HostWindows {
+  WarningBox& warning_box;
+  MousePointer& mouse_pointer;
+};
+
 /// What the commands work with: the open registry file, the system's ports and one component on
 /// top of them.
 class HostContext {
  public:
   /// Opens the registry file, which is created when there is none.
   /// @param language  asked for by the user; without it the registry's, else French.
-  /// @param err  borrowed; where warnings go.
+  /// @param err  borrowed; where warnings go in a program without windows.
+  /// @param windows  of a program that has them, else null.
   /// @throws RegistryFileError  when the file can't be used.
-  HostContext(const std::string& registry_path, std::optional<Language> language,
-              std::ostream& err);
+  HostContext(const std::string& registry_file, std::optional<Language> language, std::ostream& err,
+              const HostWindows* windows = nullptr);
   HostContext(const HostContext&) = delete;
   HostContext& operator=(const HostContext&) = delete;
 
+  const std::string registry_path;
   std::unique_ptr<TextEncoding> encoding;
   RegistryStore store;      // takes and gives UTF-8
   SqliteRegistry registry;  // the same in the system's code page

@@ -17,13 +17,9 @@
 namespace imptable {
 namespace {
 
-struct Command {
-  std::string_view name;
-  ExitCode (*carry_out)(HostContext&, const CommandRequest&, const HostConsole&);
-};
-
-constexpr std::array<Command, 12> kCommands{{
+constexpr auto kCommands = std::to_array<HostCommand>({
     {"run", RunTask},
+    {"configure", StartConfiguration},
     {"describe", PrintDescription},
     {"actions", PrintActions},
     {"status", ShowStatus},
@@ -35,7 +31,7 @@ constexpr std::array<Command, 12> kCommands{{
     {"sources", ListSources},
     {"reg import", ImportRegistry},
     {"reg export", ExportRegistry},
-}};
+});
 
 /// The language for what is said before or without a command. Never creates a registry file, and a
 /// faulty one is for a command to complain about.
@@ -53,8 +49,11 @@ Language LanguageWithoutCommand(const CommandLine& line) {
 /// One invocation, with the language that its errors are told in as soon as that is known.
 class Invocation {
  public:
-  Invocation(const CommandLine& line, const HostConsole& console)
-      : line_(line), console_(console), language_(line.language.value_or(Language::kFrench)) {}
+  Invocation(const CommandLine& line, const HostConsole& console, const HostProgram& program)
+      : line_(line),
+        console_(console),
+        program_(program),
+        language_(line.language.value_or(Language::kFrench)) {}
 
   ExitCode CarryOut() {
     try {
@@ -103,9 +102,10 @@ class Invocation {
       case CommandLine::Outcome::kCommand:
         break;
     }
-    HostContext context(RegistryFilePath(line_.registry), line_.language, console_.err);
+    HostContext context(RegistryFilePath(line_.registry), line_.language, console_.err,
+                        program_.windows);
     language_ = context.texts.language();
-    for (const Command& command : kCommands) {
+    for (const HostCommand& command : program_.commands) {
       if (command.name != line_.request.command) continue;
       return Flushed(command.carry_out(context, line_.request, console_));
     }
@@ -124,15 +124,19 @@ class Invocation {
 
   const CommandLine& line_;
   const HostConsole& console_;
+  const HostProgram& program_;
   const std::unique_ptr<TextEncoding> encoding_ = SystemTextEncoding();
   Language language_;
 };
 
 }  // namespace
 
-int RunHost(const std::vector<std::string>& arguments, const HostConsole& console) {
+HostProgram CommandProgram() { return {kCommands}; }
+
+int RunHost(const std::vector<std::string>& arguments, const HostConsole& console,
+            const HostProgram& program) {
   const CommandLine line = ParseCommandLine(arguments);
-  return static_cast<int>(Invocation(line, console).CarryOut());
+  return static_cast<int>(Invocation(line, console, program).CarryOut());
 }
 
 int RunHost(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {

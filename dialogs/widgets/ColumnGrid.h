@@ -1,0 +1,53 @@
+#ifndef DIALOGS_WIDGETS_COLUMN_GRID_H_
+#define DIALOGS_WIDGETS_COLUMN_GRID_H_
+
+#include <wx/grid.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "dialogs/widgets/WidgetText.h"
+
+namespace imptable {
+
+/// Where in a grid the user wants something, by mouse or by keyboard.
+struct GridPlace {
+  int row = 0;
+  int column = 0;
+  wxPoint screen;  // where a menu opens
+};
+
+/// A grid that only shows: rows of texts below a header row. A click, and with the keyboard Space,
+/// F4 or the menu key, asks for what the cell offers; Tab leaves the grid.
+class ColumnGrid : public wxGrid {
+ public:
+  /// @param text  borrowed.
+  /// @param ask  called, once the event is over, with the place of a click or key.
+  ColumnGrid(wxWindow* parent, const WidgetText& text, std::function<void(const GridPlace&)> ask);
+
+  /// Paints header and rows; only what differs is touched.
+  void ShowRows(const std::vector<std::string>& header,
+                const std::vector<std::vector<std::string>>& rows);
+
+  /// Paints the background of a cell light yellow, or as the others'.
+  void Mark(int row, int column, bool marked);
+
+  /// Moves to a row and scrolls it into sight.
+  void GoTo(int row, int column);
+
+  /// A cell's place on the screen, scrolled into sight.
+  wxRect CellOnScreen(int row, int column);
+
+ private:
+  void AskLater(int row, int column, const wxPoint& screen);
+  void OnKey(wxKeyEvent& event);
+  void FitColumns();
+
+  const WidgetText& text_;
+  std::function<void(const GridPlace&)> ask_;
+};
+
+}  // namespace imptable
+
+#endif  // DIALOGS_WIDGETS_COLUMN_GRID_H_

@@ -1,0 +1,126 @@
+#include "dialogs/widgets/FormDateWindow.h"
+
+#include <wx/button.h>
+#include <wx/checkbox.h>
+#include <wx/radiobut.h>
+#include <wx/sizer.h>
+#include <wx/statbox.h>
+#include <wx/textctrl.h>
+
+#include "dialogs/DateFormat.h"
+#include "dialogs/widgets/DialogFrame.h"
+
+namespace imptable {
+namespace {
+
+// Numbers of catalogue texts: never change.
+constexpr std::int32_t kMessageTitle = 42;
+constexpr std::int32_t kMessageStyles = 43;
+constexpr std::int32_t kMessageTime = 44;
+constexpr std::int32_t kMessageWithout = 49;
+constexpr std::int32_t kMessageWith = 50;
+constexpr std::int32_t kMessageSeparator = 51;
+
+constexpr int kStyleColumns = 2;
+
+}  // namespace
+
+FormDateWindow::FormDateWindow(wxWindow* parent, const ModuleCommun& module)
+    : wxDialog(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE, "FormDate"),
+      module_(module),
+      text_(module.platform.encoding),
+      presenter_(module, *this) {
+  SetTitle(Message(kMessageTitle));
+  SetIcon(DialogIcon());
+  auto* const right = new wxBoxSizer(wxVERTICAL);
+  auto* const groups = new wxBoxSizer(wxHORIZONTAL);
+  groups->Add(MakeStyles(), wxSizerFlags(1).Expand().Border(wxRIGHT));
+  right->Add(MakeSeparator(), wxSizerFlags().Expand().Border(wxBOTTOM));
+  right->Add(MakeTime(), wxSizerFlags(1).Expand());
+  groups->Add(right, wxSizerFlags().Expand());
+  FinishDialog(*this, module_, groups, [this] { EndModal(wxID_OK); });
+}
+
+wxString FormDateWindow::Message(std::int32_t number) const {
+  return text_.Shown(module_.MessageText(number));
+}
+
+wxSizer* FormDateWindow::MakeStyles() {
+  auto* const box = new wxStaticBoxSizer(wxVERTICAL, this, Message(kMessageStyles));
+  box->GetStaticBox()->SetName("Frame1");
+  auto* const buttons = new wxFlexGridSizer(kStyleColumns, FromDIP(wxSize(12, 4)));
+  for (std::size_t style = 0; style < kDateOptionCount; ++style) {
+    auto* const button =
+        new wxRadioButton(box->GetStaticBox(), wxID_ANY, text_.Shown(kDateOptionCaptions[style]),
+                          wxDefaultPosition, wxDefaultSize, style == 0 ? wxRB_GROUP : 0,
+                          wxDefaultValidator, wxString::Format("OptD(%zu)", style));
+    button->Bind(wxEVT_RADIOBUTTON,
+                 [this, style](wxCommandEvent&) { presenter_.ChooseStyle(style); });
+    buttons->Add(button);
+    styles_.push_back(button);
+  }
+  box->Add(buttons, wxSizerFlags().Border());
+  return box;
+}
+
+wxSizer* FormDateWindow::MakeSeparator() {
+  auto* const box = new wxStaticBoxSizer(wxVERTICAL, this, Message(kMessageSeparator));
+  wxWindow* const parent = box->GetStaticBox();
+  parent->SetName("Frame2");
+  without_ = new wxRadioButton(parent, wxID_ANY, Message(kMessageWithout), wxDefaultPosition,
+                               wxDefaultSize, wxRB_GROUP, wxDefaultValidator, "Option5");
+  with_ = new wxRadioButton(parent, wxID_ANY, Message(kMessageWith), wxDefaultPosition,
+                            wxDefaultSize, 0, wxDefaultValidator, "Option6");
+  separator_ = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, 0,
+                              wxDefaultValidator, "TextSep");
+  // Two characters: the second one shows that the first is kept.
+  separator_->SetInitialSize(separator_->GetSizeFromTextSize(separator_->GetTextExtent("MM").x));
+  without_->Bind(wxEVT_RADIOBUTTON, [this](wxCommandEvent&) { presenter_.ChooseSeparator(false); });
+  with_->Bind(wxEVT_RADIOBUTTON, [this](wxCommandEvent&) { presenter_.ChooseSeparator(true); });
+  separator_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
+    presenter_.TypeSeparator(text_.Stored(separator_->GetValue()));
+  });
+  auto* const row = new wxBoxSizer(wxHORIZONTAL);
+  row->Add(with_, wxSizerFlags().CenterVertical().Border(wxRIGHT));
+  row->Add(separator_, wxSizerFlags().CenterVertical());
+  box->Add(without_, wxSizerFlags().Border());
+  box->Add(row, wxSizerFlags().Border());
+  return box;
+}
+
+wxSizer* FormDateWindow::MakeTime() {
+  auto* const box = new wxStaticBoxSizer(wxVERTICAL, this, Message(kMessageTime));
+  box->GetStaticBox()->SetName("Frame3");
+  for (const char* const caption : {"HH:MM", "HH:MM:SS"}) {
+    const std::size_t index = times_.size();
+    auto* const time =
+        new wxCheckBox(box->GetStaticBox(), wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, 0,
+                       wxDefaultValidator, wxString::Format("chkh1(%zu)", index));
+    time->Bind(wxEVT_CHECKBOX, [this, index](wxCommandEvent& event) {
+      presenter_.ToggleTime(index, event.IsChecked());
+    });
+    box->Add(time, wxSizerFlags().Border());
+    times_.push_back(time);
+  }
+  return box;
+}
+
+void FormDateWindow::Show(const DateFormatState& state) {
+  styles_[state.style]->SetValue(true);
+  (state.has_separator ? with_ : without_)->SetValue(true);
+  if (text_.Stored(separator_->GetValue()) != state.separator) {
+    separator_->ChangeValue(text_.Shown(state.separator));
+    separator_->SetInsertionPointEnd();
+  }
+  times_[0]->SetValue(state.time == TimeCode::kMinutes);
+  times_[1]->SetValue(state.time == TimeCode::kSeconds);
+}
+
+std::optional<std::string> FormDateWindow::AskFormat(const std::string& format) {
+  presenter_.Open(format);
+  if (ShowModal() != wxID_OK) return std::nullopt;
+  return presenter_.Confirm();
+}
+
+}  // namespace imptable

@@ -1,0 +1,71 @@
+#include "dialogs/widgets/FrmTableWindow.h"
+
+#include <wx/listctrl.h>
+#include <wx/sizer.h>
+
+#include "dialogs/widgets/DialogFrame.h"
+
+namespace imptable {
+namespace {
+
+const wxSize kListSize(360, 280);  // in pixels of an ordinary screen
+
+}  // namespace
+
+FrmTableWindow::FrmTableWindow(wxWindow* parent, const ModuleCommun& module,
+                               TablePickerPresenter& picker)
+    : wxDialog(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, "FrmTable"),
+      text_(module.platform.encoding),
+      picker_(picker) {
+  SetIcon(DialogIcon());
+  list_ =
+      new wxListView(this, wxID_ANY, wxDefaultPosition, FromDIP(kListSize),
+                     wxLC_REPORT | wxLC_NO_HEADER | wxLC_SINGLE_SEL, wxDefaultValidator, "List1");
+  list_->AppendColumn(wxString());
+  list_->AppendColumn(wxString());
+  // A double click, and Enter in the list.
+  list_->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { Confirm(); });
+  Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent&) { picker_.Cancel(); }, wxID_CANCEL);
+  auto* const contents = new wxBoxSizer(wxVERTICAL);
+  contents->Add(list_, wxSizerFlags(1).Expand());
+  FinishDialog(*this, module, contents, [this] { Confirm(); });
+}
+
+void FrmTableWindow::Run() {
+  picker_.Open(*this);
+  list_->SetFocus();
+  ShowModal();
+}
+
+void FrmTableWindow::Show(const TablePickerState& state) {
+  SetTitle(text_.Shown(state.caption));
+  if (wxWindow* const button = FindWindow(wxID_OK)) button->SetLabel(text_.Shown(state.cmdValider));
+  if (wxWindow* const button = FindWindow(wxID_CANCEL)) {
+    button->SetLabel(text_.Shown(state.cmdAnnuler));
+  }
+  list_->DeleteAllItems();
+  for (const std::string& line : state.lines) {
+    const std::size_t tab = line.find('\t');
+    const long item = list_->InsertItem(list_->GetItemCount(), text_.Shown(line.substr(0, tab)));
+    if (tab != std::string::npos) list_->SetItem(item, 1, text_.Shown(line.substr(tab + 1)));
+  }
+  for (int column = 0; column < list_->GetColumnCount(); ++column) {
+    list_->SetColumnWidth(column,
+                          state.lines.empty() ? wxLIST_AUTOSIZE_USEHEADER : wxLIST_AUTOSIZE);
+  }
+  if (!state.lines.empty()) list_->Focus(0);
+}
+
+void FrmTableWindow::Confirm() {
+  const long selected = list_->GetFirstSelected();
+  picker_.Confirm(selected < 0 ? std::nullopt
+                               : std::optional<std::size_t>(static_cast<std::size_t>(selected)));
+}
+
+void FrmTableWindow::CloseDialog() {
+  if (IsModal()) EndModal(picker_.picked() ? wxID_OK : wxID_CANCEL);
+}
+
+}  // namespace imptable

@@ -1,0 +1,62 @@
+#ifndef DIALOGS_WIDGETS_ORIGIN_PICKER_H_
+#define DIALOGS_WIDGETS_ORIGIN_PICKER_H_
+
+#include <wx/gdicmn.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "dialogs/ColumnLayoutState.h"
+#include "dialogs/widgets/PageBuilder.h"
+#include "dialogs/widgets/WidgetText.h"
+
+class wxButton;
+class wxListBox;
+class wxTextCtrl;
+
+namespace imptable {
+
+/// List1 with Command3, and Text1: what stands over an origin's cell while it is chosen.
+class OriginPicker {
+ public:
+  /// What the user does there; none is called while the picker paints.
+  struct Handlers {
+    std::function<void(std::size_t row)> open;  // Command3
+    std::function<void(std::size_t entry)> pick;
+    std::function<void(const std::string& text)> type;
+    std::function<void()> leave;  // without a choice
+  };
+
+  /// @param page  receives the controls. @param text  borrowed.
+  OriginPicker(wxWindow* page, PageBuilder& build, const WidgetText& text, Handlers handlers);
+  OriginPicker(const OriginPicker&) = delete;
+  OriginPicker& operator=(const OriginPicker&) = delete;
+
+  /// @param cell  gives the place of a row's origin on the screen.
+  /// @return true when the picker has just been closed: the focus belongs to the grid then.
+  bool Show(const ColumnLayoutState& state, const std::function<wxRect(std::size_t row)>& cell);
+
+ private:
+  void Watch(wxWindow* control);
+  void Later(std::function<void()> action);
+  void PickSelected();
+  void ShowList(const OriginList& list, const wxRect& cell);
+  void ShowEntry(const OriginEntry& entry, const wxRect& cell);
+
+  wxWindow* page_;
+  const WidgetText& text_;
+  Handlers handlers_;
+  wxListBox* list_;
+  wxButton* open_;
+  wxTextCtrl* entry_;
+  std::optional<OriginList> shown_list_;
+  std::optional<OriginEntry> shown_entry_;
+  bool painting_ = false;
+  bool moved_by_key_ = false;
+};
+
+}  // namespace imptable
+
+#endif  // DIALOGS_WIDGETS_ORIGIN_PICKER_H_

@@ -1,0 +1,43 @@
+#ifndef DIALOGS_WIDGETS_PASSWORD_FIELD_H_
+#define DIALOGS_WIDGETS_PASSWORD_FIELD_H_
+
+#include <wx/panel.h>
+
+#include <functional>
+
+class wxTextCtrl;
+
+namespace imptable {
+
+/// A text field that can be masked and unmasked while one types in it: two fields in the same
+/// place, since not every toolkit lets a field change its mind.
+class PasswordField : public wxPanel {
+ public:
+  PasswordField(wxWindow* parent, int characters);
+
+  /// @param handler  called with each text that is typed.
+  void OnText(std::function<void(const wxString& text)> handler);
+
+  /// Focus coming to, or leaving, either field, but not from one to the other.
+  void OnFocus(std::function<void(bool comes)> handler);
+
+  /// Paints text and mask; the caret stays where it is.
+  void Show(const wxString& text, bool masked);
+
+  void SetFocus() override;
+  bool Enable(bool enable = true) override;
+
+ private:
+  void Watch(wxTextCtrl* field);
+
+  wxTextCtrl* masked_;
+  wxTextCtrl* plain_;
+  wxTextCtrl* shown_;
+  bool swapping_ = false;
+  std::function<void(const wxString& text)> on_text_;
+  std::function<void(bool comes)> on_focus_;
+};
+
+}  // namespace imptable
+
+#endif  // DIALOGS_WIDGETS_PASSWORD_FIELD_H_

@@ -1,0 +1,39 @@
+#include "dialogs/widgets/Toolkit.h"
+
+#include <wx/app.h>
+#include <wx/init.h>
+#include <wx/log.h>
+
+namespace imptable {
+namespace {
+
+/// The toolkit's application object: nothing of it is used but its message loop.
+class DialogApplication : public wxApp {
+ public:
+  bool OnInit() override {
+    // Closing the last window must not end anything: the dialogs belong to a host.
+    SetExitOnFrameDelete(false);
+    return true;
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Toolkit> Toolkit::Start() {
+  // What can't be done is the caller's to say, in its own words.
+  const wxLogNull silence;
+  wxApp::SetInstance(new DialogApplication);
+  int no_arguments = 0;
+  wxChar** const none = nullptr;
+  if (!wxEntryStart(no_arguments, none)) return nullptr;
+  std::unique_ptr<Toolkit> toolkit(new Toolkit);
+  if (!wxTheApp->CallOnInit()) return nullptr;
+  return toolkit;
+}
+
+Toolkit::~Toolkit() {
+  wxTheApp->OnExit();
+  wxEntryCleanup();
+}
+
+}  // namespace imptable

@@ -1,0 +1,57 @@
+#include "dialogs/widgets/VariableWindow.h"
+
+#include <wx/sizer.h>
+#include <wx/treectrl.h>
+
+#include "dialogs/widgets/DialogFrame.h"
+
+namespace imptable {
+namespace {
+
+const wxSize kListSize(300, 260);  // in pixels of an ordinary screen
+
+}  // namespace
+
+VariableWindow::VariableWindow(wxWindow* parent, const ModuleCommun& module,
+                               const VariableListState& state)
+    : wxDialog(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, "FrmVariables"),
+      text_(module.platform.encoding) {
+  SetTitle(text_.Shown(state.caption));
+  SetIcon(DialogIcon());
+  names_ = new wxTreeCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(kListSize),
+                          wxTR_HAS_BUTTONS | wxTR_HIDE_ROOT | wxTR_NO_LINES | wxTR_SINGLE,
+                          wxDefaultValidator, "lstVariables");
+  const wxTreeItemId root = names_->AddRoot(wxString());
+  for (const VariableGroup& group : state.groups) {
+    const wxTreeItemId title = names_->AppendItem(root, text_.Shown(group.title));
+    names_->SetItemBold(title);
+    for (const std::string& name : group.names) names_->AppendItem(title, text_.Shown(name));
+    names_->Expand(title);
+  }
+  names_->Bind(wxEVT_TREE_ITEM_ACTIVATED, [this](wxTreeEvent&) { Confirm(); });
+  auto* const contents = new wxBoxSizer(wxVERTICAL);
+  contents->Add(names_, wxSizerFlags(1).Expand());
+  FinishDialog(*this, module, contents, [this] { Confirm(); });
+  names_->SetFocus();
+}
+
+std::optional<std::string> VariableWindow::Selected() const {
+  const wxTreeItemId item = names_->GetSelection();
+  // A title is no name.
+  if (!item.IsOk() || item == names_->GetRootItem() ||
+      names_->GetItemParent(item) == names_->GetRootItem()) {
+    return std::nullopt;
+  }
+  return text_.Stored(names_->GetItemText(item));
+}
+
+void VariableWindow::Confirm() {
+  if (Selected()) EndModal(wxID_OK);
+}
+
+std::optional<std::string> VariableWindow::Pick() {
+  return ShowModal() == wxID_OK ? Selected() : std::nullopt;
+}
+
+}  // namespace imptable

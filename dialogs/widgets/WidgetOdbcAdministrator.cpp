@@ -1,0 +1,43 @@
+#include "dialogs/widgets/WidgetOdbcAdministrator.h"
+
+#include <wx/app.h>
+#include <wx/utils.h>
+
+#include <utility>
+
+#include "dialogs/widgets/AdministratorPath.h"
+#include "platform/ProcessLauncher.h"
+
+namespace imptable {
+namespace {
+
+/// The toolkit's message loop, for who waits: its windows are painted.
+class PaintingLoop : public MessageLoop {
+ public:
+  void Yield() override {
+    timers_->Yield();
+    constexpr bool kOnlyIfNeeded = true;
+    wxTheApp->Yield(kOnlyIfNeeded);
+  }
+
+  std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval,
+                                    std::function<void()> tick) override {
+    return timers_->StartTimer(interval, std::move(tick));
+  }
+
+ private:
+  std::unique_ptr<MessageLoop> timers_ = SystemMessageLoop();
+};
+
+}  // namespace
+
+void WidgetOdbcAdministrator::RunAndWait() {
+  const std::string program = AdministratorPath();
+  if (program.empty()) return;
+  const wxWindowDisabler frozen;
+  PaintingLoop loop;
+  // One that can't be started is as good as none.
+  static_cast<void>(SystemProcessLauncher()->RunAndWait(program, loop));
+}
+
+}  // namespace imptable
