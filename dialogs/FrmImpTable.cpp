@@ -79,8 +79,9 @@ void ImpTablePresenter::Handle(const std::function<void()>& event) {
 }
 
 void ImpTablePresenter::Show(const ColumnLayoutState& columns) {
+  const bool counted = columns.file_rows.size() != state_.columns.file_rows.size();
   state_.columns = columns;
-  state_.textNbCol = std::to_string(columns.file_rows.size());
+  if (counted) ShowColumnCount();
   if (!busy_) Show();
 }
 
@@ -187,7 +188,10 @@ void ImpTablePresenter::OnLeave(std::string_view control) {
   } else if (control == "txtDelimiteurFile") {
     LeaveSeparator();
   } else if (control == "textNbCol") {
-    Handle([&] { columns_->TypeColumnCount(state_.textNbCol); });
+    Handle([&] {
+      columns_->TypeColumnCount(state_.textNbCol);
+      ShowColumnCount();
+    });
   }
 }
 
@@ -255,7 +259,12 @@ void ImpTablePresenter::OnSpin(bool up) {
   Handle([&] {
     TakeColumnCount();
     columns_->StepColumnCount(up);
+    ShowColumnCount();
   });
+}
+
+void ImpTablePresenter::ShowColumnCount() {
+  state_.textNbCol = std::to_string(columns_->column_count());
 }
 
 void ImpTablePresenter::TakeColumnCount() {
@@ -356,6 +365,7 @@ bool ImpTablePresenter::Save() {
     if (state_.txtDelimiteurFile.empty()) state_.txtDelimiteurFile = kDefaultSeparator;
     if (Refuses(CheckTask(module_, saved_, state_))) return;
     columns_->TypeColumnCount(state_.textNbCol);
+    ShowColumnCount();
     if (RefusesColumns()) return;
     const std::string name = state_.txtTache;
     if (const auto failure = SaveTask(module_, name, saved_, state_, *columns_)) {

@@ -130,6 +130,7 @@ class ImpTablePresenter : private ColumnLayoutView {
 
   /// Brings a column count that was typed, and is one, to the columns.
   void TakeColumnCount();
+  void ShowColumnCount();
 
   /// @return the picked line.
   std::optional<std::string> Pick(PickerMode mode);
