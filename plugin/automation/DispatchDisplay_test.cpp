@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "plugin/automation/testing/Apartment.h"
 #include "plugin/automation/testing/ScriptedObject.h"
 #include "plugin/testing/HostedComponent.h"
