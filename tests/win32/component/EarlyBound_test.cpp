@@ -5,7 +5,7 @@
 
 #include <limits>
 
-#include "tests/win32/component/Client.h"
+#include "tests/win32/component/TaskKeys.h"
 
 namespace imptable {
 namespace {
@@ -258,11 +258,15 @@ TEST_F(EarlyBoundClient, MayUseTextsWithNulsInside) {
   BSTR raw = text.get();
   LONG language = 0;
   EXPECT_EQ(task_->InitializeProperties(&raw, &raw, &language), S_OK);
-  EXPECT_EQ(task_->put_Rapport(text.get()), S_OK);
+  EXPECT_EQ(GetText(task_, &_ImpTable::get_RegstCle),
+            L"SOFTWARE\\KALDO\\Scenarios\\a\0b\\Taches"sv);
+
+  const TaskKeys keys;
+  const std::wstring name(L"a\0b"sv);
+  keys.MakeUnreachable(task_, name);
   EXPECT_EQ(task_->ExecuteTache(), S_OK);
-  EXPECT_EQ(Get(task_, &_ImpTable::GetStatus), Get(task_, &_ImpTable::GetStatus));
-  AutomationString description;
-  EXPECT_EQ(task_->GetTaskDescription(description.Receive()), S_OK);
+  EXPECT_EQ(Get(task_, &_ImpTable::GetStatus), 3);
+  EXPECT_NE(GetText(task_, &_ImpTable::GetTaskDescription), L"");
 }
 
 TEST_F(EarlyBoundClient, GetsAQuestionMarkForACharacterThatTheCodePageLacks) {

@@ -188,6 +188,18 @@ TEST_F(LateBoundClient, IsToldOfBadVariants) {
   EXPECT_EQ(null.fault, E_POINTER);
 }
 
+TEST_F(LateBoundClient, MayReleaseTheTaskWhileItsArgumentIsAskedForItsValue) {
+  const auto argument = ComPointer<Sink>(new Sink);
+  argument->on_event = [&](DISPID id) {
+    EXPECT_EQ(id, DISPID_VALUE);
+    task_ = {};
+    return S_OK;
+  };
+  EXPECT_EQ(Call(task_.get(), L"SetLanguage", Arguments().Object(argument.get())).result, S_OK);
+  EXPECT_FALSE(task_);
+  EXPECT_TRUE(dll_.CanUnloadNow());
+}
+
 TEST_F(LateBoundClient, IsToldOfAWrongNumberOfArguments) {
   EXPECT_EQ(Call(task_.get(), L"SetName").result, DISP_E_BADPARAMCOUNT);
   EXPECT_EQ(Call(task_.get(), L"GetName", Arguments().Number(1)).result, DISP_E_BADPARAMCOUNT);
