@@ -26,6 +26,16 @@ FrmTableWindow::FrmTableWindow(wxWindow* parent, const ModuleCommun& module,
   list_->AppendColumn(wxString());
   // A double click, and Enter in the list.
   list_->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { Confirm(); });
+  list_->Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
+    // Nothing is selected at first: the first step goes to the first line.
+    const bool steps = event.GetKeyCode() == WXK_DOWN || event.GetKeyCode() == WXK_HOME;
+    if (steps && list_->GetFirstSelected() < 0 && list_->GetItemCount() > 0) {
+      list_->Select(0);
+      list_->Focus(0);
+    } else {
+      event.Skip();
+    }
+  });
   Bind(
       wxEVT_BUTTON, [this](wxCommandEvent&) { picker_.Cancel(); }, wxID_CANCEL);
   auto* const contents = new wxBoxSizer(wxVERTICAL);
@@ -55,7 +65,6 @@ void FrmTableWindow::Show(const TablePickerState& state) {
     list_->SetColumnWidth(column,
                           state.lines.empty() ? wxLIST_AUTOSIZE_USEHEADER : wxLIST_AUTOSIZE);
   }
-  if (!state.lines.empty()) list_->Focus(0);
 }
 
 void FrmTableWindow::Confirm() {

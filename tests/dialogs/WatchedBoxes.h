@@ -1,0 +1,44 @@
+#ifndef TESTS_DIALOGS_WATCHED_BOXES_H_
+#define TESTS_DIALOGS_WATCHED_BOXES_H_
+
+#include <condition_variable>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "dialogs/widgets/WidgetBoxes.h"
+
+namespace imptable {
+
+/// The real message boxes, with a record of what they say: "Warn|caption|text", "Inform|...",
+/// "Ask|...".
+class WatchedBoxes : public DialogBoxes, public WarningBox {
+ public:
+  /// @param encoding  borrowed.
+  explicit WatchedBoxes(const TextEncoding& encoding) : real_(encoding) {}
+
+  void Warn(std::string_view text, std::string_view caption) override;
+  void Inform(std::string_view text, std::string_view caption) override;
+  bool Ask(std::string_view text, std::string_view caption) override;
+
+  /// Waits, on the person's thread, for a box and answers it with a key, as "Return" or "Escape".
+  /// @return what it said. @throws std::runtime_error  when none comes.
+  std::string Answer(const std::string& key);
+
+  /// What all the boxes said that nobody answered; to be asked when the dialogs are gone.
+  std::vector<std::string> unanswered() const { return pending_; }
+
+ private:
+  void Open(const char* kind, std::string_view text, std::string_view caption);
+  void Close();
+
+  WidgetBoxes real_;
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::vector<std::string> pending_;
+  bool open_ = false;
+};
+
+}  // namespace imptable
+
+#endif  // TESTS_DIALOGS_WATCHED_BOXES_H_

@@ -1,0 +1,16 @@
+#include <gtest/gtest.h>
+
+#include <iostream>
+
+#include "dialogs/widgets/Toolkit.h"
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();
+  const auto toolkit = imptable::Toolkit::Start();
+  if (!toolkit) {
+    std::cerr << "There is no screen: start it by tests/dialogs/with-screen.\n";
+    return 1;
+  }
+  return RUN_ALL_TESTS();
+}
