@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <vector>
 
 namespace imptable {
@@ -38,7 +39,7 @@ std::string CodeText(HRESULT result) {
 std::string DescriptionOf(HRESULT result, Exception& exception) {
   if (result != DISP_E_EXCEPTION) return CodeText(result);
   if (exception.pfnDeferredFillIn != nullptr) exception.pfnDeferredFillIn(&exception);
-  const std::string given = WithoutLineEnd(FromAutomation(exception.bstrDescription));
+  std::string given = WithoutLineEnd(FromAutomation(exception.bstrDescription));
   if (!given.empty()) return given;
   if (exception.scode != 0) return CodeText(exception.scode);
   return std::to_string(exception.wCode);
@@ -85,9 +86,8 @@ AutomationValue LateBound::Invoke(const LateBoundMember& member, int kind,
   const ComPointer<IDispatch> kept = object_;
   if (!kept) throw Fault(member.name, E_POINTER);
   std::vector<VARIANT> raw;
-  for (auto value = arguments.rbegin(); value != arguments.rend(); ++value) {
-    raw.push_back(value->raw());
-  }
+  std::transform(arguments.rbegin(), arguments.rend(), std::back_inserter(raw),
+                 [](const AutomationValue& value) { return value.raw(); });
   const bool puts = kind == DISPATCH_PROPERTYPUT;
   DISPID new_value = DISPID_PROPERTYPUT;
   DISPPARAMS parameters{raw.data(), puts ? &new_value : nullptr, static_cast<UINT>(raw.size()),

@@ -1,5 +1,7 @@
 #include "plugin/automation/RegistryJournal.h"
 
+#include <algorithm>
+
 namespace imptable {
 namespace {
 
@@ -22,7 +24,7 @@ class OpenKey {
 }  // namespace
 
 RegistryJournal::~RegistryJournal() {
-  for (auto step = steps_.rbegin(); step != steps_.rend(); ++step) TakeBack(*step);
+  std::for_each(steps_.rbegin(), steps_.rend(), [this](const Step& step) { TakeBack(step); });
 }
 
 LSTATUS RegistryJournal::MakeKeys(const std::wstring& path) {
