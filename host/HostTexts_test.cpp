@@ -22,7 +22,7 @@ const Pair kPairs[] = {
 #undef HOST_TEXT
 };
 
-constexpr std::array kHelpedCommands{"",        "run", "describe",   "actions",   "status",
+constexpr std::array kHelpedCommands{"",        "run", "configure", "describe",   "actions",   "status",
                                      "list",    "get", "set",        "delete",    "variable",
                                      "sources", "reg", "reg import", "reg export"};
 

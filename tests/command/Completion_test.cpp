@@ -105,7 +105,7 @@ TEST_F(Completion, OffersOnlyWhatBeginsAsTyped) {
 TEST_F(Completion, OffersScenariosAndTheTasksOfTheChosenOne) {
   FillRegistry();
   for (const std::string command :
-       {"run", "describe", "actions", "status", "get", "set", "delete"}) {
+       {"run", "configure", "describe", "actions", "status", "get", "set", "delete"}) {
     EXPECT_THAT(Offered({command, ""}), UnorderedElementsAre("Night", "Next\\ month")) << command;
     EXPECT_THAT(Offered({command, "Night", ""}), UnorderedElementsAre("Clients", "Bank\\ Orders"))
         << command;
