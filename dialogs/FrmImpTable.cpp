@@ -73,6 +73,7 @@ void ImpTablePresenter::Handle(const std::function<void()>& event) {
     } catch (const RuntimeFault& fault) {
       Warn(module_.FaultText(fault));
     }
+    if (!IsEnabled(state_, state_.variable_field)) state_.variable_field.clear();
   }
   Show();
   if (!focus_.empty()) view_.Focus(focus_);
@@ -363,12 +364,13 @@ bool ImpTablePresenter::Save() {
   bool done = false;
   Handle([&] {
     if (state_.txtDelimiteurFile.empty()) state_.txtDelimiteurFile = kDefaultSeparator;
-    if (Refuses(CheckTask(module_, saved_, state_))) return;
+    if (Refuses(CheckTask(module_, saved_ || begun_, state_))) return;
     columns_->TypeColumnCount(state_.textNbCol);
     ShowColumnCount();
     if (RefusesColumns()) return;
     const std::string name = state_.txtTache;
     if (const auto failure = SaveTask(module_, name, saved_, state_, *columns_)) {
+      begun_ = true;
       Warn(module_.MessageText(kMessageRegistryFailure) + " : \"" + failure->name + "\" (" +
            std::to_string(failure->code) + ')');
       return;

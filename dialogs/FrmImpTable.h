@@ -152,6 +152,7 @@ class ImpTablePresenter : private ColumnLayoutView {
   KeyPath tasks_;
   std::string scenario_;
   bool saved_;
+  bool begun_ = false;  // a save wrote a part: a task of that name that is there now is this one
   bool saved_now_ = false;
   std::string task_name_;
   ImpTableState state_;

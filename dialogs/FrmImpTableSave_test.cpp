@@ -251,6 +251,21 @@ TEST_F(TaskDialogSave, EndsAtTheFirstRefusedWriteAndKeepsTheEarlierOnes) {
   EXPECT_THAT(Subkey("Colonnes"), ElementsAre("1=1,,4"));
 }
 
+TEST_F(TaskDialogSave, CreatesTheTaskAfterAFirstTryThatWroteAPartOfIt) {
+  ImpTablePresenter& dialog = run_.OpenComplete();
+  run_.journal.refused = "T1|Dir";
+  dialog.Confirm();
+  EXPECT_FALSE(dialog.saved());
+  EXPECT_EQ(Text("Login"), "sa");
+  run_.Boxes();
+  run_.Changes();
+  run_.journal.refused.clear();
+  dialog.Confirm();
+  EXPECT_THAT(run_.Boxes(), IsEmpty());
+  EXPECT_TRUE(dialog.saved());
+  EXPECT_THAT(run_.Changes(), Contains(StartsWith("T1|CréeLe")));
+}
+
 TEST_F(TaskDialogSave, IsToldWhenASubkeyCantBeWrittenAnew) {
   ImpTablePresenter& dialog = run_.OpenComplete();
   dialog.OnSpin(true);

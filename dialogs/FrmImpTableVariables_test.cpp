@@ -55,6 +55,14 @@ TEST_F(VariableButtons, StandAtNoFieldThatIsDisabled) {
   EXPECT_EQ(run_.shown().variable_field, "txtCle");
 }
 
+TEST_F(VariableButtons, LeaveAFieldThatGetsDisabled) {
+  ImpTablePresenter& dialog = run_.OpenNew();
+  dialog.OnOption("optBCP", 1);
+  dialog.OnFocus("txtCle");
+  dialog.OnCheck("chkPrimKey", true);
+  EXPECT_EQ(run_.shown().variable_field, "");
+}
+
 TEST_F(VariableButtons, WriteAReferenceInPlaceOfTheFieldsText) {
   ImpTablePresenter& dialog = run_.OpenNew();
   dialog.OnText("txtTable", "CLIENT");

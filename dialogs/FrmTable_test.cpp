@@ -128,6 +128,18 @@ TEST_F(TablePicker, ShowsWhyItCouldNotConnectAndAnEmptyList) {
   EXPECT_EQ(run_.ports.pointer.reset, 2);
 }
 
+TEST_F(TablePicker, WaitsForASilentServerNoLongerThanAUserDoes) {
+  for (const char* script : {"", "on SQLSetConnectOption return -1 diag S1C00 0 \"no\"\n"}) {
+    run_.source.ClearLog();
+    run_.source.Script(script);
+    Open(PickerMode::kTables);
+    EXPECT_THAT(run_.source.LogLines("SQLSetConnectOption"),
+                testing::Contains(HasSubstr("SQLSetConnectOption 103=15")));
+    EXPECT_THAT(run_.source.LogLines("SQLTables"), SizeIs(1));
+    EXPECT_THAT(run_.Boxes(), IsEmpty());
+  }
+}
+
 TEST_F(TablePicker, ResolvesEachReferenceBeforeItConnects) {
   run_.ports.host.variables = {{"SOURCE", run_.source.name()},
                                {"USER", "sa"},

@@ -17,9 +17,9 @@ struct SaveFailure {
   std::int32_t code = 0;  // the system's
 };
 
-/// Writes the task as the dialog holds it, value by value, in the order that other readers of the
-/// key have always met; nothing is rolled back. The first refused write ends it, so that a registry
-/// that takes nothing isn't robbed of the subkeys that are deleted before they are written anew.
+/// Writes the task as the dialog holds it, value by value, always in the same order; nothing is
+/// rolled back. The first refused write ends it, so that a registry that takes nothing isn't robbed
+/// of the subkeys that are deleted before they are written anew.
 /// @param existing  the task was saved before: its change is dated, else its creation.
 /// @param state  an empty error limit becomes "100".
 std::optional<SaveFailure> SaveTask(ModuleCommun& module, const std::string& task, bool existing,

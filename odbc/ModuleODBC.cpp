@@ -50,6 +50,8 @@ bool OdbcSession::ConnectDataSource(const std::string& data_source, const std::s
   }
   if (CheckOdbcReturn(SQLAllocConnect(environment, &connection),
                       module_.MessageText(kMessageAllocConnect))) {
+    // A driver that can't limit its time connects all the same.
+    if (login_timeout != 0) SQLSetConnectOption(connection, SQL_LOGIN_TIMEOUT, login_timeout);
     std::string request = "DSN=" + data_source;
     if (!user.empty()) request += ";UID=" + user;
     request += password.empty() ? ";PWD=;" : ";PWD=" + password;

@@ -57,6 +57,10 @@ class OdbcSession {
   Statement statement;  // of the running import mode
   bool connected = false;
 
+  /// How long a connection may take, in seconds, as far as the driver heeds it; 0 leaves that to
+  /// the driver.
+  std::uint16_t login_timeout = 0;
+
   std::string quote_char;   // empty: the driver has none
   std::string escape_char;  // of search patterns
   std::uint16_t max_column_name_length = 0;

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-#include "dialogs/widgets/AdministratorPath.h"
+#include "dialogs/AdministratorPath.h"
 #include "platform/ProcessLauncher.h"
 
 namespace imptable {

@@ -1,5 +1,5 @@
-#ifndef DIALOGS_WIDGETS_ADMINISTRATOR_PATH_H_
-#define DIALOGS_WIDGETS_ADMINISTRATOR_PATH_H_
+#ifndef DIALOGS_ADMINISTRATOR_PATH_H_
+#define DIALOGS_ADMINISTRATOR_PATH_H_
 
 #include <string>
 
@@ -12,4 +12,4 @@ std::string AdministratorPath();
 
 }  // namespace imptable
 
-#endif  // DIALOGS_WIDGETS_ADMINISTRATOR_PATH_H_
+#endif  // DIALOGS_ADMINISTRATOR_PATH_H_

@@ -1,16 +1,21 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <string_view>
+#include <system_error>
 
-#include "dialogs/widgets/AdministratorPath.h"
+#include "dialogs/AdministratorPath.h"
 
 namespace imptable {
 namespace {
 
 constexpr const char* kUsualProgram = "ODBCManageDataSourcesQ4";
 
-bool IsProgram(const std::string& path) { return access(path.c_str(), X_OK) == 0; }
+bool IsProgram(const std::string& path) {
+  std::error_code error;
+  return std::filesystem::is_regular_file(path, error) && access(path.c_str(), X_OK) == 0;
+}
 
 }  // namespace
 

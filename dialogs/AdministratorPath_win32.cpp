@@ -1,6 +1,6 @@
 #include <array>
 
-#include "dialogs/widgets/AdministratorPath.h"
+#include "dialogs/AdministratorPath.h"
 #include "platform/Windows_win32.h"
 
 namespace imptable {
