@@ -25,7 +25,7 @@ HostContext::HostContext(const std::string& registry_file, std::optional<Languag
       clock(SystemClock()),
       files(SystemFileSystem()),
       warning_box(err),
-      profile_file(*files),
+      profile_file(*files, *encoding),
       state(Platform{registry, *message_loop, *clock, *encoding, *files,
                      windows != nullptr ? windows->warning_box : warning_box,
                      windows != nullptr ? windows->mouse_pointer : mouse_pointer, profile_file},

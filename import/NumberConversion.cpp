@@ -1,19 +1,17 @@
+#include <algorithm>
 #include <array>
 #include <charconv>
 
 #include "import/CharacterCount.h"
 #include "import/ValueConversion.h"
-#include "plugin/core/Blanks.h"
+#include "plugin/core/NumberText.h"
 
 namespace imptable {
 namespace {
 
-/// No number that a double can be read from usefully is longer.
-constexpr std::size_t kMostNumberBytes = 400;
-
-bool IsNumberCharacter(char c) {
-  return (c >= '0' && c <= '9') || c == '.' || c == '-' || c == '+' || c == 'e' || c == 'E';
-}
+/// No number that a double can be read from usefully has more. Fewer than make a double overflow,
+/// so that an exponent below zero can't.
+constexpr std::size_t kMostDigits = 300;
 
 }  // namespace
 
@@ -42,29 +40,21 @@ bool InsertDecimalSeparator(std::string_view value, std::size_t decimals,
 }
 
 std::optional<double> ReadUserNumber(std::string_view value, std::string_view separator) {
-  value = WithoutBlanks(value);
-  if (value.starts_with('+')) {
-    value.remove_prefix(1);
-    if (value.starts_with('-')) return std::nullopt;
-  }
-  if (value.empty() || value.size() > kMostNumberBytes) return std::nullopt;
-  std::array<char, kMostNumberBytes> digits{};
-  char* end = digits.data();
-  while (!value.empty()) {
-    if (!separator.empty() && value.starts_with(separator)) {
-      *end++ = '.';
-      value.remove_prefix(separator.size());
-    } else if (value.front() != '.' && IsNumberCharacter(value.front())) {
-      *end++ = value.front();
-      value.remove_prefix(1);
-    } else {
-      return std::nullopt;
-    }
-  }
-  double number = 0;
-  const auto [stop, error] = std::from_chars(digits.data(), end, number);
-  if (error != std::errc() || stop != end) return std::nullopt;
-  return number;
+  const auto number = ParseNumberText(value, separator);
+  if (!number || number->whole.size() + number->fraction.size() > kMostDigits) return std::nullopt;
+  std::array<char, kMostDigits + 20> text{};
+  char* end = text.data();
+  if (number->negative) *end++ = '-';
+  end = std::copy(number->whole.begin(), number->whole.end(), end);
+  *end++ = '.';
+  end = std::copy(number->fraction.begin(), number->fraction.end(), end);
+  *end++ = 'e';
+  end = std::to_chars(end, text.data() + text.size(), number->exponent).ptr;
+  double result = 0;
+  const std::errc error = std::from_chars(text.data(), end, result).ec;
+  if (error == std::errc()) return result;
+  if (number->exponent >= 0) return std::nullopt;
+  return 0;  // too small for a double
 }
 
 }  // namespace imptable

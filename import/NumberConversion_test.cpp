@@ -76,6 +76,16 @@ TEST(NumberConversion, ReadsNumbersInTheUsersNotation) {
   EXPECT_THAT(ReadUserNumber("1,5e3", ","), Optional(1500.0));
   EXPECT_THAT(ReadUserNumber("1E-2", "."), Optional(0.01));
   EXPECT_THAT(ReadUserNumber("0,1", ","), Optional(0.1));
+  EXPECT_THAT(ReadUserNumber("12.50-", "."), Optional(-12.5));
+  EXPECT_THAT(ReadUserNumber("-   12,50", ","), Optional(-12.5));
+  EXPECT_THAT(ReadUserNumber("1::5", "::"), Optional(1.5));
+}
+
+TEST(NumberConversion, ReadsANumberTooSmallForADoubleAsZero) {
+  EXPECT_THAT(ReadUserNumber("1e-999", "."), Optional(0.0));
+  EXPECT_THAT(ReadUserNumber("-0.5e-400", "."), Optional(0.0));
+  EXPECT_THAT(ReadUserNumber("4.9e-324", "."), Optional(4.9e-324));
+  EXPECT_THAT(ReadUserNumber(std::string(300, '9') + "e-1000000000000", "."), Optional(0.0));
 }
 
 TEST(NumberConversion, RefusesWhatADoubleCannotBeReadFrom) {
@@ -83,14 +93,15 @@ TEST(NumberConversion, RefusesWhatADoubleCannotBeReadFrom) {
     const char *value, *separator;
   };
   for (const Case& each :
-       {Case{"", "."}, {" ", "."},         {"abc", "."},   {"12a", "."},   {"1.5", ","},
-        {"1,5", "."},  {"1.234,5", ","},   {"1 000", "."}, {"1.2.3", "."}, {"-", "."},
-        {"+", "."},    {"+-1", "."},       {"--1", "."},   {"++1", "."},   {".", "."},
-        {"1e", "."},   {"1e999", "."},     {"inf", "."},   {"nan", "."},   {"0x10", "."},
-        {"1\t", "."},  {"12\xC2\xA0", "."}}) {
+       {Case{"", "."},  {" ", "."},         {"abc", "."},   {"12a", "."},   {"1.5", ","},
+        {"1,5", "."},   {"1.234,5", ","},   {"1 000", "."}, {"1.2.3", "."}, {"-", "."},
+        {"+", "."},     {"+-1", "."},       {"--1", "."},   {"++1", "."},   {".", "."},
+        {"1e", "."},    {"1e999", "."},     {"inf", "."},   {"nan", "."},   {"0x10", "."},
+        {"1e309", "."}, {"12\xC2\xA0", "."}}) {
     EXPECT_EQ(ReadUserNumber(each.value, each.separator), std::nullopt) << each.value;
   }
   EXPECT_EQ(ReadUserNumber(std::string_view("1\0", 2), "."), std::nullopt);
+  EXPECT_EQ(ReadUserNumber(std::string(300, '0') + "1", "."), std::nullopt);
   EXPECT_EQ(ReadUserNumber(std::string(100'000, '9'), "."), std::nullopt);
 }
 

@@ -3,20 +3,23 @@
 
 #include "platform/FileSystem.h"
 #include "platform/ProfileFile.h"
+#include "platform/TextEncoding.h"
 
 namespace imptable {
 
 /// Reads initialisation files as the other platform's profile-string reader does.
 class ProfileFileReader : public ProfileFile {
  public:
-  /// @param files  borrowed.
-  explicit ProfileFileReader(FileSystem& files) : files_(files) {}
+  /// Both are borrowed.
+  ProfileFileReader(FileSystem& files, const TextEncoding& encoding)
+      : files_(files), encoding_(encoding) {}
 
   std::string ReadString(const std::string& path, std::string_view section, std::string_view key,
                          std::string_view fallback, std::size_t most) const override;
 
  private:
   FileSystem& files_;
+  const TextEncoding& encoding_;
 };
 
 }  // namespace imptable

@@ -4,11 +4,15 @@
 #include <string>
 
 #include "platform/ProfileFileReader.h"
+#include "platform/Utf8Encoding.h"
 #include "platform/testing/FaultyFileSystem.h"
+#include "platform/testing/PlainEncodings.h"
 #include "platform/testing/TemporaryFolder.h"
 
 namespace imptable {
 namespace {
+
+using namespace std::string_view_literals;
 
 class ProfileFileTest : public testing::Test {
  protected:
@@ -26,7 +30,8 @@ class ProfileFileTest : public testing::Test {
   TemporaryFolder folder_;
   std::unique_ptr<FileSystem> system_ = SystemFileSystem();
   FaultyFileSystem files_{*system_};
-  ProfileFileReader reader_{files_};
+  Utf8Encoding utf8_;
+  ProfileFileReader reader_{files_, utf8_};
   std::string path_ = folder_.path() + "CLIENTS.SUP";
 };
 
@@ -65,6 +70,13 @@ TEST_F(ProfileFileTest, MatchesNamesWithoutRegardToCase) {
   EXPECT_EQ(ReadKey("[tAbLe01]\nKey=a\n", "Table01", "kEY"), "a");
 }
 
+TEST_F(ProfileFileTest, MatchesNamesOfAnyCodePage) {
+  const Latin1TextEncoding latin1;
+  const ProfileFileReader reader(files_, latin1);
+  const std::string path = folder_.Write("LATIN1.SUP", "[T\xE9l\xE9]\n01=\xE9\n");
+  EXPECT_EQ(reader.ReadString(path, "T\xC9L\xC9", "01", "<fallback>", 254), "\xE9");
+}
+
 TEST_F(ProfileFileTest, MatchesWholeNamesOnly) {
   EXPECT_EQ(Read("[Table011]\n01=a\n"), "<fallback>");
   EXPECT_EQ(Read("[Table0]\n01=a\n"), "<fallback>");
@@ -76,6 +88,11 @@ TEST_F(ProfileFileTest, IgnoresBlanksAndTabsAroundNamesAndValues) {
                            "\t[ Table01\t]\n\t01\t=\ta b\t\n", "[Table01] \n01=a b\v\f\n"}) {
     EXPECT_EQ(Read(file), "a b") << file;
   }
+  EXPECT_EQ(ReadKey("[Table01]\n01=a\n", " Table01\t",
+                    "\x1A"
+                    "01 "),
+            "a")
+      << "those asked for, too";
 }
 
 TEST_F(ProfileFileTest, RemovesOnePairOfQuotesThatEnclosesTheValue) {
@@ -114,9 +131,21 @@ TEST_F(ProfileFileTest, ReadsEachKindOfLineEndAndALastLineWithoutOne) {
   EXPECT_EQ(ReadKey("[Table01]\r\n01=a\r02=b", "Table01", "02"), "b");
 }
 
-TEST_F(ProfileFileTest, ReadsPastMarksAtTheStartAndTheEnd) {
-  EXPECT_EQ(Read("\xEF\xBB\xBF[Table01]\n01=a\n"), "a");
-  EXPECT_EQ(Read("[Table01]\n01=a\x1A"), "a") << "the end-of-file mark of old editors";
+TEST_F(ProfileFileTest, ReadsPastTheEndOfFileMarkOfOldEditors) {
+  EXPECT_EQ(Read("[Table01]\n01=a\x1A"), "a");
+}
+
+TEST_F(ProfileFileTest, ReadsTheEncodingThatTheFirstBytesTell) {
+  const Latin1TextEncoding latin1;
+  const ProfileFileReader reader(files_, latin1);
+  for (const std::string_view file : {"\xEF\xBB\xBF[T]\n1=\u00e9\n"sv,
+                                      "\xFF\xFE[\0T\0]\0\n\0"
+                                      "1\0=\0\xE9\0\n\0"sv,
+                                      "\xFE\xFF\0[\0T\0]\0\n\0"
+                                      "1\0=\0\xE9\0\n"sv}) {
+    EXPECT_EQ(ReadKey(file, "T", "1"), "\u00e9") << file;
+    EXPECT_EQ(reader.ReadString(path_, "T", "1", "<fallback>", 254), "\xE9") << file;
+  }
 }
 
 TEST_F(ProfileFileTest, TakesWhateverFollowsTheLastBracketOfASectionLineForNothing) {
@@ -136,6 +165,16 @@ TEST_F(ProfileFileTest, TakesALineWithAnOpeningBracketAloneForNoSection) {
 TEST_F(ProfileFileTest, PassesOverLinesWithoutAnEqualsSign) {
   EXPECT_EQ(Read("[Table01]\n01\n"), "<fallback>");
   EXPECT_EQ(Read("[Table01]\nwords\n01=a\n"), "a");
+}
+
+TEST_F(ProfileFileTest, TakesALineOfTheKeyAloneForAKeyWithoutAValue) {
+  EXPECT_EQ(Read("[Table01]\n01\n01=a\n"), "<fallback>");
+  EXPECT_EQ(Read("[Table01]\n01=a\n01\n"), "a");
+}
+
+TEST_F(ProfileFileTest, EndsNamesAndValuesAtANul) {
+  EXPECT_EQ(Read("[Table01\0x]\n01\0x=\"a\0b\"\n"sv), "\"a");
+  EXPECT_EQ(Read("[Table01]\n01=\0b\n"sv), "");
 }
 
 TEST_F(ProfileFileTest, PartsKeyAndValueAtTheFirstEqualsSign) {
@@ -159,7 +198,6 @@ TEST_F(ProfileFileTest, ReadsAFileLargerThanOneBlock) {
 
 TEST_F(ProfileFileTest, KeepsBytesThatAreNoCharacters) {
   EXPECT_EQ(Read("[Table01]\n01=\xE9t\xE9,1,9\n"), "\xE9t\xE9,1,9");
-  EXPECT_EQ(Read(std::string_view("[Table01]\n01=a\0b\n", 17)), std::string("a\0b", 3));
 }
 
 TEST_F(ProfileFileTest, GivesTheFallbackForAFileThatCannotBeRead) {

@@ -62,7 +62,8 @@ TEST_F(ProfileFileOfWindows, SeesAChangedFileAtTheNextRead) {
 
 TEST_F(ProfileFileOfWindows, ReadsWhatTheReaderOfOtherSystemsReads) {
   const auto files = SystemFileSystem();
-  const ProfileFileReader reader(*files);
+  const auto encoding = SystemTextEncoding();
+  const ProfileFileReader reader(*files, *encoding);
   for (const std::string& bytes : {""s,
                                    "01=before any section\n"s,
                                    "[Table01]\n01=\n"s,

@@ -1,9 +1,9 @@
-#include <charconv>
-#include <cmath>
+#include <algorithm>
 #include <limits>
+#include <optional>
 
-#include "plugin/core/Blanks.h"
 #include "plugin/core/ModuleCommun.h"
+#include "plugin/core/NumberText.h"
 
 namespace imptable {
 namespace {
@@ -12,36 +12,42 @@ std::string Quoted(std::string_view name, std::string_view text) {
   return '"' + std::string(name) + "\" = \"" + std::string(text) + '"';
 }
 
-/// Half to even, whatever rounding mode the host's process has set.
-double RoundHalfToEven(double number) {
-  const double below = std::floor(number);
-  const double rest = number - below;
-  if (rest < 0.5) return below;
-  if (rest > 0.5) return below + 1;
-  return std::fmod(below, 2) == 0 ? below : below + 1;
+/// The number rounded half to even, by its digits; nullopt when it has more than 18 of them.
+std::optional<std::int64_t> Rounded(const NumberText& number) {
+  constexpr std::int64_t kMostDigits = 18;
+  std::string digits = std::string(number.whole).append(number.fraction);
+  const std::size_t first = std::min(digits.find_first_not_of('0'), digits.size());
+  digits.erase(0, first);
+  if (digits.empty()) return 0;
+  const std::int64_t whole_digits = static_cast<std::int64_t>(number.whole.size()) -
+                                    static_cast<std::int64_t>(first) + number.exponent;
+  if (whole_digits > kMostDigits) return std::nullopt;
+  if (whole_digits < 0) return 0;
+  const auto point = static_cast<std::size_t>(whole_digits);
+  digits.erase(digits.find_last_not_of('0') + 1);
+  digits.resize(std::max(digits.size(), point), '0');
+
+  std::int64_t whole = 0;
+  for (const char digit : digits.substr(0, point)) whole = whole * 10 + digit - '0';
+  const std::string rest = digits.substr(point);
+  if (rest > "5" || (rest == "5" && whole % 2 == 1)) ++whole;
+  return number.negative ? -whole : whole;
 }
 
 std::int32_t NumberWithin(const SettingValue& value, std::string_view name, std::int32_t least,
                           std::int32_t most) {
-  double number = 0;
+  std::optional<std::int64_t> number;
   if (const auto* stored = std::get_if<std::int32_t>(&value)) {
     number = *stored;
   } else {
-    std::string_view text = WithoutBlanks(std::get<std::string>(value));
-    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    const bool out_of_range = error == std::errc::result_out_of_range;
-    if ((error != std::errc() && !out_of_range) || end != text.data() + text.size() ||
-        std::isnan(number)) {
-      throw RuntimeFault(FaultNumber::kTypeMismatch, Quoted(name, std::get<std::string>(value)));
-    }
-    if (out_of_range) number = std::numeric_limits<double>::infinity();
-    number = std::isinf(number) ? number : RoundHalfToEven(number);
+    const auto text = ParseNumberText(std::get<std::string>(value), ".");
+    if (!text) throw RuntimeFault(FaultNumber::kTypeMismatch, Quoted(name, AsText(value)));
+    number = Rounded(*text);
   }
-  if (number < least || number > most) {
+  if (!number || *number < least || *number > most) {
     throw RuntimeFault(FaultNumber::kOverflow, Quoted(name, AsText(value)));
   }
-  return static_cast<std::int32_t>(number);
+  return static_cast<std::int32_t>(*number);
 }
 
 }  // namespace

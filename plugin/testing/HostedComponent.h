@@ -33,7 +33,7 @@ class HostedComponent {
   std::unique_ptr<FileSystem> system_files = SystemFileSystem();
   FaultyFileSystem files{*system_files};
   RecordingWarningBox warnings;
-  ProfileFileReader profile{files};
+  ProfileFileReader profile{files, encoding};
   StandaloneHostLibrary library;
 
  private:

@@ -7,7 +7,7 @@ TestComponent::TestComponent(std::unique_ptr<TextEncoding> code_page)
       encoding(std::move(code_page)),
       real_files(SystemFileSystem()),
       files(*real_files),
-      profile_file(files),
+      profile_file(files, *encoding),
       state(Platform{registry, message_loop, clock, *encoding, files, warnings, pointer,
                      profile_file},
             host) {}

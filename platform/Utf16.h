@@ -1,0 +1,17 @@
+#ifndef PLATFORM_UTF16_H_
+#define PLATFORM_UTF16_H_
+
+#include <string>
+#include <string_view>
+
+namespace imptable {
+
+enum class ByteOrder { kLittleEndian, kBigEndian };
+
+/// The UTF-8 of text files in UTF-16. Half a pair of surrogates becomes U+FFFD; an odd last byte is
+/// left out.
+std::string Utf8OfUtf16(std::string_view bytes, ByteOrder order);
+
+}  // namespace imptable
+
+#endif  // PLATFORM_UTF16_H_
