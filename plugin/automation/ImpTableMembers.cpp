@@ -1,5 +1,7 @@
 // The members of _ImpTable: pointers checked, texts and numbers translated, faults reported.
 
+#include <algorithm>
+
 #include "plugin/automation/AutomationEntry.h"
 #include "plugin/automation/AutomationText.h"
 #include "plugin/automation/FaultReport.h"
@@ -17,10 +19,11 @@ LONG Translated(std::int32_t number) { return number; }
 }  // namespace
 
 template <typename Body>
-HRESULT ImpTableObject::Serve(Body body) noexcept {
+HRESULT ImpTableObject::Serve(std::initializer_list<const void*> pointers, Body body) noexcept {
   return Enter([&]() -> HRESULT {
     const ComPointer<_ImpTable> alive(this);
     SetErrorInfo(0, nullptr);
+    if (std::find(pointers.begin(), pointers.end(), nullptr) != pointers.end()) return E_POINTER;
     try {
       body();
       return S_OK;
@@ -34,9 +37,8 @@ HRESULT ImpTableObject::Serve(Body body) noexcept {
 
 template <typename Result, typename Body>
 HRESULT ImpTableObject::Give(Result* result, Body body) noexcept {
-  if (result == nullptr) return E_POINTER;
-  *result = {};
-  return Serve([&] { *result = Translated(body()); });
+  if (result != nullptr) *result = {};
+  return Serve({result}, [&] { *result = Translated(body()); });
 }
 
 STDMETHODIMP ImpTableObject::get_Nom(BSTR* value) noexcept {
@@ -44,7 +46,7 @@ STDMETHODIMP ImpTableObject::get_Nom(BSTR* value) noexcept {
 }
 
 STDMETHODIMP ImpTableObject::put_Nom(BSTR value) noexcept {
-  return Serve([&] { task_.Nom = FromAutomation(value); });
+  return Serve({}, [&] { task_.Nom = FromAutomation(value); });
 }
 
 STDMETHODIMP ImpTableObject::get_Regst(LONG* value) noexcept {
@@ -52,7 +54,7 @@ STDMETHODIMP ImpTableObject::get_Regst(LONG* value) noexcept {
 }
 
 STDMETHODIMP ImpTableObject::put_Regst(LONG value) noexcept {
-  return Serve([&] { task_.Regst = value; });
+  return Serve({}, [&] { task_.Regst = value; });
 }
 
 STDMETHODIMP ImpTableObject::get_RegstCle(BSTR* value) noexcept {
@@ -60,7 +62,7 @@ STDMETHODIMP ImpTableObject::get_RegstCle(BSTR* value) noexcept {
 }
 
 STDMETHODIMP ImpTableObject::put_RegstCle(BSTR value) noexcept {
-  return Serve([&] { task_.RegstCle = FromAutomation(value); });
+  return Serve({}, [&] { task_.RegstCle = FromAutomation(value); });
 }
 
 STDMETHODIMP ImpTableObject::get_Etat(short* value) noexcept {
@@ -68,7 +70,7 @@ STDMETHODIMP ImpTableObject::get_Etat(short* value) noexcept {
 }
 
 STDMETHODIMP ImpTableObject::put_Etat(short value) noexcept {
-  return Serve([&] { task_.Etat = value; });
+  return Serve({}, [&] { task_.Etat = value; });
 }
 
 STDMETHODIMP ImpTableObject::get_Rapport(BSTR* value) noexcept {
@@ -76,7 +78,7 @@ STDMETHODIMP ImpTableObject::get_Rapport(BSTR* value) noexcept {
 }
 
 STDMETHODIMP ImpTableObject::put_Rapport(BSTR value) noexcept {
-  return Serve([&] { task_.Rapport = FromAutomation(value); });
+  return Serve({}, [&] { task_.Rapport = FromAutomation(value); });
 }
 
 STDMETHODIMP ImpTableObject::get_Scen(BSTR* value) noexcept {
@@ -84,25 +86,24 @@ STDMETHODIMP ImpTableObject::get_Scen(BSTR* value) noexcept {
 }
 
 STDMETHODIMP ImpTableObject::put_Scen(BSTR value) noexcept {
-  return Serve([&] { task_.Scen = FromAutomation(value); });
+  return Serve({}, [&] { task_.Scen = FromAutomation(value); });
 }
 
 STDMETHODIMP ImpTableObject::get_Bouton(IDispatch** value) noexcept {
-  if (value == nullptr) return E_POINTER;
-  *value = nullptr;
-  return Serve([&] { *value = ComPointer(button_.object()).Release(); });
+  if (value != nullptr) *value = nullptr;
+  return Serve({value}, [&] { *value = ComPointer(button_.object()).Release(); });
 }
 
 STDMETHODIMP ImpTableObject::putref_Bouton(IDispatch* value) noexcept {
-  return Serve([&] { button_.Set(value); });
+  return Serve({}, [&] { button_.Set(value); });
 }
 
 STDMETHODIMP ImpTableObject::RunT(short deferred_request) noexcept {
-  return Serve([&] { task_.RunT(deferred_request); });
+  return Serve({}, [&] { task_.RunT(deferred_request); });
 }
 
 STDMETHODIMP ImpTableObject::put_Run(short request) noexcept {
-  return Serve([&] { task_.Run(request); });
+  return Serve({}, [&] { task_.Run(request); });
 }
 
 STDMETHODIMP ImpTableObject::GetTaskDescription(BSTR* result) noexcept {
@@ -119,8 +120,8 @@ STDMETHODIMP ImpTableObject::IsTrigger(VARIANT_BOOL* result) noexcept {
 
 STDMETHODIMP ImpTableObject::IsActionSupported(LONG* action_type, VARIANT_BOOL* result) noexcept {
   if (result != nullptr) *result = VARIANT_FALSE;
-  if (action_type == nullptr) return E_POINTER;
-  return Give(result, [&] { return task_.IsActionSupported(*action_type); });
+  return Serve({action_type, result},
+               [&] { *result = Translated(task_.IsActionSupported(*action_type)); });
 }
 
 STDMETHODIMP ImpTableObject::ShowWrapper(LONG* result) noexcept {
@@ -128,10 +129,10 @@ STDMETHODIMP ImpTableObject::ShowWrapper(LONG* result) noexcept {
 }
 
 STDMETHODIMP ImpTableObject::GetPicture(IPictureDisp** result) noexcept {
-  if (result == nullptr) return E_POINTER;
-  *result = nullptr;
-  return Serve(
-      [&] { *result = LoadPicture(hold_.module().handle(), task_.GetPicture()).Release(); });
+  if (result != nullptr) *result = nullptr;
+  return Serve({result}, [&] {
+    *result = LoadPicture(hold_.module().handle(), task_.GetPicture()).Release();
+  });
 }
 
 STDMETHODIMP ImpTableObject::GetStatus(LONG* result) noexcept {
@@ -163,48 +164,40 @@ STDMETHODIMP ImpTableObject::GetName(BSTR* result) noexcept {
 }
 
 STDMETHODIMP ImpTableObject::SetLanguage(LONG* language) noexcept {
-  if (language == nullptr) return E_POINTER;
-  return Serve([&] { task_.SetLanguage(*language); });
+  return Serve({language}, [&] { task_.SetLanguage(*language); });
 }
 
 STDMETHODIMP ImpTableObject::SetName(BSTR* name) noexcept {
-  if (name == nullptr) return E_POINTER;
-  return Serve([&] { task_.SetName(FromAutomation(*name)); });
+  return Serve({name}, [&] { task_.SetName(FromAutomation(*name)); });
 }
 
 STDMETHODIMP ImpTableObject::SetRegistryRoot(LONG* root) noexcept {
-  if (root == nullptr) return E_POINTER;
-  return Serve([&] { task_.SetRegistryRoot(*root); });
+  return Serve({root}, [&] { task_.SetRegistryRoot(*root); });
 }
 
 STDMETHODIMP ImpTableObject::SetRegistrySubKey(BSTR* path) noexcept {
-  if (path == nullptr) return E_POINTER;
-  return Serve([&] { task_.SetRegistrySubKey(FromAutomation(*path)); });
+  return Serve({path}, [&] { task_.SetRegistrySubKey(FromAutomation(*path)); });
 }
 
 STDMETHODIMP ImpTableObject::SetReportFilePath(BSTR* path) noexcept {
-  if (path == nullptr) return E_POINTER;
-  return Serve([&] { task_.SetReportFilePath(FromAutomation(*path)); });
+  return Serve({path}, [&] { task_.SetReportFilePath(FromAutomation(*path)); });
 }
 
 STDMETHODIMP ImpTableObject::SetScenario(BSTR* scenario) noexcept {
-  if (scenario == nullptr) return E_POINTER;
-  return Serve([&] { task_.SetScenario(FromAutomation(*scenario)); });
+  return Serve({scenario}, [&] { task_.SetScenario(FromAutomation(*scenario)); });
 }
 
 STDMETHODIMP ImpTableObject::SetWorkingMode(LONG* mode) noexcept {
-  if (mode == nullptr) return E_POINTER;
-  return Serve([&] { task_.SetWorkingMode(*mode); });
+  return Serve({mode}, [&] { task_.SetWorkingMode(*mode); });
 }
 
 STDMETHODIMP ImpTableObject::ExecuteTache() noexcept {
-  return Serve([&] { task_.ExecuteTache(); });
+  return Serve({}, [&] { task_.ExecuteTache(); });
 }
 
 STDMETHODIMP ImpTableObject::InitializeProperties(BSTR* name, BSTR* scenario,
                                                   LONG* language) noexcept {
-  if (name == nullptr || scenario == nullptr || language == nullptr) return E_POINTER;
-  return Serve([&] {
+  return Serve({name, scenario, language}, [&] {
     task_.InitializeProperties(FromAutomation(*name), FromAutomation(*scenario), *language);
   });
 }

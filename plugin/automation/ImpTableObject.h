@@ -1,7 +1,7 @@
 #ifndef PLUGIN_AUTOMATION_IMP_TABLE_OBJECT_H_
 #define PLUGIN_AUTOMATION_IMP_TABLE_OBJECT_H_
 
-#include <vector>
+#include <initializer_list>
 
 #include "plugin/ImpTable.h"
 #include "plugin/automation/AutomationModule.h"
@@ -92,8 +92,9 @@ class ImpTableObject final : public _ImpTable,
   ~ImpTableObject();
 
   /// Runs `body`, a member of _ImpTable, for the client; the object lives at least as long.
+  /// @param pointers  those that the client gave and must have given.
   template <typename Body>
-  HRESULT Serve(Body body) noexcept;
+  HRESULT Serve(std::initializer_list<const void*> pointers, Body body) noexcept;
 
   /// The same for a member that gives something back.
   template <typename Result, typename Body>

@@ -59,9 +59,9 @@ LSTATUS RegistryJournal::Write(const std::wstring& path, const std::wstring& nam
     if (result != ERROR_SUCCESS) return result;
   }
   steps_.push_back({path, name, had_one ? std::optional(former) : std::nullopt});
-  const auto bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
+  const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
   result = RegSetValueExW(key.get(), name.c_str(), 0, REG_SZ,
-                          reinterpret_cast<const BYTE*>(text.c_str()), bytes);
+                          reinterpret_cast<const BYTE*>(text.c_str()), static_cast<DWORD>(bytes));
   if (result != ERROR_SUCCESS) steps_.pop_back();
   return result;
 }

@@ -56,9 +56,9 @@ SandboxKey::~SandboxKey() {
 
 void SandboxKey::Write(const std::wstring& path, const std::wstring& name,
                        const std::wstring& text) const {
-  const auto size = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
-  if (RegSetKeyValueW(key_, path.c_str(), name.c_str(), REG_SZ, text.c_str(), size) !=
-      ERROR_SUCCESS) {
+  const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
+  if (RegSetKeyValueW(key_, path.c_str(), name.c_str(), REG_SZ, text.c_str(),
+                      static_cast<DWORD>(size)) != ERROR_SUCCESS) {
     throw std::runtime_error("no value for the test");
   }
 }

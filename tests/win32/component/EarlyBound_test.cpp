@@ -179,6 +179,18 @@ TEST_F(EarlyBoundClient, IsToldOfAnOverflowAndFindsTheModeUnchanged) {
   EXPECT_EQ(Get(task_, &_ImpTable::get_Etat), 1);
 }
 
+TEST_F(EarlyBoundClient, IsToldOfALanguageThatHasNoTexts) {
+  LONG language = 5;
+  EXPECT_EQ(task_->SetLanguage(&language), S_OK);
+  AutomationString text;
+  EXPECT_EQ(task_->GetTaskDescription(text.Receive()), static_cast<HRESULT>(0x800A0000 | 326));
+  EXPECT_EQ(text.get(), nullptr);
+  EXPECT_EQ(TakeErrorInformation().description.substr(0, 21), L"Ressource introuvable");
+  language = 0;
+  EXPECT_EQ(task_->SetLanguage(&language), S_OK);
+  EXPECT_EQ(task_->GetTaskDescription(text.Receive()), S_OK) << "the object stays usable";
+}
+
 TEST_F(EarlyBoundClient, FindsNoErrorInformationOfAnEarlierCallAfterOneThatWorks) {
   LONG mode = 32768;
   EXPECT_NE(task_->SetWorkingMode(&mode), S_OK);

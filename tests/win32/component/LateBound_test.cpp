@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "tests/win32/component/ClassesSandbox.h"
 #include "tests/win32/component/Client.h"
 
 namespace imptable {
@@ -183,9 +184,25 @@ TEST_F(LateBoundClient, IsToldOfBadVariants) {
   V_VARIANTREF(&self) = &self;
   EXPECT_EQ(Call(task_.get(), L"SetLanguage", Arguments().VariantAt(&self)).result,
             DISP_E_BADVARTYPE);
-  const Outcome null = Call(task_.get(), L"SetLanguage", Arguments().NumberAt(nullptr));
-  EXPECT_EQ(null.result, DISP_E_EXCEPTION);
-  EXPECT_EQ(null.fault, E_POINTER);
+}
+
+TEST_F(LateBoundClient, IsToldOfANullPointerAndNotOfAnEarlierFault) {
+  LONG mode = 32768;
+  ASSERT_NE(task_->SetWorkingMode(&mode), S_OK);
+  const Outcome outcome = Call(task_.get(), L"SetLanguage", Arguments().NumberAt(nullptr));
+  EXPECT_EQ(outcome.result, DISP_E_EXCEPTION);
+  EXPECT_EQ(outcome.fault, E_POINTER);
+  EXPECT_EQ(outcome.description, L"");
+}
+
+TEST_F(LateBoundClient, NeedsNothingThatIsRegistered) {
+  const SandboxKey empty(L"classes");
+  const ClassesRoot classes(empty.get());
+  const ComponentDll dll;
+  const ComPointer<_ImpTable> task = dll.NewTask();
+  EXPECT_EQ(Call(task.get(), L"SetLanguage", Arguments().Number(10000)).result, S_OK);
+  EXPECT_EQ(Call(task.get(), L"GetTitle").text, L"Import Table");
+  EXPECT_EQ(Call(task.get(), L"GetPicture").type, VT_DISPATCH);
 }
 
 TEST_F(LateBoundClient, MayReleaseTheTaskWhileItsArgumentIsAskedForItsValue) {

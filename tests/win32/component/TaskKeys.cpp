@@ -10,7 +10,7 @@ TaskKeys::~TaskKeys() { RegDeleteTreeW(HKEY_CURRENT_USER, path_.c_str()); }
 void TaskKeys::MakeUnreachable(const ComPointer<_ImpTable>& task, const std::wstring& name) const {
   const std::wstring key = path_ + L'\\' + name;
   const std::wstring source = L"there is no such source";
-  const auto size = static_cast<DWORD>((source.size() + 1) * sizeof(wchar_t));
+  const std::size_t size = (source.size() + 1) * sizeof(wchar_t);
   EXPECT_EQ(
       RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), L"Base Cible", REG_SZ, source.c_str(), size),
       ERROR_SUCCESS);
