@@ -123,7 +123,7 @@ HRESULT RegisterIn(const Place& place, std::wstring path, ITypeLib& library) {
 
 /// @return why something may still be there.
 HRESULT UnregisterIn(const Place& place) {
-  HRESULT result = HasLibrary(place) ? RemoveLibrary(place) : S_OK;
+  HRESULT result = RemoveLibrary(place);
   const auto remove = [&](const std::wstring& path) {
     const LSTATUS removed = RegDeleteTreeW(place.root, path.c_str());
     if (removed != ERROR_SUCCESS && removed != ERROR_FILE_NOT_FOUND) {

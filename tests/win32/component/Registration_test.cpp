@@ -116,6 +116,7 @@ TEST_F(Registration, IsForTheUserAloneWhereTheMachinesClassesCannotBeWritten) {
   EXPECT_EQ(Unregister(), S_OK);
   EXPECT_THAT(user_.Contents(), Not(Contains(StartsWith(L"software\\classes\\sqltimpt"))));
   EXPECT_THAT(user_.Contents(), Not(Contains(StartsWith(L"software\\classes\\clsid\\"))));
+  EXPECT_THAT(machine_.Contents(), testing::IsSubsetOf(kSharedKeys));
 }
 
 TEST_F(Registration, WritesNothingWhereNothingCanBeWritten) {
