@@ -3,6 +3,9 @@
 #include <wx/listctrl.h>
 #include <wx/sizer.h>
 
+#include <algorithm>
+#include <string>
+
 #include "dialogs/widgets/DialogFrame.h"
 
 namespace imptable {
@@ -61,9 +64,21 @@ void FrmTableWindow::Show(const TablePickerState& state) {
     const long item = list_->InsertItem(list_->GetItemCount(), text_.Shown(line.substr(0, tab)));
     if (tab != std::string::npos) list_->SetItem(item, 1, text_.Shown(line.substr(tab + 1)));
   }
-  for (int column = 0; column < list_->GetColumnCount(); ++column) {
-    list_->SetColumnWidth(column,
-                          state.lines.empty() ? wxLIST_AUTOSIZE_USEHEADER : wxLIST_AUTOSIZE);
+  FitColumns(state);
+}
+
+void FrmTableWindow::FitColumns(const TablePickerState& state) {
+  constexpr int kOwner = 0;
+  constexpr int kName = 1;
+  const bool has_names =
+      std::any_of(state.lines.begin(), state.lines.end(),
+                  [](const std::string& line) { return line.find('\t') != std::string::npos; });
+  if (has_names) {
+    list_->SetColumnWidth(kOwner, wxLIST_AUTOSIZE);
+    list_->SetColumnWidth(kName, list_->GetClientSize().x - list_->GetColumnWidth(kOwner));
+  } else {
+    list_->SetColumnWidth(kOwner, list_->GetClientSize().x);
+    list_->SetColumnWidth(kName, 0);
   }
 }
 

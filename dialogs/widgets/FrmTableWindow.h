@@ -22,6 +22,7 @@ class FrmTableWindow : private wxDialog, private TablePickerView {
  private:
   void Show(const TablePickerState& state) override;
   void CloseDialog() override;
+  void FitColumns(const TablePickerState& state);
   void Confirm();
 
   WidgetText text_;

@@ -8,7 +8,7 @@
 namespace imptable {
 namespace {
 
-const wxSize kListSize(300, 260);  // in pixels of an ordinary screen
+const wxSize kListSize(380, 260);  // in pixels of an ordinary screen
 
 }  // namespace
 
