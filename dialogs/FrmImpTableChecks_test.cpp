@@ -126,6 +126,19 @@ TEST_F(TaskDialogChecks, AskForNoErrorCodeWhereDuplicatesAreErrors) {
   ExpectAccepted();
 }
 
+TEST_F(TaskDialogChecks, AskForNoErrorCodeWhereAKeyedTaskWasStoredWithDuplicatesIgnored) {
+  run_.Stored("Base Cible", "SOURCE");
+  run_.Stored("Login", "sa");
+  run_.Stored("Table", "CLIENT");
+  run_.Stored("Alias", "CLIENTS");
+  run_.Stored("Mode", 1);
+  run_.Stored("Cle/Index", "CODE");
+  run_.Stored("DupKey", 1);
+  run_.OpenExisting();
+  EXPECT_TRUE(run_.shown().chkDou);
+  ExpectAccepted();
+}
+
 TEST_F(TaskDialogChecks, AskForAKeyInEveryModeButInsert) {
   ImpTablePresenter& dialog = run_.OpenComplete();
   for (const int mode : {1, 2, 3, 4}) {

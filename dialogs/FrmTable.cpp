@@ -56,9 +56,10 @@ void AddOnce(std::vector<std::string>& lines, std::string line) {
 
 TablePickerPresenter::TablePickerPresenter(const DialogServices& services, PickerMode mode,
                                            std::string scenario, ConnectionFields fields)
-    : services_(services), mode_(mode), scenario_(std::move(scenario)), fields_(std::move(fields)) {
-  if (mode_ == PickerMode::kTables) fields_.owner = fields_.table = {};
-}
+    : services_(services),
+      mode_(mode),
+      scenario_(std::move(scenario)),
+      fields_(std::move(fields)) {}
 
 void TablePickerPresenter::Open(TablePickerView& view) {
   view_ = &view;
