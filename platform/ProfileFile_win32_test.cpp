@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/ProfileFileReader.h"
+#include "platform/TextEncoding.h"
 #include "platform/testing/TemporaryFolder.h"
 
 namespace imptable {

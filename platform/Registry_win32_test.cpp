@@ -1,9 +1,7 @@
 #include "platform/Registry_win32.h"
 
-#include <aclapi.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sddl.h>
 
 #include <cstring>
 #include <memory>
@@ -11,6 +9,10 @@
 
 #include "platform/Windows_win32.h"
 #include "platform/testing/RegistryPlace.h"
+
+// clang-format off: it needs <windows.h> before it
+#include <sddl.h>
+// clang-format on
 
 namespace imptable {
 namespace {
