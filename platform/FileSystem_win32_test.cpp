@@ -39,6 +39,7 @@ TEST_F(FileSystemWindows, TellsWhyAFileCannotBeOpened) {
   EXPECT_EQ(WritingFails(At("no\\such.txt")), Error(std::errc::not_a_directory));
   EXPECT_EQ(ReadingFails(At("a|b.txt")), Error(std::errc::invalid_argument));
   EXPECT_EQ(WritingFails(At("a*.txt")), Error(std::errc::invalid_argument));
+  EXPECT_EQ(WritingFails(At(std::string(300, 'a'))), Error(std::errc::filename_too_long));
   EXPECT_TRUE(ReadingFails(""));
   EXPECT_TRUE(WritingFails(""));
 }

@@ -14,7 +14,8 @@ class Timer {
 };
 
 /// The thread's message loop. Ticks are delivered from within Yield() only, on the same thread;
-/// ticks that were missed meanwhile count as one.
+/// ticks that were missed meanwhile count as one. On Windows any other message loop of the thread
+/// delivers them too, as that of a dialog, but what leaves such a tick as an exception is lost.
 class MessageLoop {
  public:
   virtual ~MessageLoop() = default;
