@@ -45,8 +45,8 @@ TEST_F(SystemMessageLoopTest, FollowsRealTime) {
 
 TEST_F(SystemMessageLoopTest, TicksWithinYieldOnly) {
   int ticks = 0;
-  const auto timer = Count(20ms, ticks);
-  std::this_thread::sleep_for(200ms);
+  const auto timer = Count(500ms, ticks);
+  std::this_thread::sleep_for(1200ms);
   EXPECT_EQ(ticks, 0);
   loop_->Yield();
   EXPECT_EQ(ticks, 1) << "those that were missed count as one";
@@ -59,7 +59,7 @@ TEST_F(SystemMessageLoopTest, StopsTheTicksOfATimerThatIsDestroyed) {
   const auto kept = Count(20ms, kept_ticks);
   std::this_thread::sleep_for(100ms);
   ended.reset();
-  YieldUntil([&] { return kept_ticks == 2; });
+  YieldUntil([&] { return kept_ticks >= 2; });
   EXPECT_EQ(ended_ticks, 0);
 }
 
@@ -68,11 +68,13 @@ TEST_F(SystemMessageLoopTest, LetsATickEndItsOwnTimer) {
   int other_ticks = 0;
   const auto other = Count(20ms, other_ticks);
   std::unique_ptr<Timer> timer;
-  timer = loop_->StartTimer(20ms, [&] {
+  timer = loop_->StartTimer(20ms, [&, held = std::make_shared<int>()] {
+    const std::weak_ptr<int> watched = held;
     timer.reset();
-    ++ticks;  // what the tick holds is still there
+    EXPECT_FALSE(watched.expired()) << "what the tick holds is still there";
+    ++ticks;
   });
-  YieldUntil([&] { return other_ticks == 4; });
+  YieldUntil([&] { return other_ticks >= 4; });
   EXPECT_EQ(ticks, 1);
 }
 
@@ -82,7 +84,7 @@ TEST_F(SystemMessageLoopTest, LetsATickStartAnotherTimer) {
   const auto first = loop_->StartTimer(20ms, [&] {
     if (!second) second = Count(20ms, ticks);
   });
-  YieldUntil([&] { return ticks == 2; });
+  YieldUntil([&] { return ticks >= 2; });
 }
 
 TEST_F(SystemMessageLoopTest, ServesOtherTimersWithinATickButNotThatOne) {
@@ -95,7 +97,7 @@ TEST_F(SystemMessageLoopTest, ServesOtherTimersWithinATickButNotThatOne) {
     YieldUntil([&] { return other_ticks >= before + 3; });
     EXPECT_EQ(entered, 1);
   });
-  YieldUntil([&] { return entered == 2; });
+  YieldUntil([&] { return entered >= 2; });
   EXPECT_GE(other_ticks, 3);
 }
 
@@ -104,9 +106,9 @@ TEST_F(SystemMessageLoopTest, PassesTheExceptionOfATickOnAndTicksAgain) {
   const auto timer = loop_->StartTimer(20ms, [&] {
     if (++ticks == 1) throw std::runtime_error("tick");
   });
-  EXPECT_THROW(YieldUntil([&] { return ticks == 2; }), std::runtime_error);
+  EXPECT_THROW(YieldUntil([&] { return ticks >= 2; }), std::runtime_error);
   EXPECT_EQ(ticks, 1);
-  YieldUntil([&] { return ticks == 2; });
+  YieldUntil([&] { return ticks >= 2; });
 }
 
 TEST_F(SystemMessageLoopTest, LetsATimerOutliveIt) {

@@ -125,12 +125,14 @@ TEST_F(MessageLoopOfWindows, TicksInAnyLoopOfTheThread) {
 
 TEST_F(MessageLoopOfWindows, KeepsTheExceptionOfATickFromAForeignLoop) {
   int ticks = 0;
-  const auto timer = loop_->StartTimer(20ms, [&] {
+  auto timer = loop_->StartTimer(20ms, [&] {
     ++ticks;
     throw std::runtime_error("tick");
   });
   RunForeignLoopUntil([&] { return ticks == 2; });
   EXPECT_EQ(ticks, 2);
+  timer.reset();
+  EXPECT_NO_THROW(loop_->Yield());
 }
 
 TEST_F(MessageLoopOfWindows, ForgetsTheExceptionOfATickOnceItIsPassedOn) {

@@ -27,11 +27,10 @@ class WindowsProfileFile : public ProfileFile {
  public:
   std::string ReadString(const std::string& path, std::string_view section, std::string_view key,
                          std::string_view fallback, std::size_t most) const override {
-    const std::string fallback_text(fallback.substr(0, most));
     std::string value(std::min(most, kLongestValue) + 1, '\0');
     const DWORD size = GetPrivateProfileStringA(
-        std::string(section).c_str(), std::string(key).c_str(), fallback_text.c_str(), value.data(),
-        static_cast<DWORD>(value.size()), FullPath(path).c_str());
+        std::string(section).c_str(), std::string(key).c_str(), std::string(fallback).c_str(),
+        value.data(), static_cast<DWORD>(value.size()), FullPath(path).c_str());
     value.resize(size);
     return value;
   }

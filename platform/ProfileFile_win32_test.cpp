@@ -104,7 +104,7 @@ TEST_F(ProfileFileOfWindows, ReadsWhatTheReaderOfOtherSystemsReads) {
                                    "[Table01]\nwords\n01=a\n"s,
                                    "[Table01]\n01=a=b\n"s,
                                    "[Table01]\n=a\n01=b\n"s,
-                                   "[Table01]\n01=\xE9t\xE9,1,9\n"s,
+                                   "[Table01]\n01=" + encoding->FromUtf8("été") + ",1,9\n",
                                    "[Table01]\n01=" + std::string(300, 'x') + "\n"}) {
     const std::string path = folder_.Write("CLIENTS.SUP", bytes);
     EXPECT_EQ(Read(path, "01"), reader.ReadString(path, "Table01", "01", "<fallback>", 254))

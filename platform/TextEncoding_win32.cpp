@@ -76,7 +76,7 @@ class CodePageEncoding : public TextEncoding {
     const int size =
         MultiByteToWideChar(code_page_, MB_ERR_INVALID_CHARS, text.data(), static_cast<int>(length),
                             wide.data(), static_cast<int>(wide.size()));
-    if (size <= 0 || (leads && length == 1)) {
+    if (size <= 0) {
       result += kReplacementCharacter;
       return 1;
     }

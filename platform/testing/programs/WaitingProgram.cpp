@@ -7,10 +7,10 @@
 #include <string>
 #include <thread>
 
-int main() {
+int main(int argument_count, char**) {
   using std::chrono::milliseconds;
   const char* variable = std::getenv("WAITING_PROGRAM_FOLDER");
-  if (variable == nullptr) return 2;
+  if (variable == nullptr || argument_count != 1) return 2;
   const std::string folder = variable;
   std::ofstream(folder + "started").put('\n');
   for (int turns = 0; !std::ifstream(folder + "end"); ++turns) {
