@@ -105,6 +105,16 @@ TEST_F(ProfileFileOfWindows, ReadsWhatTheReaderOfOtherSystemsReads) {
                                    "[Table01]\n01=a=b\n"s,
                                    "[Table01]\n=a\n01=b\n"s,
                                    "[Table01]\n01=" + encoding->FromUtf8("été") + ",1,9\n",
+                                   "[Table01]\n01\n01=a\n"s,
+                                   "[Table01]\n01=a\n01\n"s,
+                                   "[Table01\0x]\n01\0x=\"a\0b\"\n"s,
+                                   "[Table01]\n01=\0b\n"s,
+                                   "\xEF\xBB\xBF[Table01]\n01=\xC3\xA9\n"s,
+                                   "\xFF\xFE[\0T\0a\0b\0l\0e\0"
+                                   "0\0"
+                                   "1\0]\0\n\0"
+                                   "0\0"
+                                   "1\0=\0\xE9\0\n\0"s,
                                    "[Table01]\n01=" + std::string(300, 'x') + "\n"}) {
     const std::string path = folder_.Write("CLIENTS.SUP", bytes);
     EXPECT_EQ(Read(path, "01"), reader.ReadString(path, "Table01", "01", "<fallback>", 254))
