@@ -2,6 +2,8 @@
 
 #include <wx/app.h>
 #include <wx/utils.h>
+#include <wx/weakref.h>
+#include <wx/window.h>
 
 #include <utility>
 
@@ -34,10 +36,15 @@ class PaintingLoop : public MessageLoop {
 void WidgetOdbcAdministrator::RunAndWait() {
   const std::string program = AdministratorPath();
   if (program.empty()) return;
-  const wxWindowDisabler frozen;
-  PaintingLoop loop;
-  // One that can't be started is as good as none.
-  static_cast<void>(SystemProcessLauncher()->RunAndWait(program, loop));
+  const wxWeakRef<wxWindow> focus = wxWindow::FindFocus();
+  {
+    const wxWindowDisabler frozen;
+    PaintingLoop loop;
+    // One that can't be started is as good as none.
+    static_cast<void>(SystemProcessLauncher()->RunAndWait(program, loop));
+  }
+  // A window that was disabled has lost it, and the keyboard with it.
+  if (focus) focus->SetFocus();
 }
 
 }  // namespace imptable

@@ -4,6 +4,7 @@
 #include <wx/checkbox.h>
 #include <wx/dialog.h>
 #include <wx/grid.h>
+#include <wx/listbox.h>
 #include <wx/notebook.h>
 #include <wx/radiobut.h>
 #include <wx/textentry.h>
@@ -151,6 +152,27 @@ void Person::ClickCell(const std::string& grid, int row, int column) {
   ClickAt({cell.x + cell.width / 2, cell.y + cell.height / 2}, 1);
 }
 
+void Person::OpenList(const std::string& field) {
+  constexpr int kArrow = 14;  // from the right edge
+  const wxRect place = WaitFor([&] { return PlaceOf(field); }, field);
+  ClickAt({place.x + place.width - kArrow, place.y + place.height / 2}, 1);
+  constexpr milliseconds kUntilOpen{400};
+  std::this_thread::sleep_for(kUntilOpen);
+}
+
+void Person::ClickEntry(const std::string& list, int entry) {
+  WaitFor([&] { return PlaceOf(list); }, list);
+  // Entries of one height fill the list from its top.
+  const wxRect place = *OnMainThread([&] { return PlaceOf(list); });
+  const int height = OnMainThread([&] {
+    auto* const box = wxDynamicCast(Control(list), wxListBox);
+    int y = 0;
+    while (y < box->GetSize().y && box->HitTest(5, y + 2) == 0) ++y;
+    return y;
+  });
+  ClickAt({place.x + place.width / 2, place.y + height * entry + height / 2}, 1);
+}
+
 void Person::ClickTab(int tab) {
   const wxPoint place = OnMainThread([&] {
     auto* const tabs = wxDynamicCast(Control("SSTab1"), wxNotebook);
@@ -216,6 +238,28 @@ std::string Person::SeesCell(const std::string& grid, int row, int column) {
   return wxIsMainThread() ? look() : OnMainThread(look);
 }
 
+std::string Person::Entries(const std::string& list) {
+  const auto look = [&] {
+    std::string entries;
+    const auto* const items = dynamic_cast<wxItemContainer*>(Control(list));
+    for (const wxString& entry : items->GetStrings()) {
+      entries += (entries.empty() ? "" : " ") + entry.utf8_string();
+    }
+    return entries;
+  };
+  return wxIsMainThread() ? look() : OnMainThread(look);
+}
+
+bool Person::IsMasked(const std::string& field) {
+  const auto look = [&] {
+    for (wxWindow* const child : Control(field)->GetChildren()) {
+      if (child->IsShown()) return child->HasFlag(wxTE_PASSWORD);
+    }
+    throw std::runtime_error(field + " is no password field");
+  };
+  return wxIsMainThread() ? look() : OnMainThread(look);
+}
+
 bool Person::IsEnabled(const std::string& control) {
   return OnMainThread([&] { return Control(control)->IsEnabled(); });
 }
@@ -225,7 +269,7 @@ int Person::FrontTab() {
 }
 
 std::string Person::Focused() {
-  return OnMainThread([]() -> std::string {
+  const auto look = []() -> std::string {
     wxWindow* focus = wxWindow::FindFocus();
     // The inner windows of a grid or a field have names of the toolkit's.
     while (focus != nullptr && !focus->IsTopLevel()) {
@@ -237,7 +281,8 @@ std::string Person::Focused() {
       focus = focus->GetParent();
     }
     return {};
-  });
+  };
+  return wxIsMainThread() ? look() : OnMainThread(look);
 }
 
 void Person::GiveUp() {

@@ -23,6 +23,10 @@ class Person {
   void DoubleClick(const std::string& control);
   /// Rows and columns from 0, without the header.
   void ClickCell(const std::string& grid, int row, int column);
+  /// Opens the list of a drop-down list by its arrow.
+  void OpenList(const std::string& field);
+  /// An entry of a list that is open, from 0.
+  void ClickEntry(const std::string& list, int entry);
   /// A tab of SSTab1, by its index.
   void ClickTab(int tab);
 
@@ -35,6 +39,9 @@ class Person {
   /// What the control shows: a text, "1" or "0" for a check mark or an option.
   std::string Sees(const std::string& control);
   std::string SeesCell(const std::string& grid, int row, int column);
+  /// The entries of a list, joined by blanks.
+  std::string Entries(const std::string& list);
+  bool IsMasked(const std::string& field);
   bool IsEnabled(const std::string& control);
   int FrontTab();
   /// The name of the control, or of the first of its parents that has one of ours, with the focus.
