@@ -54,7 +54,7 @@ std::optional<double> ReadUserNumber(std::string_view value, std::string_view se
   const std::errc error = std::from_chars(text.data(), end, result).ec;
   if (error == std::errc()) return result;
   if (number->exponent >= 0) return std::nullopt;
-  return 0;  // too small for a double
+  return number->negative ? -0.0 : 0.0;  // too small for a double
 }
 
 }  // namespace imptable
