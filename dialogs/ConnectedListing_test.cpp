@@ -146,6 +146,14 @@ TEST(ConnectedListing, ListsTheColumnsThoughTheirIndexesCanNotBeListed) {
   EXPECT_THAT(layout.Diagnostics(), ElementsAre(HasSubstr("no statistics")));
 }
 
+TEST(ConnectedListing, SaysWhenItCanNotDisconnect) {
+  ListedLayout layout(std::string(kClientTable) +
+                      "on SQLDisconnect 1 return -1 diag S1000 5 \"busy\"");
+  layout.editor.ListTableColumns(layout.connection);
+  EXPECT_THAT(layout.Grid2(), SizeIs(4));
+  EXPECT_THAT(layout.Diagnostics(), Contains("Erreur Déconnexion  (SQLDisconnect)"));
+}
+
 TEST(ConnectedListing, MarksTheKeyColumnsOfALoadedTask) {
   ListedLayout layout;
   layout.Load({"1"}, false, {"NOM,VARCHAR(30),(Col)1", "CODE,INTEGER,Null"});

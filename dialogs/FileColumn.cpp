@@ -71,14 +71,15 @@ std::string NumberText(std::string_view item, bool& readable) {
 
 std::string DateText(const ModuleCommun& module, std::string_view style_item,
                      std::string_view separator_item, std::string_view time_item, bool& readable) {
-  for (std::uint8_t style = 1; style <= kDateStyles.size(); ++style) {
+  for (std::size_t style = 1; style <= kDateStyles.size(); ++style) {
     if (style_item != std::to_string(style)) continue;
     const bool utf8 = module.platform.encoding.IsUtf8();
     const std::string_view separator =
         separator_item.empty()
             ? kUnstorableSeparator
             : separator_item.substr(0, BytesOfCharacters(separator_item, 1, utf8));
-    return DateFormatText(module, *DatePatternOf(style, separator, TimeOf(time_item)));
+    const auto number = static_cast<std::uint8_t>(style);
+    return DateFormatText(module, *DatePatternOf(number, separator, TimeOf(time_item)));
   }
   readable = false;
   return {};

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
 #include "import/RecordParser.h"
 #include "platform/testing/TemporaryFolder.h"
 #include "tests/kit/TestComponent.h"
@@ -22,7 +24,7 @@ class NamedSource {
   std::optional<FileStart> Start() { return ReadFileStart(component.module(), "S1", fields); }
   std::string FirstLine(std::string_view bytes) {
     folder.Write("clients.csv", bytes);
-    return Start()->line;
+    return Start().value().line;
   }
 
   TemporaryFolder folder;
@@ -40,7 +42,7 @@ TEST(SourceFile, IsFoundWithoutRegardToCase) {
   source.folder.Write("Clients.CSV", "a");
   EXPECT_EQ(source.Path(), source.folder.path() + "Clients.CSV");
   source.folder.Write("clients.csv", "b");
-  EXPECT_EQ(source.Start()->line, "b");
+  EXPECT_EQ(source.Start().value().line, "b");
 }
 
 TEST(SourceFile, HasASeparatorAfterItsDirectory) {
@@ -72,7 +74,7 @@ TEST(SourceFile, IsTheAliasItselfWhenThatIsTheCompleteName) {
   source.fields.complete_name = true;
   source.fields.directory = "/elsewhere";
   source.fields.alias = " " + source.folder.Write("list.txt", "x;y") + " ";
-  EXPECT_EQ(source.Start()->line, "x;y");
+  EXPECT_EQ(source.Start().value().line, "x;y");
 }
 
 TEST(SourceFile, IsTheOneThatIsImportedWhenACompleteNameLiesInTheDirectory) {
@@ -81,7 +83,18 @@ TEST(SourceFile, IsTheOneThatIsImportedWhenACompleteNameLiesInTheDirectory) {
   source.fields.alias = "LIST.txt";
   source.folder.Write("list.txt", "x;y");
   EXPECT_EQ(source.Path(), source.folder.path() + "list.txt");
-  EXPECT_EQ(source.Start()->line, "x;y");
+  EXPECT_EQ(source.Start().value().line, "x;y");
+}
+
+TEST(SourceFile, IsTheOneThatIsImportedWhenTheAliasItselfNamesAnotherFile) {
+  NamedSource source;
+  source.fields.complete_name = true;
+  source.fields.alias = source.folder.Write("list.txt", "by itself");
+  const TemporaryFolder directory;
+  std::filesystem::create_directories(directory.path() + source.folder.path());
+  directory.Write(source.fields.alias, "imported");
+  source.fields.directory = directory.path();
+  EXPECT_EQ(source.Start().value().line, "imported");
 }
 
 TEST(SourceFile, IsNoneWithoutAnAlias) {
@@ -108,23 +121,22 @@ TEST(SourceFile, ShowsItsFirstLineWithoutItsEnd) {
   EXPECT_EQ(source.FirstLine("a;b\rc"), "a;b");
   EXPECT_EQ(source.FirstLine("a;b"), "a;b");
   EXPECT_EQ(source.FirstLine("\na;b"), "");
-  EXPECT_FALSE(source.Start()->is_empty);
+  EXPECT_FALSE(source.Start().value().is_empty);
 }
 
 TEST(SourceFile, IsEmptyWithoutAByte) {
   NamedSource source;
   source.folder.Write("clients.csv", "");
-  const auto start = source.Start();
-  ASSERT_TRUE(start);
-  EXPECT_TRUE(start->is_empty);
-  EXPECT_TRUE(start->is_complete);
+  const FileStart start = source.Start().value();
+  EXPECT_TRUE(start.is_empty);
+  EXPECT_TRUE(start.is_complete);
 }
 
 TEST(SourceFile, LosesItsByteOrderMarkInAUtf8CodePageAlone) {
   NamedSource source;
   EXPECT_EQ(source.FirstLine("\xEF\xBB\xBFx;y\n"), "x;y");
   source.folder.Write("clients.csv", "\xEF\xBB\xBF");
-  EXPECT_TRUE(source.Start()->is_empty);
+  EXPECT_TRUE(source.Start().value().is_empty);
   NamedSource other(std::make_unique<Latin1TextEncoding>());
   EXPECT_EQ(other.FirstLine("\xEF\xBB\xBFx;y\n"), "\xEF\xBB\xBFx;y");
 }
@@ -132,9 +144,9 @@ TEST(SourceFile, LosesItsByteOrderMarkInAUtf8CodePageAlone) {
 TEST(SourceFile, IsReadNoFurtherThanItsStartHoweverLongItIs) {
   NamedSource source;
   source.folder.Write("clients.csv", std::string(3 * kFileStartBytes, 'x'));
-  const auto start = source.Start();
-  EXPECT_EQ(start->line.size(), kFileStartBytes);
-  EXPECT_FALSE(start->is_complete);
+  const FileStart start = source.Start().value();
+  EXPECT_EQ(start.line.size(), kFileStartBytes);
+  EXPECT_FALSE(start.is_complete);
   std::size_t bytes = 0;
   for (const std::string& line : source.component.files.log()) {
     if (line.starts_with("read ")) bytes += std::stoul(line.substr(line.rfind(' ')));
@@ -148,12 +160,12 @@ TEST(SourceFile, HasACompleteFirstLineWhenThatEndsWithinTheStart) {
   for (const std::string& rest : {std::string("\n"), std::string("\nmore"), std::string("\rmore"),
                                   std::string("x"), std::string()}) {
     source.folder.Write("clients.csv", line + rest);
-    EXPECT_TRUE(source.Start()->is_complete) << rest;
+    EXPECT_TRUE(source.Start().value().is_complete) << rest;
   }
   source.folder.Write("clients.csv", line + "xx");
-  EXPECT_FALSE(source.Start()->is_complete);
+  EXPECT_FALSE(source.Start().value().is_complete);
   source.folder.Write("clients.csv", line + "x\n");
-  EXPECT_FALSE(source.Start()->is_complete);
+  EXPECT_FALSE(source.Start().value().is_complete);
 }
 
 FaultNumber FaultOf(NamedSource& source) {
