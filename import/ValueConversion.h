@@ -76,9 +76,8 @@ void ReplaceDecimalSeparator(std::string_view value, std::string_view separator,
 bool InsertDecimalSeparator(std::string_view value, std::size_t decimals,
                             std::string_view separator, bool utf8, std::string& out);
 
-/// Reads a decimal number, with or without sign and exponent, written with `separator`; blanks
-/// around it are ignored.
-/// @return nullopt when the text is anything else or the number is beyond a double's range.
+/// Reads a number as ParseNumberText does; one too small for a double is zero.
+/// @return nullopt when the text is anything else or the number is too large for a double.
 std::optional<double> ReadUserNumber(std::string_view value, std::string_view separator);
 
 }  // namespace imptable

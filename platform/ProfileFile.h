@@ -13,7 +13,8 @@ class ProfileFile {
   virtual ~ProfileFile() = default;
 
   /// Reads one value: the first key of that name in the first section of that name, both matched
-  /// without regard to case; blanks around it and one pair of quotes that encloses it are removed.
+  /// without regard to case and to blanks around them; blanks around it and one pair of quotes that
+  /// encloses it are removed.
   /// @param most  bytes that are returned of a longer value.
   /// @return `fallback` when the file, the section or the key doesn't exist or can't be read.
   virtual std::string ReadString(const std::string& path, std::string_view section,

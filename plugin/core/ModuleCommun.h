@@ -113,8 +113,8 @@ class BusyPointer {
 /// The value as text: a number in decimal.
 std::string AsText(const SettingValue& value);
 
-/// The value as a number of 16 or 32 bits; a text is read as a decimal number, blanks around it
-/// ignored, and rounded half to even.
+/// The value as a number of 16 or 32 bits; a text is read as ParseNumberText does, with a decimal
+/// point, and rounded half to even.
 /// @param name  names the value in the fault.
 /// @throws RuntimeFault  type mismatch when the text is no number, overflow when it doesn't fit.
 std::int16_t AsInt16(const SettingValue& value, std::string_view name);
