@@ -17,7 +17,9 @@ add_library(dialog_toolkit INTERFACE)
 target_include_directories(dialog_toolkit SYSTEM INTERFACE ${wxWidgets_INCLUDE_DIRS})
 target_compile_definitions(dialog_toolkit INTERFACE ${wxWidgets_DEFINITIONS})
 target_compile_options(dialog_toolkit INTERFACE ${wxWidgets_CXX_FLAGS})
-target_link_libraries(dialog_toolkit INTERFACE ${wxWidgets_LIBRARIES})
+# The toolkit below the toolkit, for the names that screen readers use.
+pkg_check_modules(GTK REQUIRED IMPORTED_TARGET gtk+-3.0)
+target_link_libraries(dialog_toolkit INTERFACE ${wxWidgets_LIBRARIES} PkgConfig::GTK)
 
 if(IMPTABLE_TESTS)
   enable_testing()

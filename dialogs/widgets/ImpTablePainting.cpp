@@ -9,12 +9,41 @@
 #include <wx/radiobut.h>
 #include <wx/textctrl.h>
 
+#include <array>
+
 #include "dialogs/ImpTableControls.h"
+#include "dialogs/widgets/AccessibleName.h"
 #include "dialogs/widgets/DialogFrame.h"
 #include "dialogs/widgets/ImpTableWindow.h"
 #include "dialogs/widgets/PasswordField.h"
 
 namespace imptable {
+namespace {
+
+/// A control without a caption of its own, and the one whose caption says what it is.
+struct LabelledControl {
+  const char* name;
+  const char* label;
+};
+
+constexpr auto kLabelledControls = std::to_array<LabelledControl>({
+    {"txtTache", "Label8"},
+    {"Combo1", "Label11"},
+    {"txtLogin", "Label10"},
+    {"txtPass", "Label9"},
+    {"txtOwn", "SSFrame1"},
+    {"txtTable", "SSFrame1"},
+    {"txtAlias", "Label2"},
+    {"txtRep", "Label4"},
+    {"txtCle", "Label5"},
+    {"txtDelimiteurFile", "Label7"},
+    {"textNbCol", "Label6"},
+    {"UpDown1", "Label6"},
+    {"txtErreur", "Label3"},
+    {"txtErr", "Label12"},
+});
+
+}  // namespace
 
 void ImpTableWindow::Show(const ImpTableState& state) {
   painting_ = true;
@@ -50,7 +79,22 @@ bool ImpTableWindow::ShowCaptions(const ImpTableState& state) {
     found->second->SetLabel(label);
     changed = true;
   }
+  if (changed) NameControls(state);
   return changed;
+}
+
+void ImpTableWindow::NameControls(const ImpTableState& state) {
+  for (const LabelledControl& control : kLabelledControls) {
+    const auto caption = state.captions.find(control.label);
+    if (caption == state.captions.end()) continue;
+    const wxString name = wxControl::RemoveMnemonics(text_.Shown(caption->second));
+    wxWindow* const window = controls_.at(control.name);
+    if (auto* const password = dynamic_cast<PasswordField*>(window)) {
+      for (wxWindow* const field : password->GetChildren()) SetAccessibleName(*field, name);
+    } else {
+      SetAccessibleName(*window, name);
+    }
+  }
 }
 
 void ImpTableWindow::ShowTabs(const ImpTableState& state) {

@@ -60,6 +60,7 @@ class ImpTableWindow : private wxDialog, private ImpTableView, private ColumnDia
   void ShowChoices(const ImpTableState& state);
   void ShowVariableButton(const ImpTableState& state);
   bool ShowCaptions(const ImpTableState& state);
+  void NameControls(const ImpTableState& state);
   void FitToCaptions();
 
   const DialogServices& services_;

@@ -1,5 +1,6 @@
 #include "tests/dialogs/Person.h"
 
+#include <gtk/gtk.h>
 #include <wx/app.h>
 #include <wx/checkbox.h>
 #include <wx/dialog.h>
@@ -262,6 +263,35 @@ bool Person::IsMasked(const std::string& field) {
 
 bool Person::IsEnabled(const std::string& control) {
   return OnMainThread([&] { return Control(control)->IsEnabled(); });
+}
+
+std::string Person::AccessibleName(const std::string& control) {
+  return OnMainThread([&]() -> std::string {
+    AtkObject* const accessible =
+        gtk_widget_get_accessible(GTK_WIDGET(Control(control)->GetHandle()));
+    const char* const name = atk_object_get_name(accessible);
+    return name == nullptr ? "" : name;
+  });
+}
+
+std::vector<std::string> Person::CutControls() {
+  return OnMainThread([] {
+    std::vector<std::string> cut;
+    const std::function<void(wxWindow&)> look = [&](wxWindow& window) {
+      for (wxWindow* const child : window.GetChildren()) {
+        if (!child->IsShown()) continue;
+        const wxSize best = child->GetBestSize();
+        const wxSize size = child->GetSize();
+        const bool has_caption = !child->GetLabel().empty() && child->GetChildren().empty();
+        if (has_caption && (size.x < best.x || size.y < best.y)) {
+          cut.push_back(child->GetName().utf8_string());
+        }
+        look(*child);
+      }
+    };
+    look(*FrontDialog());
+    return cut;
+  });
 }
 
 int Person::FrontTab() {

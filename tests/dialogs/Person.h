@@ -43,6 +43,10 @@ class Person {
   std::string Entries(const std::string& list);
   bool IsMasked(const std::string& field);
   bool IsEnabled(const std::string& control);
+  /// What a screen reader calls the control.
+  std::string AccessibleName(const std::string& control);
+  /// The labels, buttons and boxes of the tab in front that are too small for their captions.
+  std::vector<std::string> CutControls();
   int FrontTab();
   /// The name of the control, or of the first of its parents that has one of ours, with the focus.
   std::string Focused();

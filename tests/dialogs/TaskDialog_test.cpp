@@ -207,6 +207,34 @@ TEST(TaskDialog, WaitsForTheAdministratorAndListsTheSourcesAnew) {
   });
 }
 
+TEST(TaskDialog, CutsNoCaptionInEitherLanguage) {
+  for (const Language language : {Language::kFrench, Language::kEnglish}) {
+    DialogPlace place(kClients, language);
+    SetUpTask(place);
+    place.Configure([](Person& person) {
+      for (int tab = 0; tab < 4; ++tab) {
+        person.ClickTab(tab);
+        EXPECT_EQ(person.CutControls(), std::vector<std::string>()) << "tab " << tab;
+      }
+      person.Press("Escape");
+    });
+  }
+}
+
+TEST(TaskDialog, NamesItsFieldsForScreenReaders) {
+  DialogPlace place(kClients, Language::kEnglish);
+  place.Configure([](Person& person) {
+    EXPECT_EQ(person.AccessibleName("txtAlias"), "Alias");
+    EXPECT_EQ(person.AccessibleName("txtTable"), "Table");
+    EXPECT_EQ(person.AccessibleName("Combo1"), "Data source name");
+    EXPECT_EQ(person.AccessibleName("textNbCol"), "No. of columns");
+    person.Click("OptCsv(1)");
+    person.WaitUntil([&] { return person.Sees("Label2") == "File"; }, "the other label");
+    EXPECT_EQ(person.AccessibleName("txtAlias"), "File");
+    person.Press("Escape");
+  });
+}
+
 TEST(TaskDialog, RunsWhatItsOriginsSay) {
   DialogPlace place(kClients, Language::kEnglish);
   SetUpTask(place);
