@@ -130,13 +130,16 @@ TEST_F(DataSourceField, LetsTheAdministratorBeStartedOnceAtATime) {
   EXPECT_THAT(run_.Boxes(), IsEmpty());
 }
 
-TEST_F(DataSourceField, SaysWhatAnAdministratorThatFailsSays) {
+TEST_F(DataSourceField, ListsTheSourcesAnewAfterAnAdministratorThatFailed) {
   ImpTablePresenter& dialog = run_.OpenNew();
-  run_.administrator.meanwhile = [] {
+  std::string made;
+  run_.administrator.meanwhile = [&] {
+    made = run_.source.Add("Made", {{"Driver", ScriptedDataSource::DriverPath()}});
     throw RuntimeFault(FaultNumber::kPermissionDenied, "/usr/bin/administrator");
   };
   dialog.OnAdministrator();
   EXPECT_THAT(run_.Boxes(), ElementsAre(testing::HasSubstr("/usr/bin/administrator")));
+  EXPECT_THAT(run_.shown().sources, Contains(made));
   dialog.OnText("Combo1", "SOURCE");
   EXPECT_EQ(dialog.state().Combo1, "SOURCE");
 }
