@@ -52,7 +52,7 @@ ParameterValue Timestamp(const void* value) {
                 moment.day, moment.hour, moment.minute, moment.second);
   std::string text = buffer;
   if (moment.fraction != 0) {
-    std::snprintf(buffer, sizeof buffer, ".%09u", moment.fraction);
+    std::snprintf(buffer, sizeof buffer, ".%09lu", static_cast<unsigned long>(moment.fraction));
     text += buffer;
     text.erase(text.find_last_not_of('0') + 1);
   }

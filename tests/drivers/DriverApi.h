@@ -7,4 +7,6 @@
 #include <sqlext.h>
 #pragma GCC visibility pop
 
+static_assert(sizeof(SQLLEN) == sizeof(SQLPOINTER), "the headers are those of another system");
+
 #endif  // TESTS_DRIVERS_DRIVERAPI_H_

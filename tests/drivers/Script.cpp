@@ -76,7 +76,7 @@ void ReadRowCount(ScriptLine& line, Script& script) {
   rule.condition = TakeCondition(line);
   const bool conditional = at || rule.condition.kind != Condition::Kind::kNone;
   if (conditional) line.Expect("=");
-  rule.answer = line.TakeNumber<std::int64_t>("a row count");
+  rule.answer = line.TakeNumber<SQLLEN>("a row count");
   if (conditional) {
     script.row_counts.push_back(std::move(rule));
   } else {

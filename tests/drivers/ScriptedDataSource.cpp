@@ -1,24 +1,10 @@
 #include "tests/drivers/ScriptedDataSource.h"
 
-#include <gtest/gtest.h>
-#include <stdlib.h>
-
 #include <fstream>
-#include <stdexcept>
 #include <system_error>
 
 namespace imptable {
 namespace {
-
-std::filesystem::path FreshFolder() {
-  std::string path = testing::TempDir() + "scripted_XXXXXX";
-  if (mkdtemp(path.data()) == nullptr) throw std::runtime_error("no temporary folder " + path);
-  std::filesystem::create_directory(path + "/system");
-  std::ofstream(path + "/system/odbc.ini").close();
-  std::ofstream(path + "/system/odbcinst.ini")
-      << "[Scripted]\nDriver=" << ScriptedDataSource::DriverPath() << '\n';
-  return path;
-}
 
 std::string FreshName(const std::string& stem) {
   static int number = 0;
@@ -27,42 +13,24 @@ std::string FreshName(const std::string& stem) {
 
 }  // namespace
 
-ScriptedDataSource::Variable::Variable(const char* name, const std::string& value) : name_(name) {
-  const char* before = getenv(name);
-  if (before != nullptr) before_ = before;
-  setenv(name, value.c_str(), 1);
-}
-
-ScriptedDataSource::Variable::~Variable() {
-  if (before_) {
-    setenv(name_, before_->c_str(), 1);
-  } else {
-    unsetenv(name_);
-  }
-}
-
-ScriptedDataSource::ScriptedDataSource(Logging logging)
-    : folder_(FreshFolder()),
-      user_sources_("ODBCINI", folder_ / "odbc.ini"),
-      system_sources_("ODBCSYSINI", folder_ / "system"),
-      early_script_("SCRIPTED_DRIVER_EARLY_SCRIPT", ScriptPath()),
-      early_log_("SCRIPTED_DRIVER_EARLY_LOG",
-                 logging == Logging::kOn ? LogPath().string() : std::string()) {
+ScriptedDataSource::ScriptedDataSource(Logging logging) : folder_(logging) {
+  std::filesystem::create_directory(folder() / "system");
+  std::ofstream(folder() / "system" / "odbc.ini").close();
+  std::ofstream(folder() / "system" / "odbcinst.ini", std::ios::binary)
+      << "[Scripted]\nDriver=" << DriverPath() << '\n';
   Script("");
-  Values values{{"Driver", DriverPath()}, {"Script", ScriptPath()}};
-  if (logging == Logging::kOn) values.emplace_back("Log", LogPath());
+  Values values{{"Driver", DriverPath()},
+                {"Script", folder_.PathForDriver(ScriptedFolder::kScript)}};
+  if (logging == Logging::kOn) {
+    values.emplace_back("Log", folder_.PathForDriver(ScriptedFolder::kLog));
+  }
   name_ = Add("Scripted", values);
-}
-
-ScriptedDataSource::~ScriptedDataSource() {
-  std::error_code ignored;
-  std::filesystem::remove_all(folder_, ignored);
 }
 
 std::string ScriptedDataSource::DriverPath() { return SCRIPTED_DRIVER_PATH; }
 
 void ScriptedDataSource::Script(std::string_view text) {
-  std::ofstream(ScriptPath(), std::ios::binary) << text;
+  std::ofstream(folder() / ScriptedFolder::kScript, std::ios::binary) << text;
 }
 
 std::vector<std::string> ScriptedDataSource::LogLines(std::string_view call) const {
@@ -84,7 +52,7 @@ void ScriptedDataSource::ClearLog() {
 
 std::string ScriptedDataSource::Add(const std::string& stem, const Values& values) {
   const std::string name = FreshName(stem);
-  std::ofstream file(folder_ / "odbc.ini", std::ios::app | std::ios::binary);
+  std::ofstream file(folder() / "odbc.ini", std::ios::app | std::ios::binary);
   file << '[' << name << "]\n";
   for (const auto& [key, value] : values) file << key << '=' << value << '\n';
   file << '\n';

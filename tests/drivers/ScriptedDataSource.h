@@ -1,13 +1,13 @@
 #ifndef TESTS_DRIVERS_SCRIPTEDDATASOURCE_H_
 #define TESTS_DRIVERS_SCRIPTEDDATASOURCE_H_
 
-#include <cstdint>
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "tests/drivers/ScriptedFolder.h"
 
 namespace imptable {
 
@@ -18,17 +18,16 @@ namespace imptable {
 /// source gets a name that this process hasn't used yet: ask for it with name().
 class ScriptedDataSource {
  public:
-  enum class Logging : std::uint8_t { kOn, kOff };
+  using Logging = ScriptedFolder::Logging;
 
-  /// @throws std::runtime_error when the folder can't be made.
+  /// @throws std::exception when the folder can't be made.
   explicit ScriptedDataSource(Logging logging = Logging::kOn);
-  ~ScriptedDataSource();
-  ScriptedDataSource(const ScriptedDataSource&) = delete;
-  ScriptedDataSource& operator=(const ScriptedDataSource&) = delete;
 
   const std::string& name() const { return name_; }
   /// Where the files are; removed with everything in it.
-  const std::filesystem::path& folder() const { return folder_; }
+  const std::filesystem::path& folder() const { return folder_.path(); }
+  /// The path of a file in it, for the keys of a data source.
+  std::string PathForDriver(std::string_view name) const { return folder_.PathForDriver(name); }
   /// Path of the driver, to Add more data sources of it with scripts of their own.
   static std::string DriverPath();
 
@@ -45,27 +44,9 @@ class ScriptedDataSource {
   std::string Add(const std::string& stem, const Values& values);
 
  private:
-  /// A variable of the process's environment, put back as it was.
-  class Variable {
-   public:
-    Variable(const char* name, const std::string& value);
-    ~Variable();
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
+  std::filesystem::path LogPath() const { return folder() / ScriptedFolder::kLog; }
 
-   private:
-    const char* name_;
-    std::optional<std::string> before_;
-  };
-
-  std::filesystem::path LogPath() const { return folder_ / "calls.log"; }
-  std::filesystem::path ScriptPath() const { return folder_ / "script.txt"; }
-
-  std::filesystem::path folder_;
-  Variable user_sources_;
-  Variable system_sources_;
-  Variable early_script_;
-  Variable early_log_;
+  ScriptedFolder folder_;
   std::string name_;
 };
 
