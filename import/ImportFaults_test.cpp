@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "tests/kit/ImportRun.h"
+#include "tests/kit/TextFile.h"
 
 namespace imptable {
 namespace {
@@ -137,7 +138,7 @@ TEST(ImportFaults, LeaveFilesThatAResumeGoesOnFrom) {
     EXPECT_EQ(run.Go(), 3);
     EXPECT_THAT(run.Trace(), ElementsAre("00000001100000001"));
     const std::string rejected = run.folder.Read("CLIENTS.LER");
-    EXPECT_EQ(rejected, write == 6 ? "1;a;x\n2;b;x\n" : "1;a;x\n");
+    EXPECT_EQ(rejected, write == 6 ? TextFile({"1;a;x", "2;b;x"}) : TextFile({"1;a;x"}));
     run.folder.Write("CLIENTS.LER", "1;mended\n" + rejected.substr(rejected.find('\n') + 1));
     run.Source({"1;a;x", "2;b", "3;c"});
     EXPECT_EQ(run.Go(2), 2);
@@ -182,8 +183,8 @@ TEST(ImportFaults, TellThatTheCopiesOfAResumeCannotBeWrittenAndKeepTheOriginals)
     SCOPED_TRACE(std::string(each.file) + " " + std::to_string(each.nth));
     ImportRun run;
     run.Source({"1;a", "2;b"});
-    run.folder.Write("CLIENTS.TRC", "00000001000000000\n00000002100000001\n");
-    run.folder.Write("CLIENTS.LER", "2;mended\n");
+    run.folder.Write("CLIENTS.TRC", TextFile({"00000001000000000", "00000002100000001"}));
+    run.folder.Write("CLIENTS.LER", TextFile({"2;mended"}));
     run.component.files.Fail(each.operation, each.nth, kDiskFull);
     EXPECT_EQ(run.Go(2), 3);
     ExpectFault(run, "61 ,Disque plein : " + run.folder.path() + each.file);

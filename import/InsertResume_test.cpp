@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/kit/ImportRun.h"
+#include "tests/kit/TextFile.h"
 
 namespace imptable {
 namespace {
@@ -156,8 +157,8 @@ TEST(InsertResume, LeavesTheEarlierFilesAloneWhenTheirTraceIsDamaged) {
 TEST(InsertResume, FindsTheEarlierFilesInAnyCase) {
   ImportRun run;
   run.Source({"1;a", "2;b"});
-  run.folder.Write("clients.trc", "00000001000000000\n00000002100000001\n");
-  run.folder.Write("Clients.Ler", "2;m\n");
+  run.folder.Write("clients.trc", TextFile({"00000001000000000", "00000002100000001"}));
+  run.folder.Write("Clients.Ler", TextFile({"2;m"}));
   run.folder.Write("clients.leb", "old\n");
   run.folder.Write("clients.trb", "old\n");
   run.Driver("on SQLExecute 1 return -1 diag 23000 1 \"refused\"");
@@ -165,8 +166,9 @@ TEST(InsertResume, FindsTheEarlierFilesInAnyCase) {
   EXPECT_THAT(run.Executed(), ElementsAre("1='2' 2='m'"));
   EXPECT_THAT(run.Lines("Clients.Ler"), ElementsAre("2;m"));
   EXPECT_THAT(run.Lines("clients.trc"), ElementsAre("00000002100000001"));
-  EXPECT_FALSE(run.folder.Exists("CLIENTS.TRC")) << "one trace, not two that differ in case";
-  EXPECT_FALSE(run.folder.Exists("clients.leb")) << "the old copy is deleted";
+  EXPECT_THAT(run.FileNames(), ElementsAre("CLIENTS.CSV", "CLIENTS.ERR", "CLIENTS.LEB",
+                                           "CLIENTS.TRB", "Clients.Ler", "clients.trc"))
+      << "one trace, not two that differ in case; the old copies are deleted";
   EXPECT_THAT(run.Lines("CLIENTS.LEB"), ElementsAre("2;m"));
 }
 
@@ -201,11 +203,11 @@ TEST(InsertResume, CopiesRejectedLinesOfAnyLength) {
   ImportRun run;
   run.Source({"1;a", "2;b"});
   const std::string longest(300'000, 'z');
-  Left(run, "00000001100000001\n", "1;" + longest + "\n");
+  Left(run, "00000001100000001\n", TextFile({"1;" + longest}));
   run.Driver("on SQLExecute 1 return -1 diag 23000 1 \"refused\"");
   EXPECT_EQ(run.Go(kResume), 3);
-  EXPECT_TRUE(run.folder.Read("CLIENTS.LEB") == "1;" + longest + "\n");
-  EXPECT_TRUE(run.folder.Read("CLIENTS.LER") == "1;" + longest + "\n");
+  EXPECT_TRUE(run.folder.Read("CLIENTS.LEB") == TextFile({"1;" + longest}));
+  EXPECT_TRUE(run.folder.Read("CLIENTS.LER") == TextFile({"1;" + longest}));
 }
 
 }  // namespace

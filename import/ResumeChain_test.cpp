@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/kit/ImportRun.h"
+#include "tests/kit/TextFile.h"
 
 namespace imptable {
 namespace {
@@ -52,7 +53,7 @@ TEST_P(ResumeWithoutALine, KeepsWhatTheEarlierRunLeft) {
   ImportRun run;
   run.Source({"1;a", "2;b;x", "3;c"});
   EXPECT_EQ(run.Go(), 3);
-  run.folder.Write("CLIENTS.LER", "2;mended\n");
+  run.folder.Write("CLIENTS.LER", TextFile({"2;mended"}));
   {
     ImportRun failing;  // the same folder, with a driver that refuses
     failing.Set("Dir", run.folder.path());

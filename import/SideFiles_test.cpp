@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/kit/ImportRun.h"
+#include "tests/kit/TextFile.h"
 
 namespace imptable {
 namespace {
@@ -106,7 +107,7 @@ TEST(SideFiles, KeepARejectedLineAsItWasRead) {
   const std::string odd("2;\0 \xE9\t\"b\";x ", 13);
   run.folder.Write("CLIENTS.CSV", "1;a\r\n" + odd + "\r\n");
   EXPECT_EQ(run.Go(), 3);
-  EXPECT_EQ(run.folder.Read("CLIENTS.LER"), odd + "\n");
+  EXPECT_EQ(run.folder.Read("CLIENTS.LER"), TextFile({odd}));
 }
 
 TEST(SideFiles, KeepARejectedLineThatIsTooLongToBeCopied) {
@@ -116,7 +117,7 @@ TEST(SideFiles, KeepARejectedLineThatIsTooLongToBeCopied) {
     const std::string line = "1;2;" + std::string(bytes - 4, 'x');
     run.Source({line});
     EXPECT_EQ(run.Go(), 3);
-    EXPECT_TRUE(run.folder.Read("CLIENTS.LER") == line + "\n") << bytes;
+    EXPECT_TRUE(run.folder.Read("CLIENTS.LER") == TextFile({line})) << bytes;
   }
 }
 

@@ -1,6 +1,5 @@
 // What the catalogue functions of the driver manager are called with. Those below stand before its
 // own in this program, note their arguments and pass everything on.
-#include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -8,6 +7,7 @@
 #include <vector>
 
 #include "odbc/Catalogue.h"
+#include "tests/kit/ManagerFunction.h"
 #include "tests/kit/ScriptedSession.h"
 
 namespace imptable {
@@ -25,7 +25,7 @@ std::string Shown(const SQLCHAR* text, SQLSMALLINT length) {
 template <typename Function>
 Function* Own(const char* call, const std::string& arguments, Function*) {
   if (noted != nullptr) noted->push_back(call + arguments);
-  return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, call));
+  return reinterpret_cast<Function*>(ManagerFunction(call));
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "platform/testing/TemporaryFolder.h"
 #include "tests/kit/ScriptedSession.h"
+#include "tests/kit/TextFile.h"
 
 namespace imptable {
 namespace {
@@ -126,8 +127,8 @@ TEST(Diagnostics, GoToTheErrorFileWhileItIsOpen) {
   refusal.OpenErrorFile(17);
   refusal.Report(kRunMode);
   EXPECT_EQ(refusal.ErrorFile(),
-            "15/11/2006 08:30:00.... Ligne  17 ( 2627) duplicate key\n"
-            "15/11/2006 08:30:00.... Ligne  17 (-1) second\n");
+            TextFile({"15/11/2006 08:30:00.... Ligne  17 ( 2627) duplicate key",
+                      "15/11/2006 08:30:00.... Ligne  17 (-1) second"}));
   EXPECT_THAT(refusal.report(), IsEmpty());
   EXPECT_THAT(refusal.session().Boxes(), IsEmpty());
   EXPECT_TRUE(refusal.odbc().error_reported);
@@ -138,7 +139,7 @@ TEST(Diagnostics, NameTheLineInEnglishInAnEnglishErrorFile) {
   refusal.session().component.module().language_offset = kEnglishOffset;
   refusal.OpenErrorFile(3);
   refusal.Report(kRunMode);
-  EXPECT_EQ(refusal.ErrorFile(), "15/11/2006 08:30:00.... Line  3 ( 1) first\n");
+  EXPECT_EQ(refusal.ErrorFile(), TextFile({"15/11/2006 08:30:00.... Line  3 ( 1) first"}));
 }
 
 TEST(Diagnostics, GoToTheErrorFileInEveryImportModeAndToTheReportInAnyOther) {

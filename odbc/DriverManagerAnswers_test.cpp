@@ -1,6 +1,5 @@
 // Answers that the real driver manager can't be brought to give by any driver. The functions below
 // stand before its own in this program: they pass everything on until a test says otherwise.
-#include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -9,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/kit/ManagerFunction.h"
 #include "tests/kit/ScriptedSession.h"
 
 namespace imptable {
@@ -57,7 +57,7 @@ template <typename Function, typename... Arguments>
 SQLRETURN PassOn(const char* call, const std::string& shown, Function* own,
                  Arguments... arguments) {
   static_assert(std::is_same_v<SQLRETURN, decltype(own(arguments...))>);
-  const auto real = reinterpret_cast<Function*>(dlsym(RTLD_NEXT, call));
+  const auto real = reinterpret_cast<Function*>(ManagerFunction(call));
   ManagerAnswers* const answers = ManagerAnswers::current;
   if (answers == nullptr) return real(arguments...);
   answers->calls.push_back(call + shown);

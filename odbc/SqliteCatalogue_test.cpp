@@ -18,9 +18,9 @@ using testing::IsEmpty;
 class SqliteDatabase {
  public:
   SqliteDatabase()
-      : name_(session.source.Add("Sqlite",
-                                 {{"Driver", SQLITE_ODBC_DRIVER},
-                                  {"Database", (session.source.folder() / "base.db").string()}})) {
+      : name_(
+            session.source.Add("Sqlite", {{"Driver", SQLITE_ODBC_DRIVER},
+                                          {"Database", session.source.PathForDriver("base.db")}})) {
     EXPECT_TRUE(session.odbc().ConnectDataSource(name_, "", ""));
   }
 

@@ -58,7 +58,8 @@ TEST_F(RunFiles, ReportAnEmptyDataFileAndSucceed) {
 TEST_F(RunFiles, TakeADirectoryThatDoesNotExistForAMissingFile) {
   run_.Set("Dir", At("none"));
   EXPECT_EQ(run_.Go(), 2);
-  EXPECT_THAT(run_.Report(), Contains(" -->   Pas de Fichier " + At("none/CLIENTS.CSV")));
+  EXPECT_THAT(run_.Report(), Contains(" -->   Pas de Fichier " + At("none") +
+                                      SystemPathSeparator() + "CLIENTS.CSV"));
 }
 
 TEST_F(RunFiles, FailTheRunWhenAnErrorFileIsLeftThoughTheDataFileIsMissing) {
@@ -192,7 +193,7 @@ TEST_F(RunFiles, AreFoundWithoutRegardToCase) {
   Write("clients.err", "old\n");
   EXPECT_EQ(run_.Go(), 2);
   EXPECT_THAT(run_.Executed(), SizeIs(1));
-  EXPECT_FALSE(Exists("clients.err"));
+  EXPECT_THAT(run_.FileNames(), ElementsAre("CLIENTS.ERR", "clients.csv"));
 }
 
 TEST_F(RunFiles, DoNotOutliveARunWithoutErrors) {

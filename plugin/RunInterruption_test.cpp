@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/kit/ImportRun.h"
+#include "tests/kit/TextFile.h"
 
 namespace imptable {
 namespace {
@@ -70,8 +71,8 @@ TEST_F(RunInterruption, ThatComesAfterTheLastLineChangesNothing) {
 }
 
 TEST_F(RunInterruption, LeavesTheFilesOfAResumeThatHasNotBegun) {
-  run_.folder.Write("CLIENTS.TRC", "00000001000000000\n00000002100000001\n");
-  run_.folder.Write("CLIENTS.LER", "2;b\n");
+  run_.folder.Write("CLIENTS.TRC", TextFile({"00000001000000000", "00000002100000001"}));
+  run_.folder.Write("CLIENTS.LER", TextFile({"2;b"}));
   StopAtYield(1);
   EXPECT_EQ(run_.Go(2), 3);
   EXPECT_THAT(run_.Trace(), ElementsAre("00000001000000000", "00000002100000001"));

@@ -51,7 +51,7 @@ TEST_F(TaskLoading, LooksUpVariablesInItsOrder) {
   EXPECT_EQ(loaded.owner, "value of Owner");
   EXPECT_EQ(loaded.table, "value of Table");
   EXPECT_EQ(loaded.alias, "value of Alias");
-  EXPECT_EQ(loaded.directory, "value of Dir/");
+  EXPECT_EQ(loaded.directory, std::string("value of Dir") + SystemPathSeparator());
   EXPECT_EQ(loaded.key_or_index, "value of Cle/Index");
   EXPECT_EQ(loaded.error_code, "value of CodErr");
 }
@@ -92,23 +92,21 @@ TEST_F(TaskLoading, KeepsTheNameOfAVariableAsItIs) {
 }
 
 TEST_F(TaskLoading, EndsTheDirectoryWithASeparator) {
-  struct Directory {
-    std::string_view stored, used;
-  };
-  constexpr Directory kDirectories[] = {
-      {"/data", "/data/"}, {"/data/", "/data/"},  {"C:\\data\\", "C:\\data\\"}, {"/", "/"},
-      {"", "/"},           {"/data ", "/data /"},
-  };
-  for (const Directory& directory : kDirectories) {
-    Set("Dir", directory.stored);
-    EXPECT_EQ(Load().directory, directory.used);
+  const std::string separator(1, SystemPathSeparator());
+  for (const std::string none : {"/data", "", "/data "}) {
+    Set("Dir", none);
+    EXPECT_EQ(Load().directory, none + separator);
+  }
+  for (const std::string& ended : {"data" + separator, separator, std::string("C:\\data\\")}) {
+    Set("Dir", ended);
+    EXPECT_EQ(Load().directory, ended);
   }
 }
 
 TEST_F(TaskLoading, EndsTheDirectoryThatAVariableNamesToo) {
   Set("Dir", "@D");
   component_.host.variables["D"] = "/data";
-  EXPECT_EQ(Load().directory, "/data/");
+  EXPECT_EQ(Load().directory, std::string("/data") + SystemPathSeparator());
 }
 
 TEST_F(TaskLoading, MakesTheErrorLimitANumberOf32Bits) {

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
+
 namespace imptable {
 
 ImportRun::ImportRun() : folder(testing::TempDir()) {
@@ -65,21 +68,31 @@ std::int32_t ImportRun::GoBy(const std::function<void(ImpTable&)>& start) {
   return task.GetStatus();
 }
 
-std::vector<std::string> ImportRun::Lines(const std::string& name) const {
+std::vector<std::string> ImportRun::Lines(const std::string& name,
+                                          std::string_view line_end) const {
   if (!folder.Exists(name)) return {"<none>"};
   const std::string bytes = folder.Read(name);
   std::vector<std::string> lines;
   std::string_view rest = bytes;
   while (!rest.empty()) {
-    const std::size_t end = rest.find('\n');
+    const std::size_t end = rest.find(line_end);
     if (end == std::string_view::npos) {
       lines.push_back(std::string(rest) + "<torn>");
       break;
     }
     lines.emplace_back(rest.substr(0, end));
-    rest.remove_prefix(end + 1);
+    rest.remove_prefix(end + line_end.size());
   }
   return lines;
+}
+
+std::vector<std::string> ImportRun::FileNames() const {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
+    names.push_back(entry.path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
 }
 
 std::vector<std::string> ImportRun::Executed() const {

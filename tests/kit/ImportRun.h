@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/FileSystem.h"
 #include "platform/testing/TemporaryFolder.h"
 #include "plugin/ImpTable.h"
 #include "tests/drivers/ScriptedDataSource.h"
@@ -69,10 +70,14 @@ class ImportRun {
 
   /// Lines of a file of the run, without their line ends; a last line without one has "<torn>"
   /// after it. A file that doesn't exist gives the one line "<none>".
-  std::vector<std::string> Lines(const std::string& name) const;
+  std::vector<std::string> Lines(const std::string& name,
+                                 std::string_view line_end = SystemLineEnd()) const;
   std::vector<std::string> Errors() const { return Lines("CLIENTS.ERR"); }
   std::vector<std::string> Rejected() const { return Lines("CLIENTS.LER"); }
   std::vector<std::string> Trace() const { return Lines("CLIENTS.TRC"); }
+
+  /// Names of the run's files, in alphabetical order.
+  std::vector<std::string> FileNames() const;
 
   /// What the driver was given to execute, as "1='7' 2='a'".
   std::vector<std::string> Executed() const;
