@@ -15,6 +15,10 @@ BSTR Translated(const std::string& text) { return ToAutomation(text); }
 VARIANT_BOOL Translated(bool value) { return value ? VARIANT_TRUE : VARIANT_FALSE; }
 short Translated(std::int16_t number) { return number; }
 LONG Translated(std::int32_t number) { return number; }
+template <typename Interface>
+Interface* Translated(ComPointer<Interface> object) {
+  return object.Release();
+}
 
 }  // namespace
 
@@ -37,8 +41,10 @@ HRESULT ImpTableObject::Serve(std::initializer_list<const void*> pointers, Body 
 
 template <typename Result, typename Body>
 HRESULT ImpTableObject::Give(Result* result, Body body) noexcept {
-  if (result != nullptr) *result = {};
-  return Serve({result}, [&] { *result = Translated(body()); });
+  Result unwanted{};
+  Result& place = result == nullptr ? unwanted : *result;
+  place = {};
+  return Serve({result}, [&] { place = Translated(body()); });
 }
 
 STDMETHODIMP ImpTableObject::get_Nom(BSTR* value) noexcept {
@@ -90,8 +96,7 @@ STDMETHODIMP ImpTableObject::put_Scen(BSTR value) noexcept {
 }
 
 STDMETHODIMP ImpTableObject::get_Bouton(IDispatch** value) noexcept {
-  if (value != nullptr) *value = nullptr;
-  return Serve({value}, [&] { *value = ComPointer(button_.object()).Release(); });
+  return Give(value, [&] { return ComPointer(button_.object()); });
 }
 
 STDMETHODIMP ImpTableObject::putref_Bouton(IDispatch* value) noexcept {
@@ -119,9 +124,10 @@ STDMETHODIMP ImpTableObject::IsTrigger(VARIANT_BOOL* result) noexcept {
 }
 
 STDMETHODIMP ImpTableObject::IsActionSupported(LONG* action_type, VARIANT_BOOL* result) noexcept {
-  if (result != nullptr) *result = VARIANT_FALSE;
-  return Serve({action_type, result},
-               [&] { *result = Translated(task_.IsActionSupported(*action_type)); });
+  return Give(result, [&] {
+    if (action_type == nullptr) throw AutomationError(E_POINTER);
+    return task_.IsActionSupported(*action_type);
+  });
 }
 
 STDMETHODIMP ImpTableObject::ShowWrapper(LONG* result) noexcept {
@@ -129,10 +135,7 @@ STDMETHODIMP ImpTableObject::ShowWrapper(LONG* result) noexcept {
 }
 
 STDMETHODIMP ImpTableObject::GetPicture(IPictureDisp** result) noexcept {
-  if (result != nullptr) *result = nullptr;
-  return Serve({result}, [&] {
-    *result = LoadPicture(hold_.module().handle(), task_.GetPicture()).Release();
-  });
+  return Give(result, [&] { return LoadPicture(hold_.module().handle(), task_.GetPicture()); });
 }
 
 STDMETHODIMP ImpTableObject::GetStatus(LONG* result) noexcept {
