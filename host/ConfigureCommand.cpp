@@ -34,6 +34,7 @@ ExitCode StartConfiguration(HostContext& context, const CommandRequest& request,
                                  "--lang",    english ? "en" : "fr", request.scenario,
                                  request.task};
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   console.out.flush();

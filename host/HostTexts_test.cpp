@@ -22,9 +22,9 @@ const Pair kPairs[] = {
 #undef HOST_TEXT
 };
 
-constexpr std::array kHelpedCommands{"",        "run", "configure", "describe",   "actions",   "status",
-                                     "list",    "get", "set",        "delete",    "variable",
-                                     "sources", "reg", "reg import", "reg export"};
+constexpr std::array kHelpedCommands{
+    "",    "run",    "configure", "describe", "actions", "status",     "list",      "get",
+    "set", "delete", "variable",  "sources",  "reg",     "reg import", "reg export"};
 
 bool Holds(const std::string& text, char number) {
   return text.find(std::string("%") + number) != std::string::npos;

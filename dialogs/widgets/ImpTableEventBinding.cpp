@@ -49,14 +49,14 @@ void ImpTableWindow::Later(std::function<void()> work) {
 void ImpTableWindow::BindTexts() {
   for (const TextControl& text : kTextControls) {
     const std::string name(text.name);
-    wxWindow* const control = controls_.at(name);
+    wxWindow& control = *controls_.at(name);
     const auto typed = [this, name](const wxString& value) {
       if (!painting_) presenter_.OnText(name, text_.Stored(value));
     };
-    if (auto* const password = dynamic_cast<PasswordField*>(control)) {
+    if (auto* const password = PasswordField::From(control)) {
       password->OnText(typed);
     } else {
-      control->Bind(wxEVT_TEXT, [typed](wxCommandEvent& event) { typed(event.GetString()); });
+      control.Bind(wxEVT_TEXT, [typed](wxCommandEvent& event) { typed(event.GetString()); });
     }
   }
   controls_.at("Combo1")->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent& event) {
@@ -98,7 +98,7 @@ void ImpTableWindow::BindFocus(wxWindow* control, const std::string& name) {
   const auto comes = [this, name] { Later([this, name] { presenter_.OnFocus(name); }); };
   const auto goes = [this, name] { Later([this, name] { presenter_.OnLeave(name); }); };
   const bool is_text = IsTextControl(name);
-  if (auto* const password = dynamic_cast<PasswordField*>(control)) {
+  if (auto* const password = PasswordField::From(*control)) {
     password->OnFocus([comes, goes](bool has) { has ? comes() : goes(); });
     return;
   }

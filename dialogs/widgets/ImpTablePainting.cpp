@@ -88,11 +88,11 @@ void ImpTableWindow::NameControls(const ImpTableState& state) {
     const auto caption = state.captions.find(control.label);
     if (caption == state.captions.end()) continue;
     const wxString name = wxControl::RemoveMnemonics(text_.Shown(caption->second));
-    wxWindow* const window = controls_.at(control.name);
-    if (auto* const password = dynamic_cast<PasswordField*>(window)) {
+    wxWindow& window = *controls_.at(control.name);
+    if (auto* const password = PasswordField::From(window)) {
       for (wxWindow* const field : password->GetChildren()) SetAccessibleName(*field, name);
     } else {
-      SetAccessibleName(*window, name);
+      SetAccessibleName(window, name);
     }
   }
 }
@@ -119,14 +119,14 @@ void ImpTableWindow::ShowTexts(const ImpTableState& state) {
   if (sources->GetStrings() != names) sources->Set(names);
 
   for (const TextControl& text : kTextControls) {
-    wxWindow* const control = controls_.at(std::string(text.name));
+    wxWindow& control = *controls_.at(std::string(text.name));
     const wxString value = text_.Shown(state.*text.text);
-    if (auto* const password = dynamic_cast<PasswordField*>(control)) {
+    if (auto* const password = PasswordField::From(control)) {
       password->Show(value, state.password_masked);
       continue;
     }
-    auto* const entry = dynamic_cast<wxTextEntry*>(control);
-    if (entry->GetValue() != value) entry->ChangeValue(value);
+    auto& entry = dynamic_cast<wxTextEntry&>(control);
+    if (entry.GetValue() != value) entry.ChangeValue(value);
   }
 }
 

@@ -23,6 +23,10 @@ PasswordField::PasswordField(wxWindow* parent, int characters)
   plain_->Hide();
 }
 
+PasswordField* PasswordField::From(wxWindow& control) {
+  return dynamic_cast<PasswordField*>(&control);
+}
+
 void PasswordField::Watch(wxTextCtrl* field) {
   field->Bind(wxEVT_TEXT, [this, field](wxCommandEvent&) {
     if (field == shown_ && on_text_) on_text_(field->GetValue());

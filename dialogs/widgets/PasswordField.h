@@ -15,6 +15,9 @@ class PasswordField : public wxPanel {
  public:
   PasswordField(wxWindow* parent, int characters);
 
+  /// The control as what it is; null when it is another kind of control.
+  static PasswordField* From(wxWindow& control);
+
   /// @param handler  called with each text that is typed.
   void OnText(std::function<void(const wxString& text)> handler);
 
