@@ -17,26 +17,41 @@ else()
   set(other_system win32)
 endif()
 
-# The tests of a program: each as one of CTest's, but under Wine the program as a whole.
+# imptable_tests(PROGRAM [SHARDS])
+#
+# The tests of a program: each as one of CTest's, but under Wine, where a process takes its time to
+# start, the program as a whole or as that many shards.
 function(imptable_tests program)
   if(WIN32)
-    add_test(NAME ${program}
-      COMMAND "${CMAKE_SOURCE_DIR}/tests/win32/unit-tests" "$<TARGET_FILE:${program}>")
-    set_tests_properties(${program} PROPERTIES TIMEOUT 300)
+    set(shards 1)
+    if(ARGC GREATER 1)
+      set(shards ${ARGV1})
+    endif()
+    foreach(shard RANGE 1 ${shards})
+      set(name ${program})
+      if(shards GREATER 1)
+        string(APPEND name /${shard})
+      endif()
+      add_test(NAME ${name}
+        COMMAND "${CMAKE_SOURCE_DIR}/tests/win32/unit-tests" "$<TARGET_FILE:${program}>")
+      math(EXPR index "${shard} - 1")
+      set_tests_properties(${name} PROPERTIES TIMEOUT 300
+        ENVIRONMENT "GTEST_TOTAL_SHARDS=${shards};GTEST_SHARD_INDEX=${index}")
+    endforeach()
   else()
     gtest_discover_tests(${program} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
   endif()
 endfunction()
 
 # imptable_folder(NAME [DEPENDS libraries...] [TEST_DEPENDS libraries...]
-#                 [LEAVE_OUT sources...])
+#                 [LEAVE_OUT sources...] [TEST_SHARDS number])
 #
 # The current folder as one library NAME and one test program NAME_test. Unit tests stand beside
 # what they test (*_test.cpp); bodies and tests for another system (*_linux.cpp, *_win32.cpp,
 # *_linux_test.cpp, *_win32_test.cpp) are left out. A dependency that the tree doesn't allow isn't
 # linked, so it fails.
 function(imptable_folder name)
-  cmake_parse_arguments(ARG "" "" "DEPENDS;TEST_DEPENDS;LEAVE_OUT" ${ARGN})
+  cmake_parse_arguments(ARG "" "TEST_SHARDS" "DEPENDS;TEST_DEPENDS;LEAVE_OUT" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
   set(tests ${sources})
   list(FILTER sources EXCLUDE REGEX "_test\\.cpp$|_${other_system}\\.cpp$")
@@ -56,6 +71,6 @@ function(imptable_folder name)
     add_executable(${name}_test ${tests})
     target_link_libraries(${name}_test PRIVATE ${name} ${ARG_TEST_DEPENDS}
       GTest::gmock GTest::gtest_main)
-    imptable_tests(${name}_test)
+    imptable_tests(${name}_test ${ARG_TEST_SHARDS})
   endif()
 endfunction()
