@@ -166,7 +166,8 @@ TEST(LineReader, HoldsLinesOfSeveralBlocks) {
   const std::string longest(5 * kBlock + 17, 'x');
   EXPECT_TRUE(LinesOf(ReaderOf("a\r\n" + longest + "\r\nb\r\n" + longest)) ==
               (std::vector<std::string>{"a", longest, "b", longest}));
-  EXPECT_TRUE(LinesOf(ReaderOf(longest + "\rb", 10'000)) == (std::vector<std::string>{longest, "b"}));
+  EXPECT_TRUE(LinesOf(ReaderOf(longest + "\rb", 10'000)) ==
+              (std::vector<std::string>{longest, "b"}));
 }
 
 TEST(LineReader, CountsTheBytesThatTheLinesTook) {
