@@ -55,7 +55,7 @@ auto OnMainThread(Question question) {
 
 wxDialog* FrontDialog() {
   for (auto at = wxTopLevelWindows.GetLast(); at != nullptr; at = at->GetPrevious()) {
-    auto* const dialog = wxDynamicCast(at->GetData(), wxDialog);
+    auto* const dialog = dynamic_cast<wxDialog*>(at->GetData());
     if (dialog != nullptr && dialog->IsShown() && dialog->IsModal()) return dialog;
   }
   return nullptr;
@@ -140,7 +140,7 @@ void Person::DoubleClick(const std::string& control) { ClickAt(AimAt(control), 2
 void Person::ClickCell(const std::string& grid, int row, int column) {
   WaitFor([&] { return PlaceOf(grid); }, grid);
   const wxRect cell = OnMainThread([&] {
-    auto* const control = wxDynamicCast(Control(grid), wxGrid);
+    auto* const control = dynamic_cast<wxGrid*>(Control(grid));
     if (row >= control->GetNumberRows() || column >= control->GetNumberCols()) {
       throw std::runtime_error(grid + " has no such cell");
     }
@@ -166,7 +166,7 @@ void Person::ClickEntry(const std::string& list, int entry) {
   // Entries of one height fill the list from its top.
   const wxRect place = *OnMainThread([&] { return PlaceOf(list); });
   const int height = OnMainThread([&] {
-    auto* const box = wxDynamicCast(Control(list), wxListBox);
+    auto* const box = dynamic_cast<wxListBox*>(Control(list));
     int y = 0;
     while (y < box->GetSize().y && box->HitTest(5, y + 2) == 0) ++y;
     return y;
@@ -176,7 +176,7 @@ void Person::ClickEntry(const std::string& list, int entry) {
 
 void Person::ClickTab(int tab) {
   const wxPoint place = OnMainThread([&] {
-    auto* const tabs = wxDynamicCast(Control("SSTab1"), wxNotebook);
+    auto* const tabs = dynamic_cast<wxNotebook*>(Control("SSTab1"));
     // Toolkits tell which tab is at a point, but not where a tab is.
     const int y = tabs->GetClientRect().y + 12;
     for (int x = 2; x < tabs->GetSize().x; x += 4) {
@@ -185,7 +185,7 @@ void Person::ClickTab(int tab) {
     throw std::runtime_error("there is no tab " + std::to_string(tab));
   });
   ClickAt(place, 1);
-  WaitUntil([&] { return wxDynamicCast(Control("SSTab1"), wxNotebook)->GetSelection() == tab; },
+  WaitUntil([&] { return dynamic_cast<wxNotebook*>(Control("SSTab1"))->GetSelection() == tab; },
             "tab " + std::to_string(tab));
 }
 
@@ -215,10 +215,10 @@ std::string Person::Sees(const std::string& control) {
     if (const auto* const text = dynamic_cast<wxTextEntry*>(window)) {
       return text->GetValue().utf8_string();
     }
-    if (const auto* const check = wxDynamicCast(window, wxCheckBox)) {
+    if (const auto* const check = dynamic_cast<wxCheckBox*>(window)) {
       return check->GetValue() ? "1" : "0";
     }
-    if (const auto* const option = wxDynamicCast(window, wxRadioButton)) {
+    if (const auto* const option = dynamic_cast<wxRadioButton*>(window)) {
       return option->GetValue() ? "1" : "0";
     }
     for (wxWindow* const child : window->GetChildren()) {
@@ -232,7 +232,7 @@ std::string Person::Sees(const std::string& control) {
 
 std::string Person::SeesCell(const std::string& grid, int row, int column) {
   const auto look = [&]() -> std::string {
-    auto* const control = wxDynamicCast(Control(grid), wxGrid);
+    auto* const control = dynamic_cast<wxGrid*>(Control(grid));
     const bool is_there = row < control->GetNumberRows() && column < control->GetNumberCols();
     return is_there ? control->GetCellValue(row, column).utf8_string() : std::string();
   };
@@ -295,7 +295,7 @@ std::vector<std::string> Person::CutControls() {
 }
 
 int Person::FrontTab() {
-  return OnMainThread([] { return wxDynamicCast(Control("SSTab1"), wxNotebook)->GetSelection(); });
+  return OnMainThread([] { return dynamic_cast<wxNotebook*>(Control("SSTab1"))->GetSelection(); });
 }
 
 std::string Person::Focused() {
@@ -304,7 +304,7 @@ std::string Person::Focused() {
     // The inner windows of a grid or a field have names of the toolkit's.
     while (focus != nullptr && !focus->IsTopLevel()) {
       const std::string name = focus->GetName().utf8_string();
-      if (wxDynamicCast(focus, wxGrid) != nullptr ||
+      if (dynamic_cast<wxGrid*>(focus) != nullptr ||
           (name != "text" && name != "panel" && name != "gridwindow" && name != "GridWindow")) {
         return name;
       }
