@@ -28,7 +28,7 @@ std::string AdministratorPath() {
   std::string_view folders = path == nullptr ? "" : path;
   while (!folders.empty()) {
     const std::size_t end = folders.find(':');
-    const std::string program = std::string(folders.substr(0, end)) + '/' + name;
+    std::string program = std::string(folders.substr(0, end)) + '/' + name;
     if (IsProgram(program)) return program;
     folders.remove_prefix(end == std::string_view::npos ? folders.size() : end + 1);
   }
