@@ -62,12 +62,12 @@ ChildProcess::ChildProcess(const Invocation& invocation) {
   // Whoever runs the tests may have these ignored, which a program would inherit.
   std::signal(SIGINT, SIG_DFL);
   std::signal(SIGTERM, SIG_DFL);
-  if (invocation.most_file_bytes) {
-    const rlimit limit{*invocation.most_file_bytes, *invocation.most_file_bytes};
-    std::signal(SIGXFSZ, SIG_IGN);
-    if (setrlimit(RLIMIT_FSIZE, &limit) != 0) _exit(kNotStarted);
-  }
+  std::signal(SIGXFSZ, SIG_DFL);
   if (!invocation.folder.empty() && chdir(invocation.folder.c_str()) != 0) _exit(kNotStarted);
+  for (const auto& [resource, most] : invocation.limits) {
+    const rlimit limit{most, most};
+    if (setrlimit(static_cast<__rlimit_resource>(resource), &limit) != 0) _exit(kNotStarted);
+  }
   execvpe(word_pointers[0], word_pointers.data(), environment_pointers.data());
   _exit(kNotStarted);
 }

@@ -6,7 +6,6 @@
 #include <chrono>
 #include <cstdint>
 #include <map>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,12 +17,11 @@ using Environment = std::map<std::string, std::string>;
 
 /// A program, what it is told and what surrounds it.
 struct Invocation {
-  std::vector<std::string> words;  ///< the program first, looked up in PATH
-  Environment environment = {};    ///< besides PATH and HOME; nothing else is handed on
-  std::string folder = {};         ///< it starts there; empty: here
-  std::string input = {};          ///< its standard input
-  std::optional<std::uint64_t> most_file_bytes =
-      {};  ///< a file that would be longer can't be written
+  std::vector<std::string> words;            ///< the program first, looked up in PATH
+  Environment environment = {};              ///< besides PATH and HOME; nothing else is handed on
+  std::string folder = {};                   ///< it starts there; empty: here
+  std::string input = {};                    ///< its standard input
+  std::map<int, std::uint64_t> limits = {};  ///< on its resources, by RLIMIT_...
 };
 
 struct Ending {

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <sys/mount.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -36,7 +37,7 @@ class SmallRoom {
   SmallRoom& operator=(const SmallRoom&) = delete;
 
   Invocation In(Invocation invocation) const {
-    if (!mounted_) invocation.most_file_bytes = kRoom;
+    if (!mounted_) invocation.limits[RLIMIT_FSIZE] = kRoom;
     return invocation;
   }
 
@@ -77,6 +78,18 @@ TEST(FullDisk, EndsTheRunWithItsFaultAndAResumeLosesNothing_on_postgresql) {
   EXPECT_EQ(resumed.code, 1) << resumed.err;
   EXPECT_EQ(task.Rows("SELECT COUNT(*), COUNT(DISTINCT code) FROM client"),
             std::to_string(kLines / 2) + '|' + std::to_string(kLines / 2) + '\n');
+}
+
+TEST(FileSizeLimit, IsAFullDiskAndNoSignalThatEndsTheRun) {
+  const ClientTask task(DatabaseKind::kSqlite, "\"Erreurs\"=\"30000\"\n");
+  task.Source(HalfOfTheLinesAreBad());
+  Invocation invocation = task.RunCommand();
+  invocation.limits[RLIMIT_FSIZE] = kRoom / 2;
+  const Ending full = Finish(invocation);
+  EXPECT_EQ(full.code, 1) << full.out << full.err;
+  EXPECT_THAT(full.err, HasSubstr("Disk full : "));
+  EXPECT_THAT(full.err, HasSubstr("CLIENTS.ERR"));
+  EXPECT_EQ(task.Status(), "3");
 }
 
 /// The superuser, to whom no folder is closed, gives up that right.
