@@ -9,13 +9,13 @@
 namespace imptable {
 namespace {
 
-constexpr std::size_t kBlockBytes = std::size_t{256} << 10U;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 }  // namespace
 
-LineReader::LineReader(std::unique_ptr<InputFile> file, std::string path, bool skip_mark)
-    : file_(std::move(file)), path_(std::move(path)), buffer_(kBlockBytes), skip_mark_(skip_mark) {}
+LineReader::LineReader(std::unique_ptr<InputFile> file, std::string path, bool skip_mark,
+                       std::size_t block_bytes)
+    : file_(std::move(file)), path_(std::move(path)), buffer_(block_bytes), skip_mark_(skip_mark) {}
 
 void LineReader::Refill() {
   const std::size_t kept = end_ - begin_;

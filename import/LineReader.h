@@ -22,7 +22,9 @@ class LineReader {
  public:
   /// @param path  names the file in faults.
   /// @param skip_mark  whether a UTF-8 byte order mark at the start is skipped.
-  LineReader(std::unique_ptr<InputFile> file, std::string path, bool skip_mark);
+  /// @param block_bytes  of memory to begin with, at least one; doubled while a line is longer.
+  LineReader(std::unique_ptr<InputFile> file, std::string path, bool skip_mark,
+             std::size_t block_bytes = std::size_t{256} << 10U);
 
   /// @param line  the next line without its end; valid until the next call.
   /// @return false at the end of the file.
