@@ -10,7 +10,7 @@ set(may_include_plugin "platform plugin/core odbc import plugin")
 set(may_include_dialogs "platform plugin/core odbc import plugin dialogs")
 set(may_include_dialogs/widgets "platform plugin/core odbc import plugin dialogs dialogs/widgets")
 set(may_include_plugin/automation
-  "platform plugin/core odbc import plugin plugin/automation")
+  "platform plugin/core odbc import plugin dialogs dialogs/widgets plugin/automation")
 set(may_include_host "platform plugin/core odbc import plugin host")
 set(may_include_host/configure
   "platform plugin/core odbc import plugin dialogs dialogs/widgets host host/configure")

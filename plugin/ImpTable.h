@@ -27,7 +27,7 @@ class ImpTable {
  public:
   /// Reads the language offset from the registry and creates the report writer.
   /// @param state, events  borrowed; must outlive the object. events may be null.
-  /// @param dialogs  borrowed; null in a build without windows.
+  /// @param dialogs  borrowed; null where nobody shows any.
   ImpTable(ModuleState& state, ImpTableEvents* events, TaskDialogFactory* dialogs = nullptr);
   ImpTable(const ImpTable&) = delete;
   ImpTable& operator=(const ImpTable&) = delete;
@@ -49,7 +49,7 @@ class ImpTable {
   void ExecuteTache();
 
   /// Shows the configuration dialog. @return 0.
-  /// @throws RuntimeFault  no such host object, when the build has no dialogs.
+  /// @throws RuntimeFault  no such host object, when there are no dialogs to show.
   std::int16_t Affiche();
 
   /// The same with the host's caption and the wrapper's icon. @return Etat after the dialog.

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "dialogs/widgets/WidgetText.h"
-#include "resources/icon.xpm"
 
 namespace imptable {
 namespace {
@@ -16,8 +15,6 @@ constexpr std::int32_t kMessageConfirm = 2;
 constexpr std::int32_t kMessageCancel = 3;
 
 }  // namespace
-
-wxIcon DialogIcon() { return wxIcon(icon_xpm); }
 
 void FinishDialog(wxDialog& dialog, const ModuleCommun& module, wxSizer* contents,
                   std::function<void()> confirm) {

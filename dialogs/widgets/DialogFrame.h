@@ -2,16 +2,12 @@
 #define DIALOGS_WIDGETS_DIALOG_FRAME_H_
 
 #include <wx/dialog.h>
-#include <wx/icon.h>
 
 #include <functional>
 
 #include "plugin/core/ModuleCommun.h"
 
 namespace imptable {
-
-/// The icon of every dialog.
-wxIcon DialogIcon();
 
 /// Gives a small dialog its buttons cmdValider and cmdAnnuler below its contents, and its size.
 /// Enter confirms, Escape cancels.

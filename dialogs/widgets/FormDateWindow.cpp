@@ -9,6 +9,7 @@
 
 #include "dialogs/DateFormat.h"
 #include "dialogs/widgets/DialogFrame.h"
+#include "dialogs/widgets/DialogIcon.h"
 
 namespace imptable {
 namespace {
@@ -32,7 +33,7 @@ FormDateWindow::FormDateWindow(wxWindow* parent, const ModuleCommun& module)
       text_(module.platform.encoding),
       presenter_(module, *this) {
   SetTitle(Message(kMessageTitle));
-  SetIcon(DialogIcon());
+  SetIcons(DialogIcon());
   auto* const right = new wxBoxSizer(wxVERTICAL);
   auto* const groups = new wxBoxSizer(wxHORIZONTAL);
   groups->Add(MakeStyles(), wxSizerFlags(1).Expand().Border(wxRIGHT));

@@ -4,6 +4,7 @@
 #include <wx/textctrl.h>
 
 #include "dialogs/widgets/DialogFrame.h"
+#include "dialogs/widgets/DialogIcon.h"
 #include "dialogs/widgets/Spinner.h"
 
 namespace imptable {
@@ -14,7 +15,7 @@ FormNombreWindow::FormNombreWindow(wxWindow* parent, const ModuleCommun& module,
                wxDEFAULT_DIALOG_STYLE, "FormNombre"),
       text_(module.platform.encoding),
       presenter_(module, boxes, *this, kind) {
-  SetIcon(DialogIcon());
+  SetIcons(DialogIcon());
   number_ = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, 0,
                            wxDefaultValidator, "TextNombre");
   number_->Bind(wxEVT_TEXT,

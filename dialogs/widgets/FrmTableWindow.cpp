@@ -7,6 +7,7 @@
 #include <string>
 
 #include "dialogs/widgets/DialogFrame.h"
+#include "dialogs/widgets/DialogIcon.h"
 
 namespace imptable {
 namespace {
@@ -21,7 +22,7 @@ FrmTableWindow::FrmTableWindow(wxWindow* parent, const ModuleCommun& module,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, "FrmTable"),
       text_(module.platform.encoding),
       picker_(picker) {
-  SetIcon(DialogIcon());
+  SetIcons(DialogIcon());
   list_ =
       new wxListView(this, wxID_ANY, wxDefaultPosition, FromDIP(kListSize),
                      wxLC_REPORT | wxLC_NO_HEADER | wxLC_SINGLE_SEL, wxDefaultValidator, "List1");

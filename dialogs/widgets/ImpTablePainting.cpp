@@ -13,7 +13,7 @@
 
 #include "dialogs/ImpTableControls.h"
 #include "dialogs/widgets/AccessibleName.h"
-#include "dialogs/widgets/DialogFrame.h"
+#include "dialogs/widgets/DialogIcon.h"
 #include "dialogs/widgets/ImpTableWindow.h"
 #include "dialogs/widgets/PasswordField.h"
 
@@ -68,7 +68,7 @@ bool ImpTableWindow::ShowCaptions(const ImpTableState& state) {
   const wxString caption = text_.Shown(state.caption);
   if (GetTitle() != caption) {
     SetTitle(caption);
-    SetIcon(DialogIcon());
+    SetIcons(DialogIcon());
   }
   bool changed = false;
   for (const auto& [name, text] : state.captions) {

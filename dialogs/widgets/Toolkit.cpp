@@ -4,6 +4,9 @@
 #include <wx/init.h>
 #include <wx/log.h>
 
+#include <exception>
+#include <utility>
+
 namespace imptable {
 namespace {
 
@@ -15,6 +18,19 @@ class DialogApplication : public wxApp {
     SetExitOnFrameDelete(false);
     return true;
   }
+
+  // What a handler throws ends the dialog and leaves ShowModal; else the toolkit would end the
+  // process.
+  bool StoreCurrentException() override {
+    failure_ = std::current_exception();
+    return true;
+  }
+  void RethrowStoredException() override {
+    if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
+  }
+
+ private:
+  std::exception_ptr failure_;
 };
 
 }  // namespace

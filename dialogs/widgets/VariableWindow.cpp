@@ -4,6 +4,7 @@
 #include <wx/treectrl.h>
 
 #include "dialogs/widgets/DialogFrame.h"
+#include "dialogs/widgets/DialogIcon.h"
 
 namespace imptable {
 namespace {
@@ -18,7 +19,7 @@ VariableWindow::VariableWindow(wxWindow* parent, const ModuleCommun& module,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, "FrmVariables"),
       text_(module.platform.encoding) {
   SetTitle(text_.Shown(state.caption));
-  SetIcon(DialogIcon());
+  SetIcons(DialogIcon());
   names_ = new wxTreeCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(kListSize),
                           wxTR_HAS_BUTTONS | wxTR_HIDE_ROOT | wxTR_NO_LINES | wxTR_SINGLE,
                           wxDefaultValidator, "lstVariables");

@@ -18,7 +18,7 @@ std::wstring AutomationModule::Path() const {
 }
 
 LoadedComponent& AutomationModule::component() {
-  if (!component_) component_ = std::make_unique<LoadedComponent>();
+  if (!component_) component_ = std::make_unique<LoadedComponent>(*this);
   return *component_;
 }
 

@@ -19,7 +19,7 @@ ImpTableObject::ImpTableObject(AutomationModule& module)
     : hold_(module),
       commun_(module.component().state().commun),
       events_(module, *this),
-      task_(module.component().state(), &events_) {
+      task_(module.component().state(), &events_, &module.component().dialogs()) {
   task_.Bouton = &button_;
 }
 

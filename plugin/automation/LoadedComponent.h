@@ -5,19 +5,26 @@
 
 #include "plugin/ModuleState.h"
 #include "plugin/StandaloneHostLibrary.h"
+#include "plugin/TaskDialog.h"
+#include "plugin/automation/DialogPorts.h"
 #include "plugin/automation/HostObjectLibrary.h"
 
 namespace imptable {
 
-/// The component on top of Windows: the system's ports, the host's object library and the state
-/// that all objects share.
+class AutomationModule;
+
+/// The component on top of Windows: the system's ports, the host's object library, the state and
+/// the dialogs that all objects share.
 class LoadedComponent {
  public:
-  LoadedComponent();
+  /// @param module  borrowed.
+  explicit LoadedComponent(AutomationModule& module);
   LoadedComponent(const LoadedComponent&) = delete;
   LoadedComponent& operator=(const LoadedComponent&) = delete;
+  ~LoadedComponent();
 
   ModuleState& state() { return state_; }
+  TaskDialogFactory& dialogs() { return *dialogs_; }
 
  private:
   std::unique_ptr<Registry> registry_;
@@ -25,12 +32,12 @@ class LoadedComponent {
   std::unique_ptr<Clock> clock_;
   std::unique_ptr<TextEncoding> encoding_;
   std::unique_ptr<FileSystem> files_;
-  std::unique_ptr<WarningBox> warning_box_;
-  std::unique_ptr<MousePointer> mouse_pointer_;
   std::unique_ptr<ProfileFile> profile_file_;
+  DialogPorts dialog_ports_;
   StandaloneHostLibrary standalone_;
   HostObjectLibrary library_{standalone_};
   ModuleState state_;
+  std::unique_ptr<TaskDialogFactory> dialogs_;
 };
 
 }  // namespace imptable

@@ -1,0 +1,10 @@
+#include <wx/icon.h>
+
+#include "dialogs/widgets/DialogIcon.h"
+#include "resources/icon.xpm"
+
+namespace imptable {
+
+wxIconBundle DialogIcon() { return wxIconBundle(wxIcon(icon_xpm)); }
+
+}  // namespace imptable

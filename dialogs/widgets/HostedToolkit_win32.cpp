@@ -1,0 +1,18 @@
+#include "dialogs/widgets/HostedToolkit_win32.h"
+
+#include <wx/msw/private.h>
+
+#include <clocale>
+#include <string>
+
+namespace imptable {
+
+std::unique_ptr<Toolkit> StartHostedToolkit(HINSTANCE__* module) {
+  const std::string locale = std::setlocale(LC_ALL, nullptr);
+  wxSetInstance(module);
+  std::unique_ptr<Toolkit> toolkit = Toolkit::Start();
+  std::setlocale(LC_ALL, locale.c_str());
+  return toolkit;
+}
+
+}  // namespace imptable

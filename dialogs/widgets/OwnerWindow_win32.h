@@ -1,0 +1,24 @@
+#ifndef DIALOGS_WIDGETS_OWNER_WINDOW_WIN32_H_
+#define DIALOGS_WIDGETS_OWNER_WINDOW_WIN32_H_
+
+#include <wx/toplevel.h>
+
+#include "platform/Windows_win32.h"
+
+namespace imptable {
+
+/// A window of the host as the toolkit sees it while it owns a dialog: disabled while the dialog is
+/// open, enabled and active after. Its messages stay the host's alone.
+class OwnerWindow : public wxTopLevelWindow {
+ public:
+  /// @param window  borrowed; a top-level window of this thread that outlives this.
+  explicit OwnerWindow(HWND window);
+  ~OwnerWindow() override;
+
+  /// The thread's active window; null when there is none.
+  static HWND OfThread();
+};
+
+}  // namespace imptable
+
+#endif  // DIALOGS_WIDGETS_OWNER_WINDOW_WIN32_H_
