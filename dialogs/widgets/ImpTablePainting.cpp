@@ -137,9 +137,10 @@ void ImpTableWindow::ShowChoices(const ImpTableState& state) {
   for (const OptionControl& option : kOptionControls) {
     const int selected = state.*option.selected;
     if (selected < 0 || selected >= option.count) continue;
-    static_cast<wxRadioButton*>(
-        controls_.at(std::string(option.name) + '(' + std::to_string(selected) + ')'))
-        ->SetValue(true);
+    auto* const button = static_cast<wxRadioButton*>(
+        controls_.at(std::string(option.name) + '(' + std::to_string(selected) + ')'));
+    // Setting it again could take the focus from the one that is being clicked.
+    if (!button->GetValue()) button->SetValue(true);
   }
   auto* const actions = static_cast<wxGrid*>(controls_.at("grdAc"));
   for (std::size_t column = 0; column < state.actions_header.size(); ++column) {

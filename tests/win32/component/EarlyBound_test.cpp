@@ -288,16 +288,6 @@ TEST_F(EarlyBoundClient, GetsAQuestionMarkForACharacterThatTheCodePageLacks) {
   EXPECT_EQ(GetText(task_, &_ImpTable::get_Nom), L"??\u20ac");
 }
 
-TEST_F(EarlyBoundClient, IsToldThatThereIsNoDialogInThisBuild) {
-  short outcome = 5;
-  EXPECT_EQ(task_->Affiche(&outcome), static_cast<HRESULT>(0x800A0000 | 430));
-  EXPECT_EQ(outcome, 0);
-  EXPECT_EQ(TakeErrorInformation().description,
-            L"Objet de l'h\u00f4te non disponible : FrmImpTable");
-  LONG mode = 5;
-  EXPECT_EQ(task_->ShowWrapper(&mode), static_cast<HRESULT>(0x800A0000 | 430));
-}
-
 TEST_F(EarlyBoundClient, FindsItsFloatingPointControlAsItWas) {
   constexpr unsigned kPrecisionRoundingAndDivisionByZero = 0x0F04;
   constexpr unsigned kSinglePrecisionRoundUpAndFault = 0x0800;

@@ -18,10 +18,11 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-constexpr milliseconds kPatience{20000};
+constexpr milliseconds kPatience{10000};
 constexpr milliseconds kGlance{30};  // between two looks
-constexpr UINT kAnswerTime = 5000;   // milliseconds
-constexpr int kMark = 8;             // of a box or option, from its left
+constexpr std::wstring_view kTabs = L"_wx_SysTabCtl32";
+constexpr UINT kAnswerTime = 5000;  // milliseconds
+constexpr int kMark = 8;            // of a box or option, from its left
 
 LRESULT Ask(HWND window, UINT message, WPARAM word, LPARAM pointer) {
   DWORD_PTR answer = 0;
@@ -69,6 +70,7 @@ HWND FindIn(HWND parent, std::wstring_view kind, std::wstring_view caption) {
   for (const HWND each : WindowsIn(parent)) {
     std::wstring text = TextOf(each);
     std::erase(text, L'&');
+    text.erase(text.find_last_not_of(L' ') + 1);
     if (ClassOf(each) == kind && text == caption) return each;
   }
   return nullptr;
@@ -135,7 +137,7 @@ auto WaitFor(Look look, const std::wstring& what) {
   throw std::runtime_error("waited in vain for " + FromWide(what));
 }
 
-bool HasTabs(HWND window) { return FindIn(window, L"SysTabControl32") != nullptr; }
+bool HasTabs(HWND window) { return FindIn(window, kTabs) != nullptr; }
 
 }  // namespace
 
@@ -200,7 +202,7 @@ void ScreenPerson::Click(const std::wstring& caption) const {
 }
 
 void ScreenPerson::ClickTab(int tab) const {
-  const HWND tabs = WaitFor([&] { return FindIn(Front(), L"SysTabControl32"); }, L"the tabs");
+  const HWND tabs = WaitFor([&] { return FindIn(Front(), kTabs); }, L"the tabs");
   RECT place{};
   Ask(tabs, TCM_GETITEMRECT, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&place));
   POINT point{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
@@ -219,6 +221,15 @@ void ScreenPerson::ClickGrid(std::size_t grid) const {
   const RECT place = PlaceOf(window);
   constexpr LONG kInside = 8;
   ClickAt(place.left + kInside, place.top + kInside);
+}
+
+void ScreenPerson::WaitForMenu(bool is_open) const {
+  WaitUntil(
+      [&] {
+        const HWND menu = FindWindowW(L"#32768", nullptr);
+        return is_open == (menu != nullptr && IsWindowVisible(menu) != FALSE);
+      },
+      "a menu");
 }
 
 void ScreenPerson::Fill(const std::wstring& label, const std::wstring& text) const {

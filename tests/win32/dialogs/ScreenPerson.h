@@ -39,6 +39,9 @@ class ScreenPerson {
   /// Clicks the first cell of the grid with this number, counted from the left.
   void ClickGrid(std::size_t grid) const;
 
+  /// Waits until a menu is open, or no longer.
+  void WaitForMenu(bool is_open = true) const;
+
   /// A field by the label at its left. Types in place of what it holds.
   void Fill(const std::wstring& label, const std::wstring& text) const;
   std::wstring Sees(const std::wstring& label) const;

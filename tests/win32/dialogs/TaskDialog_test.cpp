@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <thread>
+
 #include "platform/testing/TemporaryFolder.h"
 #include "tests/win32/component/Client.h"
 #include "tests/win32/dialogs/HostWindow.h"
@@ -19,8 +22,8 @@ class DialogOfTheComponent : public Client {
   DialogOfTheComponent() {
     database_.Execute("DROP TABLE IF EXISTS CLIENT");
     database_.Execute(
-        "CREATE TABLE CLIENT (ID INTEGER PRIMARY KEY, NAME VARCHAR(20), BORN DATE, AMOUNT FLOAT)");
-    folder_.Write("CLIENTS.CSV", "1;Anna;15/11/2006;12.5\r\n2;Bob;01/02/1999;3\r\n");
+        "CREATE TABLE CLIENT (ID INTEGER PRIMARY KEY, NAME VARCHAR(20), AMOUNT FLOAT)");
+    folder_.Write("CLIENTS.CSV", "1;Anna;12.5\r\n2;Bob;3\r\n");
     Choose(10000);
   }
   ~DialogOfTheComponent() override {
@@ -79,32 +82,17 @@ class DialogOfTheComponent : public Client {
     person.Fill(L"Alias", L"CLIENTS");
     person.Fill(L"Directory", Files());
     person.ClickTab(3);
-    EXPECT_TRUE(person.SeesText(L"1;Anna;15/11/2006;12.5"));
+    EXPECT_TRUE(person.SeesText(L"1;Anna;12.5"));
     person.ClickTab(1);
     person.Click(L"Fixed");
-    EXPECT_EQ(person.AnswerBox(), L"File contains 4 column(s)");
+    EXPECT_EQ(person.AnswerBox(), L"File contains 3 column(s)");
     person.Click(L"Delimited");
-    EXPECT_EQ(person.AnswerBox(), L"File contains 4 column(s)");
-    EXPECT_EQ(person.Sees(L"No. of columns"), L"4");
+    EXPECT_EQ(person.AnswerBox(), L"File contains 3 column(s)");
+    EXPECT_EQ(person.Sees(L"No. of columns"), L"3");
     person.Click(L"Decimal separator");
     person.ClickTab(3);
-    ChooseDate(person);
-    person.Click(L"List Columns");
+    person.Click(L"Column details");
     person.Click(L"Confirm");
-  }
-
-  /// Makes the third column of the file a date.
-  static void ChooseDate(ScreenPerson& person) {
-    person.ClickGrid(0);
-    ScreenPerson::Press(VK_ESCAPE);
-    for (const int key : {VK_DOWN, VK_DOWN, VK_SPACE, VK_DOWN, VK_DOWN, VK_DOWN, VK_RETURN}) {
-      ScreenPerson::Press(key);
-    }
-    EXPECT_EQ(person.WaitForOther(), L"Date format");
-    person.Click(L"jj?mm?aaaa");
-    person.Click(L"Include");
-    ScreenPerson::Press(VK_RETURN);
-    person.WaitForTaskDialog();
   }
 
   ShopDatabase database_;
@@ -128,8 +116,81 @@ TEST_F(DialogOfTheComponent, MakesATaskFromNothingThatRuns) {
   EXPECT_EQ(Get(task_, &_ImpTable::GetWorkingMode), 1);
   EXPECT_EQ(task_->ExecuteTache(), S_OK);
   EXPECT_EQ(Get(task_, &_ImpTable::GetStatus), 2);
-  EXPECT_EQ(database_.Rows("SELECT * FROM CLIENT ORDER BY ID"),
-            "1|Anna|2006-11-15|12.5\n2|Bob|1999-02-01|3.0\n");
+  EXPECT_EQ(database_.Rows("SELECT * FROM CLIENT ORDER BY ID"), "1|Anna|12.5\n2|Bob|3.0\n");
+}
+
+TEST_F(DialogOfTheComponent, IsOpenedAgainAndShowsWhatWasSaved) {
+  EXPECT_EQ(Show([&](ScreenPerson& person) { Configure(person); }), 1);
+  EXPECT_EQ(Show([&](ScreenPerson& person) {
+              EXPECT_EQ(person.Sees(L"Data source name"), L"Shop");
+              EXPECT_EQ(person.Sees(L"User"), L"me");
+              EXPECT_EQ(person.Sees(L"Alias"), L"CLIENTS");
+              EXPECT_EQ(person.Sees(L"Directory"), Files());
+              EXPECT_TRUE(person.IsChecked(L"Use <Alias>.csv"));
+              EXPECT_TRUE(person.IsChecked(L"Using INSERT"));
+              person.ClickTab(1);
+              EXPECT_EQ(person.Sees(L"No. of columns"), L"3");
+              EXPECT_TRUE(person.IsChecked(L"Delimited"));
+              person.Click(L"Cancel");
+            }),
+            1);
+}
+
+TEST_F(DialogOfTheComponent, DisablesTheHostsWindowWhileItIsOpen) {
+  ASSERT_EQ(GetActiveWindow(), host_.handle());
+  for (int time = 0; time < 2; ++time) {
+    Show([&](ScreenPerson& person) {
+      EXPECT_FALSE(IsWindowEnabled(host_.handle()));
+      EXPECT_EQ(GetWindow(dialog_, GW_OWNER), host_.handle());
+      EXPECT_EQ(TextOf(dialog_), L"Import Table");
+      person.Click(L"Cancel");
+    });
+    EXPECT_TRUE(IsWindowEnabled(host_.handle()));
+    EXPECT_FALSE(IsWindow(dialog_));
+    EXPECT_EQ(GetActiveWindow(), host_.handle());
+  }
+}
+
+TEST_F(DialogOfTheComponent, HasTheWrappersIcon) {
+  Show([&](ScreenPerson& person) {
+    for (const WPARAM size : {ICON_SMALL, ICON_BIG}) {
+      EXPECT_NE(SendMessageW(dialog_, WM_GETICON, size, 0), 0);
+    }
+    person.Click(L"Cancel");
+  });
+}
+
+TEST_F(DialogOfTheComponent, SpeaksFrench) {
+  Choose(0);
+  Show([&](ScreenPerson& person) {
+    EXPECT_EQ(TextOf(dialog_), L"Importation Table");
+    EXPECT_EQ(person.Sees(L"Nom de la Source de Donn\u00e9es"), L"");
+    person.Click(L"Annuler");
+  });
+}
+
+TEST_F(DialogOfTheComponent, KeepsTheComponentLoadedForGood) {
+  Show([](ScreenPerson& person) { person.Click(L"Cancel"); });
+  task_ = {};
+  EXPECT_FALSE(dll_.CanUnloadNow());
+  FreeLibrary(dll_.handle());
+  EXPECT_NE(GetModuleHandleW(L"SQLTImpT.dll"), nullptr);
+  ASSERT_NE(LoadLibraryW(ComponentDll::Path().c_str()), nullptr);
+}
+
+TEST_F(DialogOfTheComponent, IsRefusedToAnotherThreadThanThatOfTheFirstOne) {
+  Show([](ScreenPerson& person) { person.Click(L"Cancel"); });
+  HRESULT result = S_OK;
+  std::thread([&] {
+    CoInitialize(nullptr);
+    {
+      const ComPointer<_ImpTable> other = dll_.NewTask();
+      short outcome = 0;
+      result = other->Affiche(&outcome);
+    }
+    CoUninitialize();
+  }).join();
+  EXPECT_EQ(result, static_cast<HRESULT>(0x800A0000 | 430));
 }
 
 }  // namespace
