@@ -250,6 +250,12 @@ bool ScreenPerson::SeesText(const std::wstring& text) const {
   return std::ranges::any_of(WindowsIn(Front()), [&](HWND each) { return TextOf(each) == text; });
 }
 
+bool ScreenPerson::OffersSource(const std::wstring& name) const {
+  const HWND list = WaitFor([&] { return FindIn(Front(), L"ComboBox"); }, L"the sources");
+  return Ask(list, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+             reinterpret_cast<LPARAM>(name.c_str())) != CB_ERR;
+}
+
 bool ScreenPerson::IsChecked(const std::wstring& caption) const {
   const HWND box = WaitFor([&] { return FindIn(Front(), L"Button", caption); }, caption);
   return Ask(box, BM_GETCHECK, 0, 0) == BST_CHECKED;

@@ -48,6 +48,9 @@ class ScreenPerson {
 
   /// Whether a window inside the one in front shows this text.
   bool SeesText(const std::wstring& text) const;
+  /// Whether the list of the dialog's first combo box has this entry.
+  bool OffersSource(const std::wstring& name) const;
+
   bool IsChecked(const std::wstring& caption) const;
 
   /// @param key  its virtual-key code.

@@ -169,6 +169,34 @@ TEST_F(DialogOfTheComponent, SpeaksFrench) {
   });
 }
 
+TEST_F(DialogOfTheComponent, WaitsForTheAdministratorAndListsItsNewSource) {
+  const std::wstring dll = ComponentDll::Path();
+  const std::wstring program = dll.substr(0, dll.rfind(L'\\') + 1) + L"StandInAdministrator.exe";
+  std::array<wchar_t, MAX_PATH> folder{};
+  GetSystemDirectoryW(folder.data(), static_cast<UINT>(folder.size()));
+  const std::wstring place = std::wstring(folder.data()) + L"\\odbcad32.exe";
+  ASSERT_NE(CopyFileW(program.c_str(), place.c_str(), FALSE), 0);
+  Show([&](ScreenPerson& person) {
+    EXPECT_TRUE(person.OffersSource(L"Shop"));
+    EXPECT_FALSE(person.OffersSource(L"Added"));
+    person.Fill(L"Data source name", L"mine");
+    person.Click(L"Administration");
+    person.WaitUntil([&] { return FindWindowW(nullptr, L"Administrator") != nullptr; },
+                     "the administrator");
+    EXPECT_FALSE(IsWindowEnabled(dialog_));
+    EXPECT_FALSE(IsWindowEnabled(host_.handle()));
+    person.WaitUntil([&] { return IsWindowEnabled(dialog_) != FALSE; }, "the dialog's return");
+    EXPECT_EQ(FindWindowW(nullptr, L"Administrator"), nullptr);
+    EXPECT_FALSE(IsWindowEnabled(host_.handle()));
+    SetForegroundWindow(dialog_);
+    person.WaitForTaskDialog();
+    person.WaitUntil([&] { return person.OffersSource(L"Added"); }, "the new source");
+    EXPECT_EQ(person.Sees(L"Data source name"), L"mine");
+    person.Click(L"Cancel");
+  });
+  DeleteFileW(place.c_str());
+}
+
 TEST_F(DialogOfTheComponent, KeepsTheComponentLoadedForGood) {
   Show([](ScreenPerson& person) { person.Click(L"Cancel"); });
   task_ = {};
