@@ -4,7 +4,7 @@
 #include <exception>
 
 #include "bench/BareLoop.h"
-#include "plugin/automation/LoadedComponent.h"
+#include "plugin/automation/AutomationModule.h"
 
 int main(int count, char** arguments) {
   if (count != 3) {
@@ -12,7 +12,8 @@ int main(int count, char** arguments) {
     return 2;
   }
   try {
-    imptable::LoadedComponent component;
+    imptable::AutomationModule program(GetModuleHandleW(nullptr));
+    imptable::LoadedComponent& component = program.component();
     imptable::BareLoop loop(component.state(), arguments[1], arguments[2]);
     std::printf("%.6f\n", loop.Seconds());
     return 0;
