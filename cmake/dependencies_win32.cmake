@@ -23,7 +23,8 @@ toolkit_flags(toolkit_link --libs core,base)
 set(toolkit_includes ${toolkit_compile})
 list(FILTER toolkit_includes INCLUDE REGEX "^-I")
 list(TRANSFORM toolkit_includes REPLACE "^-I" "")
-list(FILTER toolkit_compile EXCLUDE REGEX "^-I")
+# The second is for older tool chains, and clang-tidy does not know it.
+list(FILTER toolkit_compile EXCLUDE REGEX "^-I|^-mthreads$")
 # The component is no program of its own.
 list(FILTER toolkit_link EXCLUDE REGEX "subsystem|^-mwindows$")
 add_library(dialog_toolkit INTERFACE)
