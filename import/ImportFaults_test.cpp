@@ -80,6 +80,46 @@ TEST(ImportFaults, TellThatTheSourceFailsInItsMiddle) {
   EXPECT_EQ(Closes(run), 3U);
 }
 
+TEST(ImportFaults, TellThatTheSourceBecameShorterAndImportNoTornLine) {
+  // Cut after a whole line, within a line, and to nothing.
+  for (const std::size_t size : {10U, 13U, 0U}) {
+    SCOPED_TRACE(size);
+    ImportRun run;
+    run.Source({"1;aa", "2;bb", "3;cc", "4;dd"});
+    const std::string path = run.folder.path() + "CLIENTS.CSV";
+    int milestones = 0;
+    run.events.listener = [&](const std::string& event) {
+      // Between the look at the file and its first line.
+      if (event == "Progress" && ++milestones == 3) std::filesystem::resize_file(path, size);
+    };
+    EXPECT_EQ(run.Go(), 3);
+    ExpectFault(run, "62 ,Fin de fichier inattendue, le fichier est devenu plus court : " + path);
+    EXPECT_EQ(run.progress().inserted, size / 5);
+    EXPECT_THAT(run.Executed(), SizeIs(size / 5));
+    EXPECT_THAT(run.Trace(), SizeIs(size / 5));
+  }
+}
+
+TEST(ImportFaults, ReadASourceThatBecameLongerToItsEnd) {
+  ImportRun run;
+  run.Source({"1;aa"});
+  int milestones = 0;
+  run.events.listener = [&](const std::string& event) {
+    if (event == "Progress" && ++milestones == 3) run.Source({"1;aa", "2;bb"});
+  };
+  EXPECT_EQ(run.Go(), 2);
+  EXPECT_EQ(run.progress().inserted, 2);
+}
+
+TEST(ImportFaults, TellThatTooManyFilesAreOpen) {
+  ImportRun run;
+  run.Source({"1;a"});
+  run.component.files.Fail(FileOperation::kOpenWrite, 2,
+                           std::make_error_code(std::errc::too_many_files_open));
+  EXPECT_EQ(run.Go(), 3);
+  ExpectFault(run, "67 ,Trop de fichiers ouverts : " + run.folder.path() + "CLIENTS.LER");
+}
+
 TEST(ImportFaults, TellWhichSideFileCannotBeOpened) {
   const std::array<const char*, 3> names{"CLIENTS.ERR", "CLIENTS.LER", "CLIENTS.TRC"};
   for (std::size_t n = 0; n < names.size(); ++n) {

@@ -47,7 +47,9 @@ class ImportLoop {
     RecordParser& parser = mode_.Parser();
     bool skipped = false;
     for (std::string_view line;;) {
-      if (!source.Next(line)) {
+      const bool more = source.Next(line);
+      if (!more || !source.ended()) RequireWhole(source);
+      if (!more) {
         // Without it the next resume would take the done lines at the end for new ones.
         if (skipped) files_.Done(session_.line_number, progress.errors);
         break;
@@ -69,6 +71,14 @@ class ImportLoop {
       }
       module_.platform.message_loop.Yield();
       if (progress.errors > limit) break;
+    }
+  }
+
+  /// A source that was cut since it was looked at: its last line may be half a line, and those
+  /// after it were never seen.
+  void RequireWhole(const LineReader& source) const {
+    if (source.bytes_taken() < module_.run.progress.bytes_in_file) {
+      throw RuntimeFault(FaultNumber::kInputPastEnd, source.path());
     }
   }
 

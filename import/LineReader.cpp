@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 #include <utility>
 
 #include "plugin/core/RuntimeFault.h"
@@ -17,16 +18,22 @@ LineReader::LineReader(std::unique_ptr<InputFile> file, std::string path, bool s
                        std::size_t block_bytes)
     : file_(std::move(file)), path_(std::move(path)), buffer_(block_bytes), skip_mark_(skip_mark) {}
 
+void LineReader::MakeRoom() {
+  if (buffer_.size() >= kMostLineBytes) throw RuntimeFault(FaultNumber::kOutOfMemory, path_);
+  try {
+    buffer_.resize(2 * buffer_.size());
+  } catch (const std::bad_alloc&) {
+    throw RuntimeFault(FaultNumber::kOutOfMemory, path_);
+  }
+}
+
 void LineReader::Refill() {
   const std::size_t kept = end_ - begin_;
   std::memmove(buffer_.data(), buffer_.data() + begin_, kept);
   begin_ = 0;
   end_ = kept;
   carriage_return_ = 0;
-  if (kept == buffer_.size()) {
-    if (kept >= kMostLineBytes) throw RuntimeFault(FaultNumber::kOutOfMemory, path_);
-    buffer_.resize(2 * kept);
-  }
+  if (kept == buffer_.size()) MakeRoom();
   std::error_code error;
   const std::size_t got = file_->Read(buffer_.data() + end_, buffer_.size() - end_, error);
   if (error) throw FileFault(error, path_);

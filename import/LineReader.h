@@ -29,7 +29,7 @@ class LineReader {
   /// @param line  the next line without its end; valid until the next call.
   /// @return false at the end of the file.
   /// @throws RuntimeFault  the file fault when reading fails; out of memory for a line of
-  /// kMostLineBytes or more.
+  /// kMostLineBytes or more, and for one that there is no memory for.
   bool Next(std::string_view& line);
 
   /// Bytes of the file that the lines so far have taken, line ends included.
@@ -38,8 +38,11 @@ class LineReader {
   /// Whether the line that Next gave last had a line end.
   bool ended() const { return ended_; }
 
+  const std::string& path() const { return path_; }
+
  private:
   void Refill();
+  void MakeRoom();
   std::string_view Take(std::size_t length, std::size_t end_length);
   std::size_t FindCarriageReturn();
 

@@ -13,7 +13,7 @@ struct FaultText {
   std::string_view english;
 };
 
-constexpr std::array<FaultText, 15> kFaultTexts{{
+constexpr std::array<FaultText, 17> kFaultTexts{{
     {FaultNumber::kInvalidArgument, "Appel de procédure ou argument incorrect",
      "Invalid procedure call or argument"},
     {FaultNumber::kOverflow, "Dépassement de capacité", "Overflow"},
@@ -24,6 +24,9 @@ constexpr std::array<FaultText, 15> kFaultTexts{{
     {FaultNumber::kFileNotFound, "Fichier introuvable", "File not found"},
     {FaultNumber::kDeviceError, "Erreur d'entrée/sortie du périphérique", "Device I/O error"},
     {FaultNumber::kDiskFull, "Disque plein", "Disk full"},
+    {FaultNumber::kInputPastEnd, "Fin de fichier inattendue, le fichier est devenu plus court",
+     "Unexpected end of file, it has become shorter"},
+    {FaultNumber::kTooManyFiles, "Trop de fichiers ouverts", "Too many open files"},
     {FaultNumber::kPermissionDenied, "Permission refusée", "Permission denied"},
     {FaultNumber::kPathAccessError, "Erreur d'accès au chemin ou au fichier",
      "Path or file access error"},
@@ -45,6 +48,10 @@ FaultNumber NumberOf(const std::error_code& error) {
   }
   if (error == std::errc::no_space_on_device || error == std::errc::file_too_large) {
     return FaultNumber::kDiskFull;
+  }
+  if (error == std::errc::too_many_files_open ||
+      error == std::errc::too_many_files_open_in_system) {
+    return FaultNumber::kTooManyFiles;
   }
   if (error == std::errc::filename_too_long || error == std::errc::invalid_argument) {
     return FaultNumber::kBadFileName;

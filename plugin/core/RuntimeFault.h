@@ -22,6 +22,8 @@ enum class FaultNumber : std::int32_t {
   kFileNotFound = 53,
   kDeviceError = 57,
   kDiskFull = 61,
+  kInputPastEnd = 62,
+  kTooManyFiles = 67,
   kPermissionDenied = 70,
   kPathAccessError = 75,
   kPathNotFound = 76,
