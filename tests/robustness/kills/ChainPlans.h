@@ -1,0 +1,31 @@
+#ifndef TESTS_ROBUSTNESS_KILLS_CHAINPLANS_H_
+#define TESTS_ROBUSTNESS_KILLS_CHAINPLANS_H_
+
+#include <string>
+#include <vector>
+
+#include "tests/robustness/kills/Chain.h"
+#include "tests/robustness/kills/Pace.h"
+
+namespace imptable {
+
+/// Up to five resumes, all but the last of which may be killed anywhere.
+/// @param pace, random  borrowed for the plan's life.
+ChainPlan RandomPlan(const Pace& pace, Random& random);
+
+/// A moment in the life of a chain of which every call is to be tried.
+struct Stage {
+  std::string name;
+  ChainPlan plan;
+  std::size_t killed;  ///< the attempt that is killed at each of its calls in turn
+};
+
+/// @param pace  borrowed for the stages' life.
+std::vector<Stage> Stages(const Pace& pace);
+
+/// The stage's plan with its kill at that call.
+ChainPlan PlanAt(const Stage& stage, int call);
+
+}  // namespace imptable
+
+#endif  // TESTS_ROBUSTNESS_KILLS_CHAINPLANS_H_

@@ -1,0 +1,59 @@
+#ifndef TESTS_ROBUSTNESS_KILLS_KILLTASK_H_
+#define TESTS_ROBUSTNESS_KILLS_KILLTASK_H_
+
+#include <string>
+#include <vector>
+
+#include "tests/robustness/kills/ChainModel.h"
+#include "tests/robustness/kills/TableModel.h"
+#include "tests/robustness/kills/Victim.h"
+#include "tests/scenarios/Workplace.h"
+
+namespace imptable {
+
+/// Task T1 of scenario S1: CLIENTS.CSV, lines of code;name;born;amount, into table client, with a
+/// trace that is enough for a resume. Triggers of the table log every row that is inserted, changed
+/// or deleted, in the transaction that does it.
+class KillTask : public Workplace {
+ public:
+  KillTask(DatabaseKind kind, Work work);
+
+  DatabaseKind kind() const { return kind_; }
+  Work work() const { return work_; }
+
+  /// As before the first run of all: settings, table, no side files.
+  void Reset(const TableModel& table, int error_limit);
+  /// The table alone.
+  void ResetTable(const TableModel& table);
+  void SetErrorLimit(int limit) const;
+
+  void Source(const std::string& text) const { folder().Write(kSource, text); }
+  Fate Run(bool resume, const Kill& kill) const;
+
+  /// An absent file as an empty one.
+  SideTexts Left() const;
+  void MendRejected(const std::string& text) const { folder().Write(kRejected, text); }
+  /// Which of the files of a chain are there.
+  std::string ChainFiles() const;
+  /// "Etat".
+  std::string Status() const;
+
+  /// What took effect since the last call, in order; waits for statements of killed processes.
+  std::vector<std::string> NewEffects();
+  std::string Rows() const;
+
+ private:
+  static constexpr const char* kSource = "run/CLIENTS.CSV";
+  static constexpr const char* kRejected = "run/CLIENTS.LER";
+
+  std::string ReadIfThere(const std::string& name) const;
+
+  DatabaseKind kind_;
+  Work work_;
+  std::string settings_;  // the registry file as loaded
+  int seen_ = 0;          // number of the last log entry read
+};
+
+}  // namespace imptable
+
+#endif  // TESTS_ROBUSTNESS_KILLS_KILLTASK_H_

@@ -1,0 +1,38 @@
+#ifndef TESTS_ROBUSTNESS_KILLS_VICTIM_H_
+#define TESTS_ROBUSTNESS_KILLS_VICTIM_H_
+
+#include <chrono>
+#include <string>
+
+#include "tests/scenarios/ChildProcess.h"
+
+namespace imptable {
+
+/// When a process gets its SIGKILL.
+struct Kill {
+  enum class At { kNever, kMoment, kCall };
+  At at = At::kNever;
+  std::chrono::microseconds moment{0};  ///< after its start
+  int call = 0;  ///< from 1: before it enters that call of those that the world can see
+};
+
+/// Counts the calls of a run that isn't killed.
+inline constexpr Kill kCountCalls{.at = Kill::At::kCall, .call = 1 << 30};
+
+struct Fate {
+  bool killed = false;  ///< else it had ended before
+  int code = -1;        ///< of one that ended
+  int calls = 0;        ///< seen; only where calls are counted
+  std::chrono::microseconds lasted{0};
+  std::string said;  ///< on standard error
+};
+
+/// Runs a program until its end or its kill. A kill at a call comes before the system has done
+/// anything of the call. The calls are those that change a file or a folder, flush it, talk to a
+/// server, or end the process.
+/// @throws std::runtime_error  when it can't be started or traced.
+Fate RunVictim(const Invocation& invocation, const Kill& kill);
+
+}  // namespace imptable
+
+#endif  // TESTS_ROBUSTNESS_KILLS_VICTIM_H_
