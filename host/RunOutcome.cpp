@@ -19,7 +19,8 @@ std::string EndingLine(const RunOutcome& outcome, const HostTexts& texts) {
     case RunEnding::kNoConnection:
       return text(HostText::kConnectionRefused, outcome.data_source, report);
     case RunEnding::kModeFaulted:
-      return text(HostText::kModeFaulted, outcome.fault, report);
+      return text(outcome.can_resume ? HostText::kModeFaultedResume : HostText::kModeFaulted,
+                  outcome.fault, report);
     case RunEnding::kDeletionFailed:
       return text(HostText::kDeletionFailed, report, {});
     case RunEnding::kErrors:
@@ -65,13 +66,14 @@ ExitCode ExitCodeOf(const RunOutcome& outcome) {
 
 std::optional<std::string> ErrorLineOf(const RunOutcome& outcome, const HostTexts& texts) {
   if (ExitCodeOf(outcome) == ExitCode::kDone) return std::nullopt;
-  if (outcome.ending != RunEnding::kInterrupted && outcome.ending != RunEnding::kStopped) {
-    if (outcome.report_failed) return texts.Text(HostText::kReportFailed, {outcome.report});
-    if (outcome.registry_failure) {
-      return texts.Text(HostText::kRegistryWriteFailed, {outcome.task, *outcome.registry_failure});
-    }
+  std::string line = EndingLine(outcome, texts);
+  if (outcome.ending == RunEnding::kInterrupted) return line;
+  const auto add = [&line](const std::string& text) { line += (line.empty() ? "" : "; ") + text; };
+  if (outcome.report_failed) add(texts.Text(HostText::kReportFailed, {outcome.report}));
+  if (outcome.registry_failure) {
+    add(texts.Text(HostText::kRegistryWriteFailed, {outcome.task, *outcome.registry_failure}));
   }
-  return EndingLine(outcome, texts);
+  return line;
 }
 
 }  // namespace imptable

@@ -101,6 +101,9 @@ TEST_F(RunOutcomeTest, IsCode1AndNamesTheCauseOfEveryOtherFailure) {
   outcome.ending = RunEnding::kModeFaulted;
   outcome.fault = "Disk full";
   EXPECT_EQ(Line(outcome), "task \"T\": Disk full: see the report T.txt");
+  outcome.can_resume = true;
+  EXPECT_EQ(Line(outcome),
+            "task \"T\": Disk full: see the report T.txt, then run again with --resume");
   outcome.ending = RunEnding::kErrors;
   EXPECT_THAT(Line(outcome), Not(HasSubstr(".ERR")));
   outcome.has_error_file = true;
@@ -126,6 +129,19 @@ TEST_F(RunOutcomeTest, IsCode4WhenTheReportOrTheRegistryCouldNotBeWritten) {
   EXPECT_THAT(Line(outcome), HasSubstr("report T.txt"));
   outcome.registry_failure.reset();
   EXPECT_EQ(ExitCodeOf(outcome), ExitCode::kFault);
+}
+
+TEST_F(RunOutcomeTest, NamesItsCauseEvenWhenTheReportAndTheRegistryLackIt) {
+  RunOutcome outcome = Ended(RunEnding::kModeFaulted, RunStatus::kFailed);
+  outcome.fault = "Too many open files : /data/CLIENTS.TRC";
+  outcome.report_failed = true;
+  outcome.registry_failure = "registry file \"r.db\" can't be used";
+  EXPECT_EQ(ExitCodeOf(outcome), ExitCode::kFault);
+  EXPECT_EQ(Line(outcome),
+            "task \"T\": Too many open files : /data/CLIENTS.TRC: see the report T.txt; report "
+            "T.txt: lines are missing from it, writing failed: check the room and the rights; task "
+            "\"T\": its status couldn't be written to the registry: registry file \"r.db\" can't "
+            "be used");
 }
 
 TEST_F(RunOutcomeTest, IsCode130WhenInterruptedAndSaysHowToGoOn) {
