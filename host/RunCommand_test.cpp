@@ -119,11 +119,30 @@ TEST_F(RunCommand, RefusesAResumeThatWouldStartAfreshBeforeAnythingIsTouched) {
   EXPECT_EQ(result.code, 3);
   EXPECT_EQ(result.out, "");
   EXPECT_THAT(result.err, MatchesRegex(kOneLine));
-  EXPECT_THAT(result.err, AllOf(HasSubstr("2 line(s)"), HasSubstr("run without --resume")));
+  EXPECT_THAT(result.err, AllOf(HasSubstr("2 line(s)"), HasSubstr("run without --resume"),
+                                HasSubstr("RecTrace")));
   EXPECT_FALSE(session.folder.Exists("report.txt"));
   EXPECT_TRUE(session.folder.Exists("CLIENTS.TRC"));
   EXPECT_EQ(Status(), "0\n");
   EXPECT_THAT(source.LogLines(), IsEmpty());
+}
+
+TEST_F(RunCommand, RefusesAResumeThatWouldForgetAChainCutOffBeforeItsFirstLine) {
+  session.folder.Write("CLIENTS.REP", "REP 1\n000000020\nEND 00000005\n");
+  const auto result = Run({"--resume"});
+  EXPECT_EQ(result.code, 3);
+  EXPECT_THAT(result.err, MatchesRegex(kOneLine));
+  EXPECT_THAT(result.err, AllOf(HasSubstr("5 line(s)"), HasSubstr("CLIENTS.REP")));
+  EXPECT_TRUE(session.folder.Exists("CLIENTS.REP"));
+  EXPECT_THAT(source.LogLines(), IsEmpty());
+}
+
+TEST_F(RunCommand, ResumesFromATraceAloneWhenTheTaskSaysSo) {
+  session.folder.Write("CLIENTS.TRC", "00000001000000000\n");
+  ASSERT_EQ(session.Run({"set", "S", "T", "RecTrace=1"}).code, 0);
+  const auto result = Run({"--resume"});
+  EXPECT_EQ(result.code, 0) << result.err;
+  EXPECT_THAT(source.LogLines("SQLExecute"), testing::SizeIs(2));
 }
 
 TEST_F(RunCommand, IsCode1WhenTheDataSourceRefusesTheConnection) {

@@ -28,9 +28,10 @@ constexpr auto kSettings = std::to_array<Setting>({
     {"SepDec", RegistryType::kNumber},       {"Null", RegistryType::kNumber},
     {"Param", RegistryType::kNumber},        {"NombreColonnes", RegistryType::kNumber},
     {"DelimiteurFile", RegistryType::kText}, {"FormatFile", RegistryType::kNumber},
-    {"UseAlias", RegistryType::kNumber},     {"Etat", RegistryType::kNumber},
-    {"ExecuteLe", RegistryType::kText},      {"CréeLe", RegistryType::kText},
-    {"ModifiéLe", RegistryType::kText},      {"Type", RegistryType::kNumber},
+    {"UseAlias", RegistryType::kNumber},     {"RecTrace", RegistryType::kNumber},
+    {"Etat", RegistryType::kNumber},         {"ExecuteLe", RegistryType::kText},
+    {"CréeLe", RegistryType::kText},         {"ModifiéLe", RegistryType::kText},
+    {"Type", RegistryType::kNumber},
 });
 
 constexpr std::array kColumnSubkeys{kColumnsSubkey, kFieldsSubkey};

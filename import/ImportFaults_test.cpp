@@ -206,20 +206,28 @@ TEST(ImportFaults, TellOfTheFirstOfSeveralFilesThatCannotBeClosed) {
   ExpectFault(run, "61 ,Disque plein : " + run.folder.path() + "CLIENTS.ERR");
 }
 
-TEST(ImportFaults, TellThatTheCopiesOfAResumeCannotBeWrittenAndKeepTheOriginals) {
+TEST(ImportFaults, TellThatAResumeCannotKeepWhatTheEarlierRunLeftAndLeaveItAlone) {
   struct Case {
     FileOperation operation;
     int nth;
     const char* file;
   };
-  for (const Case& each : {Case{FileOperation::kOpenRead, 2, "CLIENTS.LER"},
-                           {FileOperation::kOpenWrite, 2, "CLIENTS.LEB"},
-                           {FileOperation::kWrite, 1, "CLIENTS.LEB"},
-                           {FileOperation::kClose, 1, "CLIENTS.LEB"},
-                           {FileOperation::kOpenRead, 3, "CLIENTS.TRC"},
-                           {FileOperation::kOpenWrite, 3, "CLIENTS.TRB"},
-                           {FileOperation::kWrite, 2, "CLIENTS.TRB"},
-                           {FileOperation::kClose, 2, "CLIENTS.TRB"}}) {
+  for (const Case& each : {Case{FileOperation::kOpenRead, 2, "CLIENTS.TRC"},
+                           {FileOperation::kOpenRead, 3, "CLIENTS.LER"},
+                           {FileOperation::kOpenWrite, 1, "CLIENTS.REP.NEW"},
+                           {FileOperation::kWrite, 1, "CLIENTS.REP.NEW"},
+                           {FileOperation::kFlush, 1, "CLIENTS.REP.NEW"},
+                           {FileOperation::kClose, 1, "CLIENTS.REP.NEW"},
+                           {FileOperation::kReplace, 1, "CLIENTS.REP"},
+                           {FileOperation::kOpenRead, 4, "CLIENTS.REP"},
+                           {FileOperation::kOpenRead, 5, "CLIENTS.LER"},
+                           {FileOperation::kOpenWrite, 3, "CLIENTS.LEB"},
+                           {FileOperation::kWrite, 2, "CLIENTS.LEB"},
+                           {FileOperation::kClose, 2, "CLIENTS.LEB"},
+                           {FileOperation::kOpenRead, 6, "CLIENTS.TRC"},
+                           {FileOperation::kOpenWrite, 4, "CLIENTS.TRB"},
+                           {FileOperation::kWrite, 3, "CLIENTS.TRB"},
+                           {FileOperation::kClose, 3, "CLIENTS.TRB"}}) {
     SCOPED_TRACE(std::string(each.file) + " " + std::to_string(each.nth));
     ImportRun run;
     run.Source({"1;a", "2;b"});

@@ -45,15 +45,10 @@ class ImportLoop {
     session_.line_number = 0;
     LineReader& source = files_.source();
     RecordParser& parser = mode_.Parser();
-    bool skipped = false;
     for (std::string_view line;;) {
       const bool more = source.Next(line);
       if (!more || !source.ended()) RequireWhole(source);
-      if (!more) {
-        // Without it the next resume would take the done lines at the end for new ones.
-        if (skipped) files_.Done(session_.line_number, progress.errors);
-        break;
-      }
+      if (!more) break;
       if (module_.run.stop_requested.load(std::memory_order_relaxed)) {
         module_.run.interrupted = true;
         session_.error_reported = true;
@@ -63,8 +58,7 @@ class ImportLoop {
       ++session_.line_number;
       ++progress.read;
       progress.bytes_read = source.bytes_taken();
-      skipped = files_.Decide(session_.line_number, line) == ResumeDecision::kSkip;
-      if (skipped) {
+      if (files_.Decide(session_.line_number, line) == ResumeDecision::kSkip) {
         ++progress.skipped;
       } else {
         ImportLine(parser, line);

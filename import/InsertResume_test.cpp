@@ -55,7 +55,7 @@ TEST_F(ResumedImport, KeepsALineThatIsRejectedAgain) {
   EXPECT_EQ(run_.Go(kResume), 3);
   EXPECT_THAT(run_.Executed(), IsEmpty());
   EXPECT_THAT(run_.Rejected(), ElementsAre("2;still;bad"));
-  EXPECT_THAT(run_.Trace(), ElementsAre("00000002100000001", "00000003000000001"));
+  EXPECT_THAT(run_.Trace(), ElementsAre("00000002100000001"));
   EXPECT_THAT(run_.Errors(), ElementsAre(StartsWith("15/11/2006 08:30:00.... Ligne  2 ")));
 }
 
@@ -148,7 +148,7 @@ TEST(InsertResume, LeavesTheEarlierFilesAloneWhenTheirTraceIsDamaged) {
     ASSERT_THAT(lines, SizeIs(9));
     EXPECT_EQ(lines[5].text,
               " -->   Erreur lors du traitement - N° 13 ,Incompatibilité de type : " +
-                  run.folder.path() + "CLIENTS.TRB, 2");
+                  run.folder.path() + "CLIENTS.TRC, 2");
     EXPECT_EQ(lines[5].kind, ReportKind::kError);
     EXPECT_EQ(lines[6].text, " ----->    0 enreg(s) lu(s)");
   }
@@ -166,8 +166,9 @@ TEST(InsertResume, FindsTheEarlierFilesInAnyCase) {
   EXPECT_THAT(run.Executed(), ElementsAre("1='2' 2='m'"));
   EXPECT_THAT(run.Lines("Clients.Ler"), ElementsAre("2;m"));
   EXPECT_THAT(run.Lines("clients.trc"), ElementsAre("00000002100000001"));
-  EXPECT_THAT(run.FileNames(), ElementsAre("CLIENTS.CSV", "CLIENTS.ERR", "CLIENTS.LEB",
-                                           "CLIENTS.TRB", "Clients.Ler", "clients.trc"))
+  EXPECT_THAT(run.FileNames(),
+              ElementsAre("CLIENTS.CSV", "CLIENTS.ERR", "CLIENTS.LEB", "CLIENTS.REP", "CLIENTS.TRB",
+                          "Clients.Ler", "clients.trc"))
       << "one trace, not two that differ in case; the old copies are deleted";
   EXPECT_THAT(run.Lines("CLIENTS.LEB"), ElementsAre("2;m"));
 }

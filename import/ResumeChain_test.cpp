@@ -1,145 +1,162 @@
+#include "import/ResumeChain.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/kit/ImportRun.h"
+#include "platform/testing/FaultyFileSystem.h"
+#include "platform/testing/TemporaryFolder.h"
+#include "plugin/core/RuntimeFault.h"
 #include "tests/kit/TextFile.h"
 
 namespace imptable {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-
-constexpr std::int16_t kResume = 2;
-
-TEST(ResumeChain, InsertsNoLineTwiceWhenAResumeIsItselfResumed) {
-  ImportRun run;
-  run.Source({"1;a", "2;b;x", "3;c", "4;d;x", "5;e"});
-  EXPECT_EQ(run.Go(), 3);
-  EXPECT_THAT(run.Executed(), ElementsAre("1='1' 2='a'", "1='3' 2='c'", "1='5' 2='e'"));
-  EXPECT_EQ(run.Go(kResume), 3);
-  EXPECT_THAT(run.Executed(), IsEmpty());
-  run.folder.Write("CLIENTS.LER", "2;b\n4;still;bad\n");
-  EXPECT_EQ(run.Go(kResume), 3);
-  EXPECT_THAT(run.Executed(), ElementsAre("1='2' 2='b'"));
-  EXPECT_THAT(run.Rejected(), ElementsAre("4;still;bad"));
-  run.folder.Write("CLIENTS.LER", "4;d\n");
-  EXPECT_EQ(run.Go(kResume), 2);
-  EXPECT_THAT(run.Executed(), ElementsAre("1='4' 2='d'"));
-}
-
-TEST(ResumeChain, ClosesTheTraceOfAResumeWithItsLastLineOnlyWhenThatWasSkipped) {
-  ImportRun run;
-  run.Source({"1;a", "2;b;x"});
-  run.Go();
-  run.Go(kResume);
-  EXPECT_THAT(run.Trace(), ElementsAre("00000002100000001"));
-}
-
-TEST(ResumeChain, DoesNotCloseTheTraceOfAResumeThatItsErrorLimitEnded) {
-  ImportRun run;
-  run.Source({"1;a", "2;b;x", "3;c"});
-  run.Go();
-  run.Set("Erreurs", "0");
-  run.Go(kResume);
-  EXPECT_THAT(run.Trace(), ElementsAre("00000002100000001"));
-}
-
-class ResumeWithoutALine : public testing::TestWithParam<const char*> {};
-
-TEST_P(ResumeWithoutALine, KeepsWhatTheEarlierRunLeft) {
-  ImportRun run;
-  run.Source({"1;a", "2;b;x", "3;c"});
-  EXPECT_EQ(run.Go(), 3);
-  run.folder.Write("CLIENTS.LER", TextFile({"2;mended"}));
-  {
-    ImportRun failing;  // the same folder, with a driver that refuses
-    failing.Set("Dir", run.folder.path());
-    failing.Driver(GetParam());
-    EXPECT_EQ(failing.Go(kResume), 3);
-    EXPECT_THAT(failing.Executed(), IsEmpty());
+/// A chain's file and the two of the last run, in a folder of their own.
+class ResumeChainTest : public testing::Test {
+ protected:
+  void Write(const std::string& name, const std::vector<std::string>& lines) {
+    folder_.Write(name, TextFile(lines));
   }
-  EXPECT_THAT(run.Rejected(), ElementsAre("2;mended"));
-  EXPECT_THAT(run.Trace(),
-              ElementsAre("00000001000000000", "00000002100000001", "00000003000000001"));
-  EXPECT_EQ(run.Go(kResume), 2);
-  EXPECT_THAT(run.Executed(), ElementsAre("1='2' 2='mended'"));
+  void Advance() { chain().Advance(folder_.path() + "T.TRC", folder_.path() + "T.LER", false); }
+  ResumeChain chain() { return ResumeChain(files_, folder_.path() + "T.REP"); }
+  std::string Chain() { return folder_.Read("T.REP"); }
+
+  TemporaryFolder folder_;
+  std::unique_ptr<FileSystem> system_ = SystemFileSystem();
+  FaultyFileSystem files_{*system_};
+};
+
+TEST_F(ResumeChainTest, BeginsWithTheLastRunsTraceAndRejectedLines) {
+  Write("T.TRC", {"00000001000000000", "00000002100000001", "00000003000000001",
+                  "00000005100000002", "00000006000000002"});
+  Write("T.LER", {"2;mended", "5;x"});
+  Advance();
+  EXPECT_EQ(Chain(),
+            TextFile({"REP 1", "000000021", "2;mended", "000000051", "5;x", "END 00000006"}));
 }
 
-INSTANTIATE_TEST_SUITE_P(AtEachStep, ResumeWithoutALine,
-                         testing::Values("on SQLColumns 1 return -1 diag 08S01 1 \"gone\"",
-                                         "on SQLSpecialColumns 1 return -1 diag 08S01 1 \"gone\"",
-                                         "on SQLPrepare 1 return -1 diag 08S01 1 \"gone\"",
-                                         "on SQLBindParameter 2 return -1 diag 08S01 1 \"gone\""));
-
-TEST(ResumeChain, KeepsWhatTheEarlierRunLeftWhenASettingIsDamaged) {
-  ImportRun run;
-  run.Source({"1;a", "2;b;x"});
-  run.Go();
-  run.Set("Erreurs", "40000");
-  EXPECT_EQ(run.Go(kResume), 3);
-  EXPECT_THAT(run.Rejected(), ElementsAre("2;b;x"));
-  EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002100000001"));
+TEST_F(ResumeChainTest, KeepsWhatAnInterruptedResumeHadNotReached) {
+  Write("T.REP", {"REP 1", "000000021", "2;b", "000000051", "5;e", "000000070", "END 00000009"});
+  Write("T.TRC", {"00000002000000000", "00000005100000001"});
+  Write("T.LER", {"5;mended"});
+  Advance();
+  EXPECT_EQ(Chain(), TextFile({"REP 1", "000000051", "5;mended", "000000070", "END 00000009"}));
 }
 
-TEST(ResumeChain, KeepsWhatTheEarlierRunLeftWhenTheFirstLineCannotBeRead) {
-  const auto rejected_one = [](ImportRun& run) {
-    run.Source({"1;a", "2;b;x"});
-    run.Go();
-  };
-  const auto reads_up_to_source = [](ImportRun& run, std::size_t from) {
-    const std::vector<std::string>& log = run.component.files.log();
-    int count = 0;
-    for (std::size_t i = from; i < log.size(); ++i) {
-      if (!log[i].starts_with("read ")) continue;
-      ++count;
-      if (log[i].find("CLIENTS.CSV") != std::string::npos) return count;
+TEST_F(ResumeChainTest, GoesOnBeyondItsRejectedLines) {
+  Write("T.REP", {"REP 1", "000000021", "2;b", "END 00000003"});
+  Write("T.TRC", {"00000002000000000", "00000004000000000", "00000005100000001"});
+  Write("T.LER", {"5;e"});
+  Advance();
+  EXPECT_EQ(Chain(), TextFile({"REP 1", "000000051", "5;e", "END 00000005"}));
+}
+
+TEST_F(ResumeChainTest, TakesALineThatLeftNoTraceForDoneOnceALaterOneIsTraced) {
+  Write("T.REP", {"REP 1", "000000021", "", "000000051", "", "END 00000006"});
+  Write("T.TRC", {"00000004000000000"});
+  Advance();
+  EXPECT_EQ(Chain(), TextFile({"REP 1", "000000051", "", "END 00000006"}));
+}
+
+TEST_F(ResumeChainTest, FallsBackToItsOwnCopyAndThenToTheSource) {
+  Write("T.REP", {"REP 1", "000000021", "2;b", "000000030", "END 00000003"});
+  Write("T.TRC", {"00000002100000001", "00000003100000002", "00000004100000003"});
+  Write("T.LER", {});
+  Advance();
+  EXPECT_EQ(Chain(),
+            TextFile({"REP 1", "000000021", "2;b", "000000030", "000000040", "END 00000004"}));
+}
+
+TEST_F(ResumeChainTest, IsTheSameWhenItIsAdvancedTwice) {
+  Write("T.REP",
+        {"REP 1", "000000021", "2;b", "000000051", "5;e", "000000081", "8;h", "END 00000009"});
+  Write("T.TRC", {"00000002100000001", "00000005000000001"});
+  Write("T.LER", {"2;again"});
+  Advance();
+  const std::string once = Chain();
+  EXPECT_EQ(once, TextFile({"REP 1", "000000021", "2;again", "000000081", "8;h", "END 00000009"}));
+  Advance();
+  EXPECT_EQ(Chain(), once);
+  // As a run leaves them that died after emptying one file or both.
+  Write("T.LER", {});
+  Advance();
+  EXPECT_EQ(Chain(), once);
+  Write("T.TRC", {});
+  Advance();
+  EXPECT_EQ(Chain(), once);
+}
+
+TEST_F(ResumeChainTest, NeedsNeitherFileOfTheLastRun) {
+  Write("T.REP", {"REP 1", "000000021", "2;b", "END 00000003"});
+  const std::string before = Chain();
+  Advance();
+  EXPECT_EQ(Chain(), before);
+}
+
+TEST_F(ResumeChainTest, KnowsHowFarItCameAndWhetherItIsOver) {
+  EXPECT_EQ(chain().state(), ResumeChain::State::kNone);
+  EXPECT_EQ(chain().Reached(), 0);
+  Write("T.REP", {"REP 1", "000000020", "END 00000003"});
+  EXPECT_EQ(chain().state(), ResumeChain::State::kOpen);
+  EXPECT_EQ(chain().Reached(), 3);
+  chain().Void();
+  EXPECT_EQ(chain().state(), ResumeChain::State::kVoid);
+  EXPECT_EQ(chain().Reached(), 0);
+  chain().Remove();
+  EXPECT_FALSE(folder_.Exists("T.REP"));
+  chain().Remove();
+  chain().Void();
+  EXPECT_FALSE(folder_.Exists("T.REP"));
+}
+
+TEST_F(ResumeChainTest, TakesADamagedFileForOpenSoThatItIsNotLost) {
+  Write("T.REP", {"REP 1"});
+  EXPECT_EQ(chain().state(), ResumeChain::State::kOpen);
+  EXPECT_THROW(chain().Reached(), RuntimeFault);
+  EXPECT_THROW(Advance(), RuntimeFault);
+  EXPECT_EQ(Chain(), TextFile({"REP 1"}));
+  EXPECT_FALSE(folder_.Exists("T.REP.NEW"));
+}
+
+TEST_F(ResumeChainTest, IsReplacedByAFileThatIsCompleteAndOnTheDisk) {
+  Write("T.TRC", {"00000001000000000"});
+  Advance();
+  std::vector<std::string> log;
+  for (std::string line : files_.log()) {
+    if (line.find("REP") == std::string::npos) continue;
+    for (std::size_t at; (at = line.find(folder_.path())) != std::string::npos;) {
+      line.erase(at, folder_.path().size());
     }
-    return count;
-  };
-  ImportRun untouched;
-  rejected_one(untouched);
-  const std::size_t before = untouched.component.files.log().size();
-  untouched.Go(kResume);
-  const int first_read_of_source = reads_up_to_source(untouched, before);
-
-  ImportRun run;
-  rejected_one(run);
-  run.component.files.Fail(FileOperation::kRead, first_read_of_source,
-                           std::make_error_code(std::errc::io_error));
-  EXPECT_EQ(run.Go(kResume), 3);
-  EXPECT_EQ(run.progress().read, 0);
-  EXPECT_THAT(run.Rejected(), ElementsAre("2;b;x"));
-  EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002100000001"));
-}
-
-TEST(ResumeChain, RefusesATraceWhoseNumbersDoNotRise) {
-  for (const char* const trace :
-       {"00000002000000000\n00000001100000001\n", "00000001000000000\n00000001100000001\n",
-        "00000000100000001\n"}) {
-    ImportRun run;
-    run.Source({"1;a", "2;b"});
-    run.folder.Write("CLIENTS.TRC", trace);
-    run.folder.Write("CLIENTS.LER", "1;x\n");
-    EXPECT_EQ(run.Go(kResume), 3);
-    EXPECT_THAT(run.Executed(), IsEmpty()) << trace;
-    EXPECT_THAT(run.Report(), Contains(HasSubstr("N° 13 ,Incompatibilité de type : ")));
-    EXPECT_EQ(run.folder.Read("CLIENTS.TRC"), trace);
+    log.push_back(line.starts_with("write") ? "write T.REP.NEW" : line);
   }
+  EXPECT_THAT(log,
+              testing::ElementsAre("open write T.REP.NEW", "write T.REP.NEW", "flush T.REP.NEW",
+                                   "close T.REP.NEW", "replace T.REP by T.REP.NEW"));
 }
 
-TEST(InsertMode, SaysWhichTableHasNoColumns) {
-  ImportRun run;
-  run.Script("");
-  run.Source({"1;a"});
-  EXPECT_EQ(run.Go(), 3);
-  EXPECT_THAT(run.Report(),
-              Contains(" -->   Erreur lors du traitement - N° 5 ,Appel de procédure ou argument "
-                       "incorrect : \"Table\" = \"CLIENT\""));
-  EXPECT_THAT(run.Errors(), IsEmpty());
+class FailingChain : public ResumeChainTest, public testing::WithParamInterface<FileOperation> {};
+
+TEST_P(FailingChain, StaysAsItWas) {
+  Write("T.REP", {"REP 1", "000000021", "2;b", "END 00000003"});
+  Write("T.TRC", {"00000002000000000"});
+  const std::string before = Chain();
+  files_.Fail(GetParam(), 1, std::make_error_code(std::errc::no_space_on_device));
+  try {
+    Advance();
+    FAIL() << "the failure was passed over";
+  } catch (const RuntimeFault& fault) {
+    EXPECT_EQ(fault.number(), FaultNumber::kDiskFull);
+    EXPECT_THAT(fault.detail(), testing::HasSubstr("T.REP"));
+  }
+  EXPECT_EQ(Chain(), before);
+  EXPECT_FALSE(folder_.Exists("T.REP.NEW"));
 }
+
+INSTANTIATE_TEST_SUITE_P(AtEachStep, FailingChain,
+                         testing::Values(FileOperation::kOpenRead, FileOperation::kRead,
+                                         FileOperation::kOpenWrite, FileOperation::kWrite,
+                                         FileOperation::kFlush, FileOperation::kClose,
+                                         FileOperation::kReplace));
 
 }  // namespace
 }  // namespace imptable

@@ -3,7 +3,9 @@
 #include <utility>
 #include <vector>
 
+#include "import/ResumeChain.h"
 #include "import/TaskFiles.h"
+#include "import/TraceLine.h"
 
 namespace imptable {
 namespace {
@@ -32,6 +34,7 @@ std::unique_ptr<LineReader> SideFiles::OpenForReading(const std::string& path) {
 void SideFiles::CopyFile(const std::string& from, const std::string& to) {
   FileSystem& files = module_.platform.files;
   const std::string located = files.Locate(from);
+  if (!files.Query(located)) return;
   std::error_code error;
   const auto source = files.OpenForReading(located, error);
   if (!source) throw FileFault(error, located);
@@ -46,7 +49,15 @@ void SideFiles::CopyFile(const std::string& from, const std::string& to) {
   copy.Close();
 }
 
-void SideFiles::OpenResumeCopies() {
+void SideFiles::AdvanceChain() {
+  const RunState& run = module_.run;
+  ResumeChain chain(module_.platform.files, SideFilePath(run, kChainExtension));
+  chain.Advance(SideFilePath(run, kTraceExtension), SideFilePath(run, kRejectedExtension),
+                module_.platform.encoding.IsUtf8());
+  resume_ = std::make_unique<ResumeDecisions>(chain.Open());
+}
+
+void SideFiles::CopyPrevious() {
   const RunState& run = module_.run;
   FileSystem& files = module_.platform.files;
   const std::string rejected = SideFilePath(run, kRejectedCopyExtension);
@@ -55,21 +66,18 @@ void SideFiles::OpenResumeCopies() {
   files.Remove(files.Locate(trace));
   CopyFile(SideFilePath(run, kRejectedExtension), rejected);
   CopyFile(SideFilePath(run, kTraceExtension), trace);
-  // A damaged trace is found while the files that it is about are still as they were.
-  TraceReader whole(OpenForReading(trace), trace);
-  while (whole.Next()) {
-  }
-  resume_ = std::make_unique<ResumeFiles>(
-      std::make_unique<TraceReader>(OpenForReading(trace), trace), OpenForReading(rejected));
+  previous_copied_ = true;
 }
 
 void SideFiles::Open(bool complete_name) {
   const RunState& run = module_.run;
   FileSystem& files = module_.platform.files;
   source_ = OpenForReading(DataFilePath(run, complete_name));
+  // Before anything is emptied: a damaged chain or trace is found while all is as it was.
+  if (run.resume) AdvanceChain();
   errors_ = RunFile::Create(files, SideFilePath(run, kErrorExtension));
   session_.error_file = &*errors_;
-  if (run.resume) OpenResumeCopies();
+  if (run.resume) CopyPrevious();
   if (run.resume_option == 0) return;
   rejected_ = RunFile::Create(files, SideFilePath(run, kRejectedExtension));
   trace_ = RunFile::Create(files, SideFilePath(run, kTraceExtension));
@@ -103,7 +111,7 @@ void SideFiles::ReportParseFailure(std::int32_t line_number) {
 }
 
 void SideFiles::RestorePrevious() {
-  if (!resume_) return;
+  if (!previous_copied_) return;
   const RunState& run = module_.run;
   CopyFile(SideFilePath(run, kRejectedCopyExtension), SideFilePath(run, kRejectedExtension));
   CopyFile(SideFilePath(run, kTraceCopyExtension), SideFilePath(run, kTraceExtension));

@@ -8,15 +8,15 @@
 #include <string_view>
 
 #include "import/LineReader.h"
-#include "import/ResumeFiles.h"
+#include "import/ResumeDecisions.h"
 #include "odbc/ModuleODBC.h"
 
 namespace imptable {
 
 /// The files of one import: the source, the diagnostics (".ERR"), and with the resume option the
 /// rejected lines (".LER") and the trace (".TRC"); in a resumed run also the copies of the previous
-/// run's (".LEB", ".TRB"). Every write has reached the operating system when it returns, a rejected
-/// line before its trace line.
+/// run's (".LEB", ".TRB") and the state of the whole chain (".REP"). Every write has reached the
+/// operating system when it returns, a rejected line before its trace line.
 /// @throws RuntimeFault  the file fault, from any member.
 class SideFiles {
  public:
@@ -57,8 +57,10 @@ class SideFiles {
 
  private:
   std::unique_ptr<LineReader> OpenForReading(const std::string& path);
+  /// Nothing when there is no such file.
   void CopyFile(const std::string& from, const std::string& to);
-  void OpenResumeCopies();
+  void AdvanceChain();
+  void CopyPrevious();
   void Trace(std::int32_t line_number, bool failed, std::int64_t errors);
 
   ModuleCommun& module_;
@@ -67,7 +69,8 @@ class SideFiles {
   std::optional<RunFile> errors_;
   std::optional<RunFile> rejected_;
   std::optional<RunFile> trace_;
-  std::unique_ptr<ResumeFiles> resume_;
+  std::unique_ptr<ResumeDecisions> resume_;
+  bool previous_copied_ = false;
   std::string text_;  // of the line being written
 };
 

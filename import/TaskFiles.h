@@ -15,6 +15,7 @@ inline constexpr std::string_view kRejectedExtension = ".LER";
 inline constexpr std::string_view kTraceExtension = ".TRC";
 inline constexpr std::string_view kRejectedCopyExtension = ".LEB";
 inline constexpr std::string_view kTraceCopyExtension = ".TRB";
+inline constexpr std::string_view kChainExtension = ".REP";
 inline constexpr std::string_view kSelectionExtension = ".SUP";
 
 /// Path of the source file: the directory, the alias without its trailing blanks, and ".CSV" unless

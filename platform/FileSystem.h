@@ -26,6 +26,9 @@ class OutputFile {
  public:
   virtual ~OutputFile() = default;
   virtual std::error_code Write(std::string_view bytes) = 0;
+
+  /// Returns once what was written has reached the disk.
+  virtual std::error_code Flush() = 0;
   virtual std::error_code Close() = 0;
 };
 
@@ -57,6 +60,10 @@ class FileSystem {
                                                      std::error_code& error) = 0;
 
   virtual std::error_code Remove(const std::string& path) = 0;
+
+  /// Gives a file the name of another of its directory, which it replaces in one step. On success
+  /// the change has reached the disk.
+  virtual std::error_code Replace(const std::string& from, const std::string& to) = 0;
 };
 
 std::unique_ptr<FileSystem> SystemFileSystem();

@@ -45,6 +45,10 @@ class Descriptor {
   int raw_;
 };
 
+std::error_code FlushDescriptor(const Descriptor& file) {
+  return Retry([&] { return fsync(file.raw()); }) == 0 ? std::error_code() : LastError();
+}
+
 class LinuxInputFile : public InputFile {
  public:
   explicit LinuxInputFile(Descriptor file) : file_(std::move(file)) {}
@@ -76,6 +80,8 @@ class LinuxOutputFile : public OutputFile {
     return {};
   }
 
+  std::error_code Flush() override { return FlushDescriptor(file_); }
+
   std::error_code Close() override { return file_.Close(); }
 
  private:
@@ -106,16 +112,20 @@ std::string FirstOfThatName(const std::string& directory, std::string_view name)
   return first;
 }
 
+/// The directory of a file, as a path of its own.
+std::string DirectoryOf(std::string_view path) {
+  const std::size_t name_at = path.rfind('/') + 1;  // npos + 1 is 0
+  return name_at == 0 ? "." : std::string(path.substr(0, name_at));
+}
+
 class LinuxFileSystem : public FileSystem {
  public:
   std::string Locate(std::string_view path) const override {
     std::string exact(path);
     if (Query(exact)) return exact;
     const std::size_t name_at = path.rfind('/') + 1;  // npos + 1 is 0
-    const std::string directory(path.substr(0, name_at));
-    const std::string name =
-        FirstOfThatName(directory.empty() ? "." : directory, path.substr(name_at));
-    return name.empty() ? exact : directory + name;
+    const std::string name = FirstOfThatName(DirectoryOf(path), path.substr(name_at));
+    return name.empty() ? exact : std::string(path.substr(0, name_at)) + name;
   }
 
   std::optional<FileInfo> Query(const std::string& path) const override {
@@ -152,6 +162,14 @@ class LinuxFileSystem : public FileSystem {
 
   std::error_code Remove(const std::string& path) override {
     return unlink(path.c_str()) == 0 ? std::error_code() : LastError();
+  }
+
+  std::error_code Replace(const std::string& from, const std::string& to) override {
+    if (rename(from.c_str(), to.c_str()) != 0) return LastError();
+    const Descriptor directory(
+        Retry([&] { return open(DirectoryOf(to).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+    // A directory that may be written to but not read can't be flushed: the name has changed.
+    return directory.is_open() ? FlushDescriptor(directory) : std::error_code();
   }
 };
 

@@ -94,6 +94,29 @@ TEST_F(FileSystemTest, RemovesAFile) {
   EXPECT_EQ(files_->Remove(At("a.txt")), Error(std::errc::no_such_file_or_directory));
 }
 
+TEST_F(FileSystemTest, ReplacesAFileByAnother) {
+  folder_.Write("old.txt", "old");
+  folder_.Write("new.txt", "new");
+  EXPECT_FALSE(files_->Replace(At("new.txt"), At("old.txt")));
+  EXPECT_EQ(Read(At("old.txt")), "new");
+  EXPECT_FALSE(files_->Query(At("new.txt")));
+  EXPECT_FALSE(files_->Replace(At("old.txt"), At("absent.txt")));
+  EXPECT_EQ(Read(At("absent.txt")), "new");
+  EXPECT_EQ(files_->Replace(At("none.txt"), At("absent.txt")),
+            Error(std::errc::no_such_file_or_directory));
+  EXPECT_EQ(Read(At("absent.txt")), "new");
+}
+
+TEST_F(FileSystemTest, BringsWhatWasWrittenToTheDisk) {
+  std::error_code error;
+  const auto file = files_->OpenForWriting(At("a.txt"), WriteMode::kTruncate, error);
+  EXPECT_FALSE(file->Write("line\n"));
+  EXPECT_FALSE(file->Flush());
+  EXPECT_EQ(Read(At("a.txt")), "line\n");
+  EXPECT_FALSE(file->Close());
+  EXPECT_EQ(file->Flush(), Error(std::errc::bad_file_descriptor));
+}
+
 TEST_F(FileSystemTest, RemovesNoDirectory) {
   std::filesystem::create_directory(At("directory"));
   EXPECT_TRUE(files_->Remove(At("directory")));

@@ -66,6 +66,10 @@ class WindowsOutputFile : public OutputFile {
     return {};
   }
 
+  std::error_code Flush() override {
+    return FlushFileBuffers(file_.raw()) != 0 ? std::error_code() : LastError();
+  }
+
   std::error_code Close() override { return file_.Close(); }
 
  private:
@@ -124,6 +128,11 @@ class WindowsFileSystem : public FileSystem {
 
   std::error_code Remove(const std::string& path) override {
     return DeleteFileA(path.c_str()) != 0 ? std::error_code() : LastErrorAt(path);
+  }
+
+  std::error_code Replace(const std::string& from, const std::string& to) override {
+    constexpr DWORD kHow = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+    return MoveFileExA(from.c_str(), to.c_str(), kHow) != 0 ? std::error_code() : LastErrorAt(to);
   }
 };
 

@@ -1,6 +1,7 @@
 #include "plugin/ResumeOutlook.h"
 
 #include "import/LineReader.h"
+#include "import/ResumeChain.h"
 #include "import/TaskFiles.h"
 #include "plugin/ResumeRule.h"
 #include "plugin/TaskLoading.h"
@@ -34,6 +35,11 @@ ResumeOutlook LookAtResume(ModuleState& state, const KeyPath& tasks, const std::
   outlook.resumes = CanResume(files, module.run);
   outlook.trace_path = files.Locate(SideFilePath(module.run, kTraceExtension));
   outlook.traced_lines = CountLines(files, outlook.trace_path);
+  const ResumeChain chain(files, SideFilePath(module.run, kChainExtension));
+  if (const std::int64_t reached = chain.Reached(); reached > outlook.traced_lines) {
+    outlook.trace_path = chain.path();
+    outlook.traced_lines = reached;
+  }
   return outlook;
 }
 

@@ -11,8 +11,8 @@ namespace imptable {
 /// What a resume of a task would do, looked at without touching anything.
 struct ResumeOutlook {
   bool resumes = false;           // else the component would start afresh
-  std::int64_t traced_lines = 0;  // lines that the trace of the last run holds
-  std::string trace_path;
+  std::int64_t traced_lines = 0;  // of the source, by the last run's trace or the chain's state
+  std::string trace_path;         // of the file that says so
 };
 
 /// @param tasks  registry location of the scenario's tasks.

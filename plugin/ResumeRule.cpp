@@ -1,5 +1,6 @@
 #include "plugin/ResumeRule.h"
 
+#include "import/ResumeChain.h"
 #include "import/TaskFiles.h"
 
 namespace imptable {
@@ -9,9 +10,13 @@ bool IsNotEmpty(const FileSystem& files, const std::string& path) {
   return info && info->size > 0;
 }
 
-bool CanResume(const FileSystem& files, const RunState& run) {
-  return run.resume_option != 0 && IsNotEmpty(files, StoredSideFilePath(run, kTraceExtension)) &&
-         IsNotEmpty(files, StoredSideFilePath(run, kRejectedExtension));
+bool CanResume(FileSystem& files, const RunState& run) {
+  if (run.resume_option == 0) return false;
+  const auto chain = ResumeChain(files, StoredSideFilePath(run, kChainExtension)).state();
+  if (chain == ResumeChain::State::kVoid) return false;
+  const bool traced = IsNotEmpty(files, StoredSideFilePath(run, kTraceExtension));
+  if (run.trace_option == 1) return traced || chain == ResumeChain::State::kOpen;
+  return traced && IsNotEmpty(files, StoredSideFilePath(run, kRejectedExtension));
 }
 
 }  // namespace imptable

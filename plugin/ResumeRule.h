@@ -9,8 +9,9 @@
 namespace imptable {
 
 /// Whether a run that asks for a resume resumes: the task's resume option is on, and its trace and
-/// rejected-lines files both hold something.
-bool CanResume(const FileSystem& files, const RunState& run);
+/// rejected-lines files both hold something; with the trace option the trace alone is enough, or
+/// the state of an open chain of resumes. Never after a chain that is over.
+bool CanResume(FileSystem& files, const RunState& run);
 
 /// Whether the file exists and holds something.
 bool IsNotEmpty(const FileSystem& files, const std::string& path);

@@ -6,6 +6,7 @@
 #include "import/DeleteMode.h"
 #include "import/InsertMode.h"
 #include "import/PreImportDeletion.h"
+#include "import/ResumeChain.h"
 #include "import/TaskFiles.h"
 #include "import/UpdateInsertMode.h"
 #include "import/UpdateMode.h"
@@ -92,7 +93,7 @@ void RunDriver::Announce() {
   module_.report_writer->SetReportPath(request_.report_path);
   module_.location = request_.tasks;
   announced_ = true;
-  module_.WriteNumber(run_.task, "Etat", static_cast<std::int32_t>(RunStatus::kRunning));
+  WriteStatus();
   run_.display = request_.display;
 }
 
@@ -128,9 +129,17 @@ void RunDriver::RemoveStored(std::string_view extension) {
 void RunDriver::PrepareSideFiles() {
   RemoveStored(kErrorExtension);
   run_.resume = request_.request == kResumeRequest && CanResume(module_.platform.files, run_);
-  if (run_.resume) return;
+  // What is left of an older chain would make a later resume skip lines of this run.
+  if (!run_.resume) EndChain();
+}
+
+void RunDriver::EndChain() {
+  ResumeChain chain(module_.platform.files, StoredSideFilePath(run_, kChainExtension));
+  // First of all, in one step: whenever the run dies, nothing half deleted is resumed.
+  chain.Void();
   RemoveStored(kTraceExtension);
   RemoveStored(kRejectedExtension);
+  chain.Remove();
 }
 
 RunDriver::FileState RunDriver::CheckDataFile(const std::string& path) {
@@ -206,16 +215,23 @@ void RunDriver::RecordOutcome() {
     run_.status = RunStatus::kFailed;
     return;
   }
-  RemoveStored(kTraceExtension);
-  RemoveStored(kRejectedExtension);
   run_.status = RunStatus::kSucceeded;
+  // Once the trace is gone nothing else tells a run that died here from one that did nothing.
+  if (run_.trace_option == 1) WriteStatus();
+  try {
+    EndChain();
+  } catch (const RuntimeFault&) {
+    // The import is done all the same. The next run ends the chain, or says why it can't.
+  }
+}
+
+void RunDriver::WriteStatus() {
+  module_.WriteNumber(run_.task, "Etat", static_cast<std::int32_t>(run_.status));
 }
 
 void RunDriver::Finish() {
   // Without a location there is no task whose status could be written.
-  if (announced_) {
-    module_.WriteNumber(run_.task, "Etat", static_cast<std::int32_t>(run_.status));
-  }
+  if (announced_) WriteStatus();
 }
 
 void RunDriver::Disconnect() {

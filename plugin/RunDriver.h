@@ -46,9 +46,11 @@ class RunDriver {
   void DeleteBeforeImport(FileState state);
   void Import(FileState state);
   void RecordOutcome();
+  void WriteStatus();
   void Finish();
 
   void RemoveStored(std::string_view extension);
+  void EndChain();
   bool StopAskedFor();
   void Report(const std::string& text, ReportKind kind) { module_.WriteReport(text, kind); }
 

@@ -48,6 +48,7 @@ void LoadTaskIntoRun(ModuleCommun& module) {
   run.primary_key = settings.primary_key;
   run.duplicate_key = settings.duplicate_key;
   run.error_code = std::move(settings.error_code);
+  run.trace_option = LoadTraceOption(module, run.task);
 }
 
 }  // namespace imptable

@@ -124,7 +124,7 @@ TEST_F(TaskLoading, MakesTheErrorLimitANumberOf32Bits) {
 TEST_F(TaskLoading, CopiesEverySettingToItsPlace) {
   std::int32_t number = 10;
   for (const char* name : {"Mode", "Suppression", "RecErreurs", "SiVide", "SepDec", "Null", "Param",
-                           "UseAlias", "FormatFile", "PrimKey", "DupKey"}) {
+                           "UseAlias", "FormatFile", "PrimKey", "DupKey", "RecTrace"}) {
     Set(name, ++number);
   }
   Set("Alias", "CLIENTS  ");
@@ -146,6 +146,7 @@ TEST_F(TaskLoading, CopiesEverySettingToItsPlace) {
   EXPECT_EQ(loaded.alias, "CLIENTS  ");
   EXPECT_EQ(loaded.delimiter, "|");
   EXPECT_THAT(loaded.column_layout, ElementsAre("", "second"));
+  EXPECT_EQ(loaded.trace_option, 22);
 }
 
 }  // namespace

@@ -33,6 +33,12 @@ class FaultyFileSystem::Output : public OutputFile {
     return error ? error : file_->Write(bytes);
   }
 
+  std::error_code Flush() override {
+    owner_.log_.push_back("flush " + path_);
+    const std::error_code error = owner_.Next(FileOperation::kFlush);
+    return error ? error : file_->Flush();
+  }
+
   std::error_code Close() override {
     owner_.log_.push_back("close " + path_);
     const std::error_code wanted = owner_.Next(FileOperation::kClose);
@@ -89,6 +95,12 @@ std::error_code FaultyFileSystem::Remove(const std::string& path) {
   log_.push_back("remove " + path);
   const std::error_code error = Next(FileOperation::kRemove);
   return error ? error : files_.Remove(path);
+}
+
+std::error_code FaultyFileSystem::Replace(const std::string& from, const std::string& to) {
+  log_.push_back("replace " + to + " by " + from);
+  const std::error_code error = Next(FileOperation::kReplace);
+  return error ? error : files_.Replace(from, to);
 }
 
 }  // namespace imptable

@@ -12,7 +12,16 @@
 
 namespace imptable {
 
-enum class FileOperation { kOpenRead, kOpenWrite, kRead, kWrite, kClose, kRemove };
+enum class FileOperation {
+  kOpenRead,
+  kOpenWrite,
+  kRead,
+  kWrite,
+  kFlush,
+  kClose,
+  kRemove,
+  kReplace
+};
 
 /// Passes everything on to another file system, except what a test wants to fail; keeps a log.
 /// Must outlive the files it opened.
@@ -30,7 +39,8 @@ class FaultyFileSystem : public FileSystem {
 
   /// One line an operation, failed ones included, in the order of the calls: "open read PATH",
   /// "open write PATH", "open append PATH", "read PATH N" (bytes read), "write PATH N" (bytes
-  /// given), "close PATH" (only an explicit one), "remove PATH". Locate and Query leave no line.
+  /// given), "flush PATH", "close PATH" (only an explicit one), "remove PATH", "replace PATH by
+  /// PATH". Locate and Query leave no line.
   const std::vector<std::string>& log() const { return log_; }
 
   std::string Locate(std::string_view path) const override { return files_.Locate(path); }
@@ -42,6 +52,7 @@ class FaultyFileSystem : public FileSystem {
   std::unique_ptr<OutputFile> OpenForWriting(const std::string& path, WriteMode mode,
                                              std::error_code& error) override;
   std::error_code Remove(const std::string& path) override;
+  std::error_code Replace(const std::string& from, const std::string& to) override;
 
  private:
   class Input;

@@ -26,6 +26,7 @@ class TextFile : public InputFile, public OutputFile {
     text_ += bytes;
     return {};
   }
+  std::error_code Flush() override { return {}; }
   std::error_code Close() override {
     ++closed_;
     return {};
@@ -61,6 +62,10 @@ class TextFiles : public FileSystem {
   std::error_code Remove(const std::string& path) override {
     return texts.erase(path) > 0 ? std::error_code() : std::make_error_code(std::errc::io_error);
   }
+  std::error_code Replace(const std::string& from, const std::string& to) override {
+    texts[to] = texts.at(from);
+    return Remove(from);
+  }
 };
 
 TEST(FaultyFileSystem, PassesEverythingOnAndLogsIt) {
@@ -71,6 +76,7 @@ TEST(FaultyFileSystem, PassesEverythingOnAndLogsIt) {
   auto out = files.OpenForWriting("/x.TRC", WriteMode::kTruncate, error);
   EXPECT_FALSE(error);
   EXPECT_FALSE(out->Write("eighteen bytes end"));
+  EXPECT_FALSE(out->Flush());
   EXPECT_FALSE(out->Close());
   files.OpenForWriting("/x.TRC", WriteMode::kAppend, error);
   char buffer[40];
@@ -79,10 +85,14 @@ TEST(FaultyFileSystem, PassesEverythingOnAndLogsIt) {
   EXPECT_EQ(files.Locate("/y"), "/y?");
   EXPECT_FALSE(files.Remove("/x.TRC"));
   EXPECT_TRUE(files.Remove("/x.TRC"));
+  texts.texts["/new"] = "new";
+  EXPECT_FALSE(files.Replace("/new", "/x.TRC"));
+  EXPECT_EQ(texts.texts["/x.TRC"], "new");
 
-  EXPECT_THAT(files.log(), ElementsAre("open write /x.TRC", "write /x.TRC 18", "close /x.TRC",
-                                       "open append /x.TRC", "open read /x.TRC", "read /x.TRC 18",
-                                       "remove /x.TRC", "remove /x.TRC"));
+  EXPECT_THAT(files.log(),
+              ElementsAre("open write /x.TRC", "write /x.TRC 18", "flush /x.TRC", "close /x.TRC",
+                          "open append /x.TRC", "open read /x.TRC", "read /x.TRC 18",
+                          "remove /x.TRC", "remove /x.TRC", "replace /x.TRC by /new"));
 }
 
 TEST(FaultyFileSystem, FailsOnlyTheNthOperationOfItsKind) {
@@ -129,6 +139,21 @@ TEST(FaultyFileSystem, FailsOpeningReadingAndRemoving) {
   EXPECT_EQ(error, kFull);
   EXPECT_EQ(files.Remove("/a"), kFull);
   EXPECT_EQ(texts.texts["/a"], "text");
+}
+
+TEST(FaultyFileSystem, FailsFlushingAndReplacing) {
+  TextFiles texts;
+  texts.texts["/new"] = "new";
+  FaultyFileSystem files(texts);
+  files.Fail(FileOperation::kFlush, 1, kFull);
+  files.Fail(FileOperation::kReplace, 1, kFull);
+  std::error_code error;
+  const auto out = files.OpenForWriting("/a", WriteMode::kTruncate, error);
+  EXPECT_EQ(out->Flush(), kFull);
+  EXPECT_FALSE(out->Flush());
+  EXPECT_EQ(files.Replace("/new", "/a"), kFull);
+  EXPECT_EQ(texts.texts["/a"], "");
+  EXPECT_FALSE(files.Replace("/new", "/a"));
 }
 
 TEST(FaultyFileSystem, ClosesTheFileWhoseCloseFails) {

@@ -21,6 +21,10 @@ void RunFile::Write(std::string_view bytes) {
   if (const std::error_code error = file_->Write(bytes)) throw FileFault(error, path_);
 }
 
+void RunFile::Flush() {
+  if (const std::error_code error = file_->Flush()) throw FileFault(error, path_);
+}
+
 void RunFile::Close() {
   if (const std::error_code error = file_->Close()) throw FileFault(error, path_);
 }

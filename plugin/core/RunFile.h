@@ -20,6 +20,9 @@ class RunFile {
   /// @throws RuntimeFault
   void Write(std::string_view bytes);
 
+  /// Returns once the file has reached the disk. @throws RuntimeFault
+  void Flush();
+
   /// @throws RuntimeFault
   void Close();
 

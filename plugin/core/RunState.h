@@ -47,6 +47,7 @@ struct RunState {
   std::int16_t deletion_mode = 0;
   std::int32_t error_limit = 0;
   std::int16_t resume_option = 0;  // "RecErreurs"
+  std::int16_t trace_option = 0;   // "RecTrace": 1 when a trace alone is enough for a resume
   std::int16_t empty_file_policy = 0;
   std::int16_t separator_option = 0;  // "SepDec"
   std::int16_t null_option = 0;

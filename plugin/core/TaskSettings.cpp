@@ -99,6 +99,10 @@ ImportSettings Load(const ModuleCommun& module, std::string_view task,
 
 std::string TransformPassword(std::string password) { return password; }
 
+std::int16_t LoadTraceOption(const ModuleCommun& module, std::string_view task) {
+  return SettingReader(module, task, nullptr).Number("RecTrace");
+}
+
 ImportSettings LoadSettings(const ModuleCommun& module, std::string_view task) {
   return Load(module, task, nullptr);
 }

@@ -51,6 +51,11 @@ ImportSettings LoadSettings(const ModuleCommun& module, std::string_view task);
 ImportSettings LoadSettings(const ModuleCommun& module, std::string_view task,
                             std::vector<RuntimeFault>& faults);
 
+/// "RecTrace", which is no part of the settings that a host knows: 1 when a trace alone is enough
+/// for a resume, default 0.
+/// @throws RuntimeFault  as LoadSettings.
+std::int16_t LoadTraceOption(const ModuleCommun& module, std::string_view task);
+
 /// Where the password would be decoded; stored in clear, it is passed on unchanged.
 std::string TransformPassword(std::string password);
 

@@ -1,0 +1,65 @@
+#ifndef IMPORT_RESUME_CHAIN_H_
+#define IMPORT_RESUME_CHAIN_H_
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "import/ChainFile.h"
+#include "platform/FileSystem.h"
+
+namespace imptable {
+
+/// The side file that holds the state of a chain of resumed runs. It is only ever replaced as a
+/// whole, by a file that has reached the disk, so that a run that dies at any moment leaves the old
+/// state or the new one.
+class ResumeChain {
+ public:
+  enum class State : std::uint8_t {
+    kNone,  // no file: the chain is the last run's trace alone
+    kOpen,  // lines are to be done (or the file is damaged, which Advance says)
+    kVoid,  // over; what the last run left isn't to be resumed
+  };
+
+  /// @param files  borrowed. @param path  of the chain's file.
+  ResumeChain(FileSystem& files, const std::string& path);
+
+  State state() const;
+
+  /// The last source line that the chain reached; 0 without an open chain.
+  /// @throws RuntimeFault  invalid file format, naming the file and the line; file faults.
+  std::int32_t Reached() const;
+
+  /// Merges what the last run left into the chain. Doing it again changes nothing. Lines are
+  /// rejected as the trace says, with the text that the rejected-lines file has for them (its nth
+  /// line belongs to the nth rejection of the trace), else with the chain's own copy, else with
+  /// that of the source. A file of the last run that doesn't exist counts as empty.
+  /// @param skip_mark  whether the rejected lines may begin with a UTF-8 byte order mark.
+  /// @throws RuntimeFault  for a damaged chain or trace, naming file and line; file faults. The
+  /// chain is then as it was.
+  void Advance(const std::string& trace, const std::string& rejected, bool skip_mark);
+
+  /// The rejected lines of an open chain. @throws RuntimeFault  as Reached.
+  std::unique_ptr<ChainReader> Open() const;
+
+  /// Declares an existing chain to be over, whatever the last run has left.
+  /// @throws RuntimeFault  the file fault.
+  void Void();
+
+  /// Deletes the file, if there is one. @throws RuntimeFault  the file fault.
+  void Remove();
+
+  const std::string& path() const { return path_; }
+
+ private:
+  std::unique_ptr<LineReader> OpenLines(const std::string& path, bool skip_mark) const;
+  std::unique_ptr<LineReader> OpenLinesOrNone(const std::string& path, bool skip_mark) const;
+
+  FileSystem& files_;
+  std::string path_;      // as found
+  std::string new_path_;  // of the file that is to replace it
+};
+
+}  // namespace imptable
+
+#endif  // IMPORT_RESUME_CHAIN_H_
