@@ -3,7 +3,7 @@
 namespace imptable {
 namespace {
 
-constexpr std::array kSignals{SIGINT, SIGTERM, SIGPIPE, SIGXFSZ};
+constexpr std::array kSignals{SIGINT, SIGTERM, SIGPIPE};
 
 // A signal handler reaches nothing but globals.
 std::atomic<std::atomic<bool>*> asked_to_stop{nullptr};
@@ -22,8 +22,7 @@ StopSignals::StopSignals(std::atomic<bool>& stop) {
   for (std::size_t i = 0; i < kCount; ++i) {
     struct sigaction action {};
     sigemptyset(&action.sa_mask);
-    const bool asks_to_stop = kSignals[i] == SIGINT || kSignals[i] == SIGTERM;
-    if (!asks_to_stop) {
+    if (kSignals[i] == SIGPIPE) {
       action.sa_handler = SIG_IGN;
     } else {
       action.sa_handler = AskToStop;

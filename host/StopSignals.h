@@ -9,8 +9,7 @@
 namespace imptable {
 
 /// While it lives, the first SIGINT or SIGTERM asks the run to stop and the second one kills as
-/// usual; neither a reader that closes our output (SIGPIPE) nor a file that may grow no further
-/// (SIGXFSZ: the write fails, too) ends the run. One at a time.
+/// usual; a reader that closes our output doesn't end the run (SIGPIPE). One at a time.
 class StopSignals {
  public:
   /// @param stop  set from the signal handler; borrowed.
@@ -20,7 +19,7 @@ class StopSignals {
   StopSignals& operator=(const StopSignals&) = delete;
 
  private:
-  static constexpr std::size_t kCount = 4;
+  static constexpr std::size_t kCount = 3;
 
   std::array<struct sigaction, kCount> former_{};
 };

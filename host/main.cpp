@@ -1,6 +1,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <iostream>
 #include <string>
@@ -28,6 +29,8 @@ std::string_view Environment(const char* name) {
 
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
+  // A file that may grow no further is an error of the write that it refuses, as a full disk is.
+  std::signal(SIGXFSZ, SIG_IGN);
   const StandardOutputTerminal terminal;
   const bool is_terminal = isatty(STDOUT_FILENO) == 1 && Environment("TERM") != "dumb";
   return imptable::RunHost(std::vector<std::string>(argv + 1, argv + argc),
