@@ -29,6 +29,16 @@ bool ReadPart(std::string_view text, std::size_t at, std::size_t count, unsigned
   return true;
 }
 
+/// Reads a year of two characters: they stand behind the century as they are, so that a blank
+/// before the digit makes it no number and one behind it a year of three digits.
+bool ReadShortYear(std::string_view text, std::size_t at, unsigned century, unsigned& year) {
+  unsigned part = 0;
+  if (!ReadPart(text, at, 2, part) || text[at - 1] == ' ') return false;
+  const bool one_digit = WithoutTrailingBlanks(text.substr(at - 1, 2)).size() == 1;
+  year = century * (one_digit ? 10 : 100) + part;
+  return true;
+}
+
 /// The value with one byte a character: what is not ASCII becomes a byte that is no digit. Only its
 /// two ends matter, so its middle may be left out.
 std::string OneByteImage(std::string_view value) {
@@ -48,11 +58,14 @@ bool ReadDay(std::string_view value, const DateFormat& format, int century,
   unsigned year = 0;
   unsigned month = 0;
   unsigned day = 0;
-  if (!ReadPart(value, style.year_at, style.year_digits, year) ||
-      !ReadPart(value, style.month_at, 2, month) || !ReadPart(value, style.day_at, 2, day)) {
+  const bool has_year =
+      style.year_digits == 2
+          ? ReadShortYear(value, style.year_at, static_cast<unsigned>(century), year)
+          : ReadPart(value, style.year_at, style.year_digits, year);
+  if (!has_year || !ReadPart(value, style.month_at, 2, month) ||
+      !ReadPart(value, style.day_at, 2, day)) {
     return false;
   }
-  if (style.year_digits == 2) year += static_cast<unsigned>(century) * 100;
   date.year = static_cast<SQLSMALLINT>(year);
   date.month = static_cast<SQLUSMALLINT>(month);
   date.day = static_cast<SQLUSMALLINT>(day);

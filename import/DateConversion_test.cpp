@@ -60,6 +60,13 @@ TEST(DateConversion, GivesTwoDigitYearsTheCurrentCenturyWithoutAPivot) {
             "1999-03-15 00:00:00.000");
 }
 
+TEST(DateConversion, PutsATwoDigitYearBehindTheCenturyAsItStands) {
+  EXPECT_EQ(Converted("15039", 2), "0209-03-15 00:00:00.000");
+  EXPECT_EQ(Converted("15039 ", 2), "0209-03-15 00:00:00.000");
+  EXPECT_EQ(Converted("1503 9", 2), kNoDate) << "20 9 is no number";
+  EXPECT_EQ(Converted("9 0315", 6), "0209-03-15 00:00:00.000");
+}
+
 TEST(DateConversion, SkipsTheSeparatorsByPositionWhateverTheyAre) {
   for (const char* value : {"15/11/2006", "15-11-2006", "15.11-2006", "15 11 2006", "1591192006",
                             "15é11é2006", "15€11𝄞2006"}) {
