@@ -89,17 +89,7 @@ std::string ValueLine(const NamedValue& entry) {
 
 }  // namespace
 
-std::optional<std::string> WriteRegistryExport(const RegistryStore& store,
-                                               const std::optional<KeyPath>& key) {
-  std::vector<StoredKey> keys;
-  if (key) {
-    keys = store.Tree(*key);
-    if (keys.empty()) return std::nullopt;
-  } else {
-    for (const RegistryRoot& root : kRegistryRoots) {
-      for (StoredKey& stored : store.Tree({root.handle, ""})) keys.push_back(std::move(stored));
-    }
-  }
+std::string RegistryExportOf(const std::vector<StoredKey>& keys) {
   std::string text = "\xEF\xBB\xBFWindows Registry Editor Version 5.00";
   text += kLineEnd;
   text += kLineEnd;
@@ -116,6 +106,20 @@ std::optional<std::string> WriteRegistryExport(const RegistryStore& store,
     text += kLineEnd;
   }
   return Utf16FromUtf8(text);
+}
+
+std::optional<std::string> WriteRegistryExport(const RegistryStore& store,
+                                               const std::optional<KeyPath>& key) {
+  std::vector<StoredKey> keys;
+  if (key) {
+    keys = store.Tree(*key);
+    if (keys.empty()) return std::nullopt;
+  } else {
+    for (const RegistryRoot& root : kRegistryRoots) {
+      for (StoredKey& stored : store.Tree({root.handle, ""})) keys.push_back(std::move(stored));
+    }
+  }
+  return RegistryExportOf(keys);
 }
 
 }  // namespace imptable

@@ -33,8 +33,10 @@ struct RegistryExportError {
 std::variant<std::vector<RegistryEdit>, RegistryExportError> ParseRegistryExport(
     std::string_view bytes, std::string_view origin, const TextEncoding& encoding);
 
-/// Such a file (Version 5.00, UTF-16LE with byte order mark) for a key and all below it, or for the
-/// whole registry.
+/// Such a file (Version 5.00, UTF-16LE with byte order mark) for these keys, in their order.
+std::string RegistryExportOf(const std::vector<StoredKey>& keys);
+
+/// That for a key and all below it, or for the whole registry.
 /// @return nullopt when there is no such key.
 std::optional<std::string> WriteRegistryExport(const RegistryStore& store,
                                                const std::optional<KeyPath>& key);

@@ -1,0 +1,67 @@
+#ifndef TESTS_ROBUSTNESS_FUZZ_MEMORY_FILES_H_
+#define TESTS_ROBUSTNESS_FUZZ_MEMORY_FILES_H_
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "platform/FileSystem.h"
+#include "tests/robustness/fuzz/MemoryInput.h"
+
+namespace imptable {
+
+/// Files in memory, by their path as it stands.
+class MemoryFiles : public FileSystem {
+ public:
+  std::map<std::string, std::string> files;
+
+  std::string Locate(std::string_view path) const override { return std::string(path); }
+
+  std::optional<FileInfo> Query(const std::string& path) const override {
+    const auto found = files.find(path);
+    if (found == files.end()) return std::nullopt;
+    return FileInfo{found->second.size(), false};
+  }
+
+  std::unique_ptr<InputFile> OpenForReading(const std::string& path,
+                                            std::error_code& error) override {
+    const auto found = files.find(path);
+    if (found == files.end()) {
+      error = std::make_error_code(std::errc::no_such_file_or_directory);
+      return nullptr;
+    }
+    error.clear();
+    return std::make_unique<MemoryInput>(found->second);
+  }
+
+  std::unique_ptr<OutputFile> OpenForWriting(const std::string& path, WriteMode mode,
+                                             std::error_code& error) override {
+    error.clear();
+    std::string& bytes = files[path];
+    if (mode == WriteMode::kTruncate) bytes.clear();
+    return std::make_unique<Output>(bytes);
+  }
+
+  std::error_code Remove(const std::string& path) override {
+    if (files.erase(path) > 0) return {};
+    return std::make_error_code(std::errc::no_such_file_or_directory);
+  }
+
+ private:
+  class Output : public OutputFile {
+   public:
+    explicit Output(std::string& bytes) : bytes_(bytes) {}
+    std::error_code Write(std::string_view bytes) override {
+      bytes_ += bytes;
+      return {};
+    }
+    std::error_code Close() override { return {}; }
+
+   private:
+    std::string& bytes_;
+  };
+};
+
+}  // namespace imptable
+
+#endif  // TESTS_ROBUSTNESS_FUZZ_MEMORY_FILES_H_

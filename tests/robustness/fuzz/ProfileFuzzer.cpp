@@ -1,0 +1,83 @@
+// Any bytes as an initialisation file.
+#include <string>
+
+#include "platform/ProfileFileReader.h"
+#include "platform/testing/PlainEncodings.h"
+#include "tests/robustness/fuzz/FuzzInput.h"
+#include "tests/robustness/fuzz/MemoryFiles.h"
+#include "tests/robustness/fuzz/Property.h"
+
+namespace imptable {
+namespace {
+
+constexpr std::size_t kAll = std::string::npos;
+constexpr const char* kFallback = "<fallback>";
+
+class Profile {
+ public:
+  Profile(const TextEncoding& encoding, std::string bytes) : reader_(files_, encoding) {
+    files_.files["file"] = std::move(bytes);
+  }
+
+  std::string Read(std::string_view section, std::string_view key, std::size_t most = kAll) const {
+    return reader_.ReadString("file", section, key, kFallback, most);
+  }
+
+ private:
+  MemoryFiles files_;
+  ProfileFileReader reader_;
+};
+
+bool SaysItsEncoding(std::string_view bytes) {
+  return bytes.starts_with("\xEF\xBB\xBF") || bytes.starts_with("\xFF\xFE") ||
+         bytes.starts_with("\xFE\xFF");
+}
+
+/// A text that stands for itself as a name or a value: letters, with blanks within at most.
+std::string Plain(std::string_view text) {
+  std::string plain;
+  for (const char byte : text)
+    plain += (byte & 0x1F) == 0 ? ' ' : static_cast<char>((byte & 0x0F) + 'a');
+  return 'x' + plain + 'y';
+}
+
+void CheckProfile(FuzzInput input) {
+  const Utf8TextEncoding utf8;
+  const Latin1TextEncoding latin1;
+  const TextEncoding& encoding = input.Flag() ? static_cast<const TextEncoding&>(utf8) : latin1;
+  const std::size_t most = input.Byte();
+  const std::string section(input.Upto('\n'));
+  const std::string key(input.Upto('\n'));
+  const std::string bytes(input.Rest());
+
+  const Profile profile(encoding, bytes);
+  const std::string value = profile.Read(section, key);
+  Require(profile.Read(section, key, most) == value.substr(0, most),
+          "a long value is cut, and nothing else");
+  Require(profile.Read(' ' + section + '\t', "  " + key) == value,
+          "blanks around names don't count");
+  Require(value.find_first_of(std::string_view("\r\n\0", 3)) == std::string::npos,
+          "a value is text of one line");
+
+  // What stands before a section doesn't hide it, unless it is a section of that name.
+  const std::string own_section = Plain(section);
+  const std::string own_key = Plain(key);
+  const std::string own_value = Plain(std::string_view(bytes).substr(0, most));
+  const bool hidden = profile.Read(own_section, own_key) != kFallback ||
+                      bytes.find('[') != std::string::npos || SaysItsEncoding(bytes);
+  if (hidden) return;
+  const std::string written =
+      bytes + "\n[" + own_section + "]\r\n" + own_key + " = " + own_value + "\r\n";
+  Require(Profile(encoding, written).Read(own_section, own_key) == own_value,
+          "a value that was written is read");
+  Require(Profile(encoding, written + bytes).Read(own_section, own_key) == own_value,
+          "the first value of the name counts");
+}
+
+}  // namespace
+}  // namespace imptable
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  imptable::CheckProfile({data, size});
+  return 0;
+}
