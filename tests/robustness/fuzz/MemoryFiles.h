@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/FileSystem.h"
 #include "tests/robustness/fuzz/MemoryInput.h"
@@ -47,6 +48,15 @@ class MemoryFiles : public FileSystem {
     return std::make_error_code(std::errc::no_such_file_or_directory);
   }
 
+  std::error_code Replace(const std::string& from, const std::string& to) override {
+    const auto found = files.find(from);
+    if (found == files.end()) return std::make_error_code(std::errc::no_such_file_or_directory);
+    std::string bytes = std::move(found->second);
+    files.erase(found);
+    files[to] = std::move(bytes);
+    return {};
+  }
+
  private:
   class Output : public OutputFile {
    public:
@@ -55,6 +65,7 @@ class MemoryFiles : public FileSystem {
       bytes_ += bytes;
       return {};
     }
+    std::error_code Flush() override { return {}; }
     std::error_code Close() override { return {}; }
 
    private:
