@@ -101,7 +101,8 @@ std::unique_ptr<LineReader> ResumeChain::OpenLines(const std::string& path, bool
 
 std::unique_ptr<LineReader> ResumeChain::OpenLinesOrNone(const std::string& path,
                                                          bool skip_mark) const {
-  return files_.Query(path) ? OpenLines(path, skip_mark) : nullptr;
+  if (!files_.Query(path)) return nullptr;
+  return OpenLines(path, skip_mark);
 }
 
 std::unique_ptr<ChainReader> ResumeChain::Open() const {
