@@ -12,6 +12,9 @@ namespace {
 
 constexpr std::string_view kNewSuffix = ".NEW";
 
+/// Of memory for each file: three are open at a time, and as a rule they are short.
+constexpr std::size_t kBlockBytes = std::size_t{16} << 10U;
+
 /// A file that takes another's place once it is complete and on the disk; removed otherwise.
 class ReplacingFile {
  public:
@@ -96,7 +99,7 @@ std::unique_ptr<LineReader> ResumeChain::OpenLines(const std::string& path, bool
   std::error_code error;
   auto file = files_.OpenForReading(path, error);
   if (!file) throw FileFault(error, path);
-  return std::make_unique<LineReader>(std::move(file), path, skip_mark);
+  return std::make_unique<LineReader>(std::move(file), path, skip_mark, kBlockBytes);
 }
 
 std::unique_ptr<LineReader> ResumeChain::OpenLinesOrNone(const std::string& path,

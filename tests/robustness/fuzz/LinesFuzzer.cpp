@@ -7,39 +7,15 @@
 #include "tests/robustness/fuzz/FuzzInput.h"
 #include "tests/robustness/fuzz/MemoryInput.h"
 #include "tests/robustness/fuzz/Property.h"
+#include "tests/robustness/fuzz/SlowLines.h"
 
 namespace imptable {
 namespace {
 
-struct Line {
-  std::string text;
-  bool ended;
-  std::size_t taken;  // bytes of the file up to its end
-
-  bool operator==(const Line&) const = default;
-};
-
-std::vector<Line> SlowLines(const std::string& bytes, bool skip_mark) {
-  std::vector<Line> lines;
-  std::size_t at = skip_mark && bytes.starts_with("\xEF\xBB\xBF") ? 3 : 0;
-  std::string text;
-  for (; at < bytes.size(); ++at) {
-    if (bytes[at] != '\r' && bytes[at] != '\n') {
-      text += bytes[at];
-      continue;
-    }
-    if (bytes[at] == '\r' && at + 1 < bytes.size() && bytes[at + 1] == '\n') ++at;
-    lines.push_back({text, true, at + 1});
-    text.clear();
-  }
-  if (!text.empty()) lines.push_back({text, false, bytes.size()});
-  return lines;
-}
-
-std::vector<Line> Lines(const std::string& bytes, std::string_view steps, bool skip_mark,
-                        std::size_t block_bytes) {
+std::vector<SlowLine> Lines(const std::string& bytes, std::string_view steps, bool skip_mark,
+                            std::size_t block_bytes) {
   LineReader reader(std::make_unique<MemoryInput>(bytes, steps), "file", skip_mark, block_bytes);
-  std::vector<Line> lines;
+  std::vector<SlowLine> lines;
   std::string_view line;
   while (reader.Next(line)) {
     lines.push_back({std::string(line), reader.ended(), reader.bytes_taken()});
