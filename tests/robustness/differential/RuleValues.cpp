@@ -81,6 +81,7 @@ constexpr std::array<Row, 16> kRows{{
 
 Characters CharactersOf(const std::string& text, bool utf8) {
   Characters characters;
+  characters.reserve(text.size());
   for (std::size_t at = 0; at < text.size();) {
     const std::size_t bytes = utf8 ? CharacterBytes(text, at) : 1;
     characters.push_back(text.substr(at, bytes));
