@@ -36,7 +36,7 @@ enum class WriteMode { kTruncate, kAppend };
 
 struct FileInfo {
   std::uint64_t size = 0;  // bytes
-  bool is_directory = false;
+  bool is_file = true;     // a file of data: no directory, pipe, socket or device
 };
 
 /// Files by path, in the system's code page. Errors are values of std::generic_category().

@@ -132,7 +132,7 @@ class LinuxFileSystem : public FileSystem {
     struct stat status {};
     if (stat(path.c_str(), &status) != 0) return std::nullopt;
     return FileInfo{.size = static_cast<std::uint64_t>(status.st_size),
-                    .is_directory = S_ISDIR(status.st_mode)};
+                    .is_file = S_ISREG(status.st_mode)};
   }
 
   std::unique_ptr<InputFile> OpenForReading(const std::string& path,

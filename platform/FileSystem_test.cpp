@@ -127,10 +127,10 @@ TEST_F(FileSystemTest, TellsTheSizeOfAFile) {
   const auto file = files_->Query(folder_.Write("a.txt", "12345"));
   ASSERT_TRUE(file);
   EXPECT_EQ(file->size, 5u);
-  EXPECT_FALSE(file->is_directory);
+  EXPECT_TRUE(file->is_file);
   const auto directory = files_->Query(folder_.path());
   ASSERT_TRUE(directory);
-  EXPECT_TRUE(directory->is_directory);
+  EXPECT_FALSE(directory->is_file);
   EXPECT_FALSE(files_->Query(At("missing.txt")));
   EXPECT_FALSE(files_->Query(At("a.txt/b.txt")));
 }

@@ -96,7 +96,7 @@ class WindowsFileSystem : public FileSystem {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data) == 0) return std::nullopt;
     return FileInfo{.size = std::uint64_t{data.nFileSizeHigh} << 32 | data.nFileSizeLow,
-                    .is_directory = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0};
+                    .is_file = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0};
   }
 
   std::unique_ptr<InputFile> OpenForReading(const std::string& path,

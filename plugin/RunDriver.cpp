@@ -157,7 +157,9 @@ RunDriver::FileState RunDriver::CheckDataFile(const std::string& path) {
     Report(module_.MessageText(kMessageNoFile) + path, ReportKind::kInformation);
     return FileState::kMissing;
   }
-  if (info->size == 0 && !info->is_directory) {
+  // The import is to complain about it; for what can't be imported nothing is deleted.
+  if (!info->is_file) return FileState::kNoFile;
+  if (info->size == 0) {
     Report(module_.MessageText(kMessageFile) + path + module_.MessageText(kMessageIsEmpty),
            ReportKind::kInformation);
     return FileState::kEmpty;
@@ -188,7 +190,8 @@ void RunDriver::DeleteBeforeImport(FileState state) {
 }
 
 void RunDriver::Import(FileState state) {
-  if (state != FileState::kPresent || run_.pre_deletion_failed || StopAskedFor()) return;
+  const bool anything = state == FileState::kPresent || state == FileState::kNoFile;
+  if (!anything || run_.pre_deletion_failed || StopAskedFor()) return;
   const bool complete_name = run_.full_file_name == 1;
   switch (run_.mode) {
     case kModeInsert:

@@ -35,7 +35,7 @@ class RunDriver {
   void Disconnect();
 
  private:
-  enum class FileState : std::uint8_t { kPresent, kEmpty, kMissing };
+  enum class FileState : std::uint8_t { kPresent, kEmpty, kMissing, kNoFile };
 
   void ClearRun();
   void Announce();

@@ -55,6 +55,15 @@ TEST_F(RunFiles, ReportAnEmptyDataFileAndSucceed) {
   EXPECT_THAT(run_.Report(), Not(Contains(" -->   Mode INSERT")));
 }
 
+TEST_F(RunFiles, DeleteNothingForADirectoryInThePlaceOfTheDataFile) {
+  run_.Set("Suppression", 1);
+  run_.Set("SiVide", 1);
+  std::filesystem::create_directory(At("CLIENTS.CSV"));
+  EXPECT_EQ(run_.Go(), 3);
+  EXPECT_THAT(run_.Report(), Contains(HasSubstr("N° 75 ,")));
+  EXPECT_THAT(run_.source.LogLines("SQLExecDirect"), IsEmpty());
+}
+
 TEST_F(RunFiles, TakeADirectoryThatDoesNotExistForAMissingFile) {
   run_.Set("Dir", At("none"));
   EXPECT_EQ(run_.Go(), 2);
