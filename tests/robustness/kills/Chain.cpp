@@ -8,7 +8,9 @@ namespace {
 
 constexpr int kDone = 0;
 constexpr int kHadErrors = 1;
-constexpr int kRefused = 3;
+constexpr int kResumeRefused = 3;
+
+constexpr const char* kVoid = "VOID";  // of a chain that is over
 
 constexpr const char* kSucceeded = "2";
 constexpr const char* kFailed = "3";
@@ -46,9 +48,11 @@ void Chain::Go(const ChainPlan& plan) {
     task_.ResetTable(*table_);
     task_.Source(Joined(source_->texts()));
     state_ = {};
-    foreign_ = !left_.trace.empty();
+    foreign_ = task_.ChainText();
+    if (left_.trace.empty() && foreign_->empty()) foreign_.reset();
     logged_.clear();
     took_effect_.clear();
+    untraced_.clear();
     figures_.lines += plan.lines;
     story_ += "that chain is given up: new data, new table\n";
   } else if (!plan.before.empty()) {
@@ -67,17 +71,21 @@ void Chain::Begin(const ChainPlan& plan) {
 
 bool Chain::GoThrough(const std::vector<Attempt>& attempts) {
   int limit = kNoLimit;
-  bool first = true;
-  for (const Attempt& attempt : attempts) {
+  killed_.clear();
+  for (std::size_t at = 0; at < attempts.size(); ++at) {
+    const Attempt& attempt = attempts[at];
+    const bool first = at == 0;
+    const std::int64_t kills_before = kills_;
     if (!first) Mend(attempt);
     if (attempt.error_limit != limit) {
       limit = attempt.error_limit;
       task_.SetErrorLimit(limit);
     }
-    Ended ended = TryOnce(attempt, !first && !foreign_);
+    // Another chain's trace goes on only by mistake, unless that chain says that it is over.
+    Ended ended = TryOnce(attempt, !first && (!foreign_ || OtherChainIsOver()));
     if (ended == Ended::kRefused) ended = TryOnce(attempt, false);
+    if (kills_ > kills_before) killed_.insert(at);
     if (ended == Ended::kDone) return true;
-    first = false;
   }
   return false;
 }
@@ -109,21 +117,37 @@ void Chain::Mend(const Attempt& attempt) {
 }
 
 Chain::Ended Chain::TryOnce(const Attempt& attempt, bool resume) {
-  const ChainState merged = resume ? Merged(state_, left_, source_->texts()) : ChainState{};
+  const ChainState merged =
+      resume && !foreign_ ? Merged(state_, left_, source_->texts()) : ChainState{};
   const ExpectedRun expected =
-      Expect(*table_, PlanOf(merged, source_->texts()), attempt.error_limit);
+      attempt.table_missing
+          ? ExpectedRun{.errors = 1, .came_to_lines = false}
+          : Expect(*table_, PlanOf(merged, source_->texts()), attempt.error_limit);
   const Kill kill = attempt.kill(expected.lines.size());
   story_ += (resume ? "resume" : "run afresh") + std::string(" of ") +
-            std::to_string(expected.lines.size()) + " lines, " + KillText(kill);
+            std::to_string(expected.lines.size()) + " lines" +
+            (attempt.table_missing ? ", no table" : "") + ", " + KillText(kill);
   ++figures_.runs;
   if (resume) ++figures_.resumes;
-  const Fate fate = task_.Run(resume, kill);
+  const Fate fate = Run(attempt, resume, kill);
   story_ += fate.killed ? ": killed\n" : ": ended with " + std::to_string(fate.code) + '\n';
-  if (!fate.killed) return AfterEnd(fate, expected, merged);
+  if (!fate.killed) {
+    Check(!(resume && foreign_) || fate.code == kResumeRefused,
+          "A resume was not refused although its chain was over: " + fate.said);
+    return AfterEnd(fate, expected, merged);
+  }
   ++kills_;
   ++figures_.kills;
   if (kill.at == Kill::At::kMoment) ++figures_.kills_at_moments;
   return AfterKill(expected, merged);
+}
+
+Fate Chain::Run(const Attempt& attempt, bool resume, const Kill& kill) {
+  if (!attempt.table_missing) return task_.Run(resume, kill);
+  task_.HideTable();
+  Fate fate = task_.Run(resume, kill);
+  task_.ShowTable();
+  return fate;
 }
 
 std::size_t Chain::TakeEffects(const ExpectedRun& expected, std::size_t traced,
@@ -140,21 +164,33 @@ std::size_t Chain::TakeEffects(const ExpectedRun& expected, std::size_t traced,
                                               : std::vector<std::string>();
     Check(more == next, "More took effect than the line in hand", Joined(next), Joined(more));
   }
-  for (std::size_t at = 0; at < traced; ++at) Execute(expected.lines[at].line);
-  if (!more.empty()) Execute(expected.lines[traced].line);
+  for (std::size_t at = 0; at < traced; ++at) Execute(expected.lines[at].line, true);
+  if (!more.empty()) Execute(expected.lines[traced].line, false);
   logged_ += Joined(effects);
   return more.size();
 }
 
-void Chain::Execute(const PlannedLine& line) {
-  if (took_effect_.contains(line.number)) {
+void Chain::Execute(const PlannedLine& line, bool traced) {
+  if (untraced_.contains(line.number)) {
     ++twice_;
     ++figures_.twice;
     story_ += "line " + std::to_string(line.number) + " executed again\n";
+    if (traced) untraced_.erase(line.number);
   }
   const LineOutcome outcome = table_->Execute(line.text);
-  if (!outcome.effects.empty()) took_effect_.insert(line.number);
+  if (!outcome.effects.empty()) {
+    took_effect_.insert(line.number);
+    if (!traced) untraced_.insert(line.number);
+  }
   if (outcome.failed) ++figures_.rejected;
+}
+
+bool Chain::OtherChainIsOver() const { return task_.ChainText().starts_with(kVoid); }
+
+bool Chain::OtherChainStands(const SideTexts& now, bool took_effect) const {
+  const bool same =
+      foreign_->empty() ? now.trace == left_.trace && !took_effect : task_.ChainText() == *foreign_;
+  return same || (OtherChainIsOver() && now.trace == left_.trace && !now.trace.empty());
 }
 
 Chain::Ended Chain::AfterKill(const ExpectedRun& expected, const ChainState& merged) {
@@ -166,14 +202,19 @@ Chain::Ended Chain::AfterKill(const ExpectedRun& expected, const ChainState& mer
     ++figures_.kills_after_lines;
     return Ended::kDone;
   }
-  if (now.trace == left_.trace && !now.trace.empty() && effects.empty()) {
+  if (foreign_ && OtherChainStands(now, !effects.empty())) {
+    Check(effects.empty() && now == left_, "A chain still stands after the run has begun");
+    ++figures_.kills_before_lines;
+    return Ended::kGoOn;
+  }
+  if (!foreign_ && now.trace == left_.trace && !now.trace.empty() && effects.empty()) {
     // The run hadn't come to its own files, unless to the first of them.
     ++figures_.kills_before_lines;
-    if (!foreign_ && now.rejected != left_.rejected) state_ = merged;
+    if (now.rejected != left_.rejected) state_ = merged;
     left_ = now;
     return Ended::kGoOn;
   }
-  foreign_ = false;
+  foreign_.reset();
   const std::size_t traced = ReadTrace(now.trace).size();
   const std::size_t most = std::min(traced, expected.lines.size());
   Check(now.trace == expected.Trace(most), "Not the trace of that run", expected.Trace(most),
@@ -187,7 +228,7 @@ Chain::Ended Chain::AfterKill(const ExpectedRun& expected, const ChainState& mer
   if (in_hand > 0) ++figures_.in_hand;
   figures_.most_in_hand = std::max(figures_.most_in_hand, static_cast<std::int64_t>(in_hand));
   if (traced == 0 && effects.empty()) ++figures_.kills_before_lines;
-  if (traced == expected.lines.size()) ++figures_.kills_after_lines;
+  if (expected.came_to_lines && traced == expected.lines.size()) ++figures_.kills_after_lines;
   state_ = merged;
   left_ = now;
   return Ended::kGoOn;
@@ -197,12 +238,12 @@ Chain::Ended Chain::AfterEnd(const Fate& fate, const ExpectedRun& expected,
                              const ChainState& merged) {
   const SideTexts now = task_.Left();
   const std::vector<std::string> effects = task_.NewEffects();
-  if (fate.code == kRefused) {
+  if (fate.code == kResumeRefused) {
     Check(merged == ChainState{} && now == left_ && effects.empty(),
           "A resume was refused although lines were traced: " + fate.said);
     return Ended::kRefused;
   }
-  foreign_ = false;
+  foreign_.reset();
   const std::size_t in_hand = TakeEffects(expected, expected.lines.size(), effects);
   Check(in_hand == 0, "More took effect than a whole run does");
   const bool done = expected.errors == 0;
@@ -213,11 +254,17 @@ Chain::Ended Chain::AfterEnd(const Fate& fate, const ExpectedRun& expected,
     Check(task_.ChainFiles().empty(), "Side files that should be gone: " + task_.ChainFiles());
     return Ended::kDone;
   }
-  const std::size_t count = expected.lines.size();
-  Check(now.trace == expected.Trace(count), "Not the trace of a whole run", expected.Trace(count),
-        now.trace);
-  Check(now.rejected == expected.RejectedText(count), "Not the rejected lines of a whole run",
-        expected.RejectedText(count), now.rejected);
+  if (expected.came_to_lines) {
+    const std::size_t count = expected.lines.size();
+    Check(now.trace == expected.Trace(count), "Not the trace of a whole run", expected.Trace(count),
+          now.trace);
+    Check(now.rejected == expected.RejectedText(count), "Not the rejected lines of a whole run",
+          expected.RejectedText(count), now.rejected);
+  } else {
+    const SideTexts before = merged == ChainState{} ? SideTexts{} : left_;
+    Check(now == before, "A run that came to no line doesn't leave what it found",
+          before.trace + before.rejected, now.trace + now.rejected);
+  }
   if (expected.stopped) ++figures_.limit_stops;
   state_ = merged;
   left_ = now;

@@ -1,9 +1,11 @@
 #ifndef TESTS_ROBUSTNESS_KILLS_CHAIN_H_
 #define TESTS_ROBUSTNESS_KILLS_CHAIN_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <set>
 #include <stdexcept>
 #include <string>
@@ -24,6 +26,7 @@ struct Attempt {
   double mended = 0;  ///< share of the rejected lines that get another text
   double badly = 0;   ///< share of those whose new text is refused again
   int error_limit = kNoLimit;
+  bool table_missing = false;  ///< so the run comes to no line
 };
 
 struct ChainPlan {
@@ -50,7 +53,8 @@ class Chain {
   /// @throws ChainFault  with what is not as it should be.
   void Go(const ChainPlan& plan);
 
-  std::int64_t kills() const { return kills_; }
+  /// Whether the attempt of that index, of the plan's own, was killed.
+  bool WasKilled(std::size_t attempt) const { return killed_.contains(attempt); }
 
   /// What was done, for whoever looks for the cause of a fault.
   const std::string& story() const { return story_; }
@@ -67,7 +71,10 @@ class Chain {
   /// @return effects beyond those of the traced lines: of the line in hand.
   std::size_t TakeEffects(const ExpectedRun& expected, std::size_t traced,
                           const std::vector<std::string>& effects);
-  void Execute(const PlannedLine& line);
+  Fate Run(const Attempt& attempt, bool resume, const Kill& kill);
+  void Execute(const PlannedLine& line, bool traced);
+  bool OtherChainIsOver() const;
+  bool OtherChainStands(const SideTexts& now, bool took_effect) const;
   void CheckEnd(bool finished);
   void Check(bool holds, const std::string& what, const std::string& expected = {},
              const std::string& found = {}) const;
@@ -79,10 +86,12 @@ class Chain {
   std::unique_ptr<TableModel> table_;
   ChainState state_;
   SideTexts left_;
-  bool foreign_ = false;  // what is left belongs to another chain
-  std::string logged_;    // all that took effect
+  std::optional<std::string> foreign_;  // state of another chain, whose files are those left
+  std::string logged_;                  // all that took effect
   std::set<int> took_effect_;
+  std::set<int> untraced_;  // those that did so in hand
   std::int64_t kills_ = 0;
+  std::set<std::size_t> killed_;
   std::int64_t twice_ = 0;
   std::string story_;
 };

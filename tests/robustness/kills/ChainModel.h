@@ -58,9 +58,10 @@ struct ExpectedLine {
 
 /// What a whole run does.
 struct ExpectedRun {
-  std::vector<ExpectedLine> lines;  ///< up to the end or to the error limit
+  std::vector<ExpectedLine> lines = {};  ///< up to the end or to the error limit
   int errors = 0;
   bool stopped = false;  ///< by the error limit
+  bool came_to_lines = true;
 
   std::string Trace(std::size_t count) const;  ///< after so many lines
   std::string RejectedText(std::size_t count) const;

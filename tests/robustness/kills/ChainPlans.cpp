@@ -6,9 +6,13 @@ namespace imptable {
 namespace {
 
 constexpr int kResumes = 5;
+/// What a resume does before its lines and a fresh run doesn't, about.
+constexpr int kCallsOfChain = 12;
+
 constexpr double kKilled = 0.85;
 constexpr double kLimited = 0.4;
 constexpr double kAfterAnother = 0.2;
+constexpr double kTableMissing = 0.05;
 constexpr double kToTheEnd = 0.6;
 
 std::vector<Attempt> RandomAttempts(const Pace& pace, Random& random, int count, int limit) {
@@ -16,7 +20,8 @@ std::vector<Attempt> RandomAttempts(const Pace& pace, Random& random, int count,
   for (int at = 0; at < count; ++at) {
     Attempt attempt{.mended = Chance(random, 0.3) ? 0.0 : 0.1 * Between(random, 1, 10),
                     .badly = 0.1 * Between(random, 0, 4),
-                    .error_limit = limit};
+                    .error_limit = limit,
+                    .table_missing = Chance(random, kTableMissing)};
     if (Chance(random, kKilled)) {
       attempt.kill = [&pace, &random](std::size_t lines) {
         return AimAnywhere(pace, lines, random);
@@ -38,7 +43,7 @@ ChainPlan SmallPlan(std::vector<Attempt> attempts, double bad_share = 0.35) {
 
 ChainPlan RandomPlan(const Pace& pace, Random& random) {
   ChainPlan plan;
-  plan.lines = Between(random, 1, 30);
+  plan.lines = Between(random, 1, 40);
   plan.bad_share = Chance(random, 0.2) ? 0 : 0.05 * Between(random, 1, 9);
   const int limit = Chance(random, kLimited) ? Between(random, 0, 4) : kNoLimit;
   if (Chance(random, kAfterAnother)) {
@@ -54,7 +59,9 @@ ChainPlan RandomPlan(const Pace& pace, Random& random) {
 std::vector<Stage> Stages(const Pace& pace) {
   // Somewhere amid the lines, the same each time.
   const auto amid = [&pace](std::size_t lines) {
-    return Kill{.at = Kill::At::kCall, .call = pace.Calls(lines / 2)};
+    const double calls =
+        pace.calls_before_lines + pace.calls_of_a_line * static_cast<double>(lines / 2);
+    return Kill{.at = Kill::At::kCall, .call = static_cast<int>(calls) + kCallsOfChain};
   };
   ChainPlan after_another = SmallPlan({{}});
   after_another.before = {{}, {.kill = amid, .mended = 0.5}};
@@ -64,10 +71,18 @@ std::vector<Stage> Stages(const Pace& pace) {
       {"first run that stops at the error limit", SmallPlan({{.error_limit = 0}}), 0},
       {"resume", SmallPlan({{}, {.mended = 0.5, .badly = 0.3}}), 1},
       {"resume to the end", SmallPlan({{}, {.mended = 1}}), 1},
-      {"resume of a killed run", SmallPlan({{.kill = amid}, {.mended = 0.5, .badly = 0.5}}), 1},
+      {"resume that comes to no line",
+       SmallPlan({{}, {.kill = amid, .mended = 0.5, .badly = 1}, {.table_missing = true}}),
+       2,
+       {1}},
+      {"resume of a killed run",
+       SmallPlan({{.kill = amid}, {.mended = 0.5, .badly = 0.5}}),
+       1,
+       {0}},
       {"resume of a killed resume",
        SmallPlan({{}, {.kill = amid, .mended = 0.5, .badly = 1}, {.mended = 0.5, .badly = 0.5}}),
-       2},
+       2,
+       {1}},
       {"first run in the place of another chain", after_another, 0},
   };
 }

@@ -1,6 +1,8 @@
 #ifndef TESTS_ROBUSTNESS_KILLS_CHAINPLANS_H_
 #define TESTS_ROBUSTNESS_KILLS_CHAINPLANS_H_
 
+#include <cstddef>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -18,6 +20,7 @@ struct Stage {
   std::string name;
   ChainPlan plan;
   std::size_t killed;  ///< the attempt that is killed at each of its calls in turn
+  std::set<std::size_t> killed_before = {};  ///< attempts that are killed amid their lines
 };
 
 /// @param pace  borrowed for the stages' life.

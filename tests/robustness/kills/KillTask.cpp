@@ -75,27 +75,43 @@ void KillTask::SetErrorLimit(int limit) const {
   OutputOf(Command({"set", "S1", "T1", "Erreurs=" + std::to_string(limit)}));
 }
 
-Fate KillTask::Run(bool resume, const Kill& kill) const {
+void KillTask::HideTable() const { database().Execute("ALTER TABLE client RENAME TO hidden;\n"); }
+
+void KillTask::ShowTable() const {
+  database().Execute(WaitSql(kind_) + "ALTER TABLE hidden RENAME TO client;\n");
+}
+
+Invocation KillTask::RunCommand(bool resume) const {
   std::vector<std::string> words{"--lang", "en", "run", "S1", "T1", "--report", "report.txt"};
   if (resume) words.emplace_back("--resume");
-  return RunVictim(Command(words), kill);
+  return Command(words);
+}
+
+Fate KillTask::Run(bool resume, const Kill& kill) const {
+  return RunVictim(RunCommand(resume), kill);
+}
+
+Fate KillTask::CountCalls() const {
+  // More calls than any run makes.
+  constexpr Kill kNoKill{.at = Kill::At::kCall, .call = 1 << 30};
+  return RunVictim(RunCommand(false), kNoKill, folder().path() + kTrace);
 }
 
 std::string KillTask::ReadIfThere(const std::string& name) const {
   return folder().Exists(name) ? folder().Read(name) : std::string();
 }
 
-SideTexts KillTask::Left() const {
-  return {ReadIfThere("run/CLIENTS.TRC"), ReadIfThere(kRejected)};
-}
+SideTexts KillTask::Left() const { return {ReadIfThere(kTrace), ReadIfThere(kRejected)}; }
 
 std::string KillTask::ChainFiles() const {
   std::string names;
-  for (const char* const name : {"CLIENTS.TRC", "CLIENTS.LER", "CLIENTS.REP"}) {
+  for (const char* const name : {"CLIENTS.TRC", "CLIENTS.LER", "CLIENTS.REP", "CLIENTS.REP.NEW"}) {
     if (folder().Exists(std::string("run/") + name)) names.append(name).append(" ");
   }
   return names;
 }
+
+std::string KillTask::ChainText() const { return ReadIfThere("run/CLIENTS.REP"); }
 
 std::string KillTask::Status() const {
   const std::string text = OutputOf(Command({"status", "S1", "T1"}));

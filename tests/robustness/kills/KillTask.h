@@ -26,15 +26,22 @@ class KillTask : public Workplace {
   /// The table alone.
   void ResetTable(const TableModel& table);
   void SetErrorLimit(int limit) const;
+  /// Takes the table out of the command's sight, and back.
+  void HideTable() const;
+  void ShowTable() const;
 
   void Source(const std::string& text) const { folder().Write(kSource, text); }
   Fate Run(bool resume, const Kill& kill) const;
+  /// Afresh and to its end, with its calls and those before its first line's trace.
+  Fate CountCalls() const;
 
   /// An absent file as an empty one.
   SideTexts Left() const;
   void MendRejected(const std::string& text) const { folder().Write(kRejected, text); }
   /// Which of the files of a chain are there.
   std::string ChainFiles() const;
+  /// ".REP", empty when there is none.
+  std::string ChainText() const;
   /// "Etat".
   std::string Status() const;
 
@@ -44,8 +51,10 @@ class KillTask : public Workplace {
 
  private:
   static constexpr const char* kSource = "run/CLIENTS.CSV";
+  static constexpr const char* kTrace = "run/CLIENTS.TRC";
   static constexpr const char* kRejected = "run/CLIENTS.LER";
 
+  Invocation RunCommand(bool resume) const;
   std::string ReadIfThere(const std::string& name) const;
 
   DatabaseKind kind_;

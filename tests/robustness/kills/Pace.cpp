@@ -13,12 +13,11 @@ constexpr int kTries = 3;
 constexpr double kAtMoments = 0.4;
 constexpr double kAmidLines = 0.5;
 constexpr double kOutsideLines = 0.25;
-// A run has come to its lines after at least that share of what it does without any.
-constexpr double kBeforeLines = 0.6;
+constexpr double kBeforeLines = 0.6;  // about so much of the time of a run without lines
 constexpr double kBeyond = 1.05;
 
 struct WholeRun {
-  double calls = 0;
+  Fate counted;
   double microseconds = 0;
 };
 
@@ -28,11 +27,11 @@ WholeRun WholeRunOf(KillTask& task, Random& random, int count) {
   for (int at = 0; at < kTries; ++at) {
     task.Reset(source.table(), count);
     task.Source(Joined(source.texts()));
-    const Fate fate = task.Run(false, at == 0 ? kCountCalls : Kill{});
+    const Fate fate = at == 0 ? task.CountCalls() : task.Run(false, {});
     if (fate.code > 1) throw std::runtime_error("a run of good lines fails: " + fate.said);
     const auto lasted = static_cast<double>(fate.lasted.count());
     if (at == 0) {
-      run.calls = fate.calls;
+      run.counted = fate;
     } else {
       run.microseconds = at == 1 ? lasted : std::min(run.microseconds, lasted);
     }
@@ -54,8 +53,9 @@ Pace PaceOf(KillTask& task, Random& random) {
   const WholeRun few = WholeRunOf(task, random, kFew);
   const WholeRun many = WholeRunOf(task, random, kMany);
   Pace pace;
-  pace.calls_of_a_line = (many.calls - few.calls) / (kMany - kFew);
-  pace.calls = few.calls - kFew * pace.calls_of_a_line;
+  pace.calls_of_a_line = (many.counted.calls - few.counted.calls) / double{kMany - kFew};
+  pace.calls_before_lines = few.counted.calls_before - pace.calls_of_a_line;
+  pace.calls = few.counted.calls - kFew * pace.calls_of_a_line;
   pace.microseconds_of_a_line =
       std::max(0.0, (many.microseconds - few.microseconds) / (kMany - kFew));
   pace.microseconds = few.microseconds - kFew * pace.microseconds_of_a_line;
@@ -76,7 +76,8 @@ Kill AimAnywhere(const Pace& pace, std::size_t lines, Random& random) {
   const int whole = std::max(outside, pace.Calls(lines));
   int call = 0;
   if (amid) {
-    call = Between(random, static_cast<int>(outside * kBeforeLines), whole);
+    const int before = static_cast<int>(pace.calls_before_lines);
+    call = Between(random, before, whole - (outside - before));
   } else if (!Chance(random, kOutsideLines)) {
     call = Between(random, 1, static_cast<int>(whole * kBeyond));
   } else {

@@ -11,6 +11,7 @@ namespace imptable {
 /// How long a whole run of a task takes and how many calls it makes, by its lines: to aim with.
 struct Pace {
   double calls = 0;
+  double calls_before_lines = 0;
   double calls_of_a_line = 0;
   double microseconds = 0;
   double microseconds_of_a_line = 0;

@@ -76,7 +76,8 @@ std::string TableSql(DatabaseKind kind, Work work) {
   const std::string quiet =
       kind == DatabaseKind::kSqlite ? "" : "SET client_min_messages TO warning;\n";
   return quiet +
-         "DROP TABLE IF EXISTS client;\nDROP TABLE IF EXISTS executions;\n"
+         "DROP TABLE IF EXISTS client;\nDROP TABLE IF EXISTS hidden;\nDROP TABLE IF EXISTS "
+         "executions;\n"
          "CREATE TABLE client (code INT NOT NULL" +
          key +
          ", name VARCHAR(40) NOT NULL, born DATE, amount INT CHECK (amount >= 0));\n"

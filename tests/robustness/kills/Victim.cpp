@@ -7,7 +7,9 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -45,6 +47,12 @@ std::vector<std::string> EnvironmentTexts(const Environment& environment) {
 
 [[noreturn]] void Fail(const std::string& what) {
   throw std::system_error(errno, std::generic_category(), what);
+}
+
+bool HoldsSomething(const std::string& path) {
+  std::error_code missing;
+  const std::uintmax_t bytes = std::filesystem::file_size(path, missing);
+  return !missing && bytes > 0;
 }
 
 class Victim {
@@ -98,7 +106,7 @@ class Victim {
     return Result();
   }
 
-  Fate KillAtCall(int call) {
+  Fate KillAtCall(int call, const std::string& watched) {
     int status = 0;
     if (waitpid(pid_, &status, __WALL) != pid_ || !WIFSTOPPED(status)) {
       pid_ = -1;
@@ -118,6 +126,7 @@ class Victim {
         if (stopped == pid_) Take(status);
       } else if (status >> 16 == PTRACE_EVENT_SECCOMP) {
         if (++fate_.calls == call) kill(pid_, SIGKILL);
+        if (!watched.empty() && !HoldsSomething(watched)) fate_.calls_before = fate_.calls;
       } else if (status >> 16 == 0 && WSTOPSIG(status) != SIGSTOP) {
         signal = WSTOPSIG(status);
       }
@@ -158,7 +167,7 @@ class Victim {
 
 }  // namespace
 
-Fate RunVictim(const Invocation& invocation, const Kill& kill) {
+Fate RunVictim(const Invocation& invocation, const Kill& kill, const std::string& watched) {
   Victim victim(invocation, kill.at == Kill::At::kCall);
   switch (kill.at) {
     case Kill::At::kNever:
@@ -166,7 +175,7 @@ Fate RunVictim(const Invocation& invocation, const Kill& kill) {
     case Kill::At::kMoment:
       return victim.KillAtMoment(kill.moment);
     case Kill::At::kCall:
-      return victim.KillAtCall(kill.call);
+      return victim.KillAtCall(kill.call, watched);
   }
   throw std::invalid_argument("No such kill");
 }

@@ -16,13 +16,11 @@ struct Kill {
   int call = 0;  ///< from 1: before it enters that call of those that the world can see
 };
 
-/// Counts the calls of a run that isn't killed.
-inline constexpr Kill kCountCalls{.at = Kill::At::kCall, .call = 1 << 30};
-
 struct Fate {
-  bool killed = false;  ///< else it had ended before
-  int code = -1;        ///< of one that ended
-  int calls = 0;        ///< seen; only where calls are counted
+  bool killed = false;   ///< else it had ended before
+  int code = -1;         ///< of one that ended
+  int calls = 0;         ///< seen; only where calls are counted
+  int calls_before = 0;  ///< those until the watched file held something
   std::chrono::microseconds lasted{0};
   std::string said;  ///< on standard error
 };
@@ -30,8 +28,9 @@ struct Fate {
 /// Runs a program until its end or its kill. A kill at a call comes before the system has done
 /// anything of the call. The calls are those that change a file or a folder, flush it, talk to a
 /// server, or end the process.
+/// @param watched  the path of a file; only where calls are counted.
 /// @throws std::runtime_error  when it can't be started or traced.
-Fate RunVictim(const Invocation& invocation, const Kill& kill);
+Fate RunVictim(const Invocation& invocation, const Kill& kill, const std::string& watched = {});
 
 }  // namespace imptable
 

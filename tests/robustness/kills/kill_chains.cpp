@@ -106,9 +106,9 @@ class Program {
 
   bool Enough() const { return faults_ >= kMostFaults; }
 
-  /// @return how many kills there were.
-  std::int64_t Carry(Bench& bench, const ChainPlan& plan, Random& random,
-                     const std::string& which) {
+  /// @return whether the attempt of that index was killed, or anything is wrong.
+  bool Carry(Bench& bench, const ChainPlan& plan, Random& random, const std::string& which,
+             std::size_t attempt = 0) {
     Chain chain(bench.task, random, bench.figures);
     try {
       chain.Go(plan);
@@ -118,8 +118,9 @@ class Program {
       std::cout << "FAULT: " << Title(bench) << ", seed=" << options_.seed << ' ' << which << '\n'
                 << chain.story() << fault.what() << '\n';
       Keep(bench, which);
+      return true;
     }
-    return chain.kills();
+    return chain.WasKilled(attempt);
   }
 
   void Keep(const Bench& bench, const std::string& which) const {
@@ -139,34 +140,56 @@ class Program {
     }
   }
 
-  void GoThrough(Bench& bench, const Stage& stage) {
-    std::int64_t kills = 0;
-    for (const Attempt& attempt : stage.plan.before)
-      kills += attempt.kill(4).at != Kill::At::kNever;
-    for (const Attempt& attempt : stage.plan.attempts) {
-      kills += attempt.kill(4).at != Kill::At::kNever;
+  /// Data with which the chain comes to the stage, found by trying.
+  std::uint64_t DataFor(Bench& bench, const Stage& stage) {
+    constexpr std::uint64_t kMostTries = 30;
+    for (std::uint64_t data = options_.seed; data < options_.seed + kMostTries; ++data) {
+      Random random(data);
+      Figures unused;
+      Chain chain(bench.task, random, unused);
+      try {
+        chain.Go(PlanAt(stage, 1));
+      } catch (const ChainFault&) {
+        return data;  // for the stage itself to find
+      }
+      bool comes = chain.WasKilled(stage.killed);
+      for (const std::size_t before : stage.killed_before) comes &= chain.WasKilled(before);
+      if (comes) return data;
     }
+    throw std::runtime_error("no data comes to the stage: " + stage.name);
+  }
+
+  void GoThrough(Bench& bench, const Stage& stage) {
+    const std::uint64_t data = DataFor(bench, stage);
     const auto every = static_cast<int>(options_.every);
     int call = 1 + static_cast<int>(options_.seed % options_.every);
     if (options_.call > 0) call = options_.call;
-    for (; !Enough(); call += every) {
-      Random random(options_.seed);
+    int tried = 0;
+    for (bool killed = true; killed && !Enough(); call += every) {
+      Random random(data);
       const std::string which = "stage=\"" + stage.name + "\" call=" + std::to_string(call);
-      // One kill fewer: the run ended before it came to that call.
-      if (Carry(bench, PlanAt(stage, call), random, which) <= kills || options_.call > 0) break;
+      killed = Carry(bench, PlanAt(stage, call), random, which, stage.killed);
+      if (killed) ++tried;
+      if (options_.call > 0) break;
     }
+    std::cout << Title(bench) << ", " << stage.name << ": killed at " << tried << " calls\n";
   }
 
   void GoAtRandom() {
-    std::int64_t kills = 0;
-    for (std::int64_t index = 0; kills < options_.kills && !Enough(); ++index) {
+    const auto kills = [this] {
+      std::int64_t sum = 0;
+      for (const auto& bench : benches_) sum += bench->figures.kills;
+      return sum;
+    };
+    const std::int64_t most = kills() + options_.kills;
+    for (std::int64_t index = 0; kills() < most && !Enough(); ++index) {
       if (options_.chain >= 0 && index != options_.chain) continue;
       for (const auto& bench : benches_) {
         Random random(options_.seed * 1000003 + static_cast<std::uint64_t>(index) * 101 +
                       static_cast<std::uint64_t>(bench->task.work()));
-        kills += Carry(*bench, RandomPlan(bench->pace, random), random,
-                       "work=" + std::to_string(static_cast<int>(bench->task.work())) +
-                           " chain=" + std::to_string(index));
+        Carry(*bench, RandomPlan(bench->pace, random), random,
+              "work=" + std::to_string(static_cast<int>(bench->task.work())) +
+                  " chain=" + std::to_string(index));
       }
       if (options_.chain >= 0) break;
     }
