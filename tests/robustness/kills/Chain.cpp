@@ -23,6 +23,8 @@ std::string KillText(const Kill& kill) {
       return "kill after " + std::to_string(kill.moment.count()) + " us";
     case Kill::At::kCall:
       return "kill at call " + std::to_string(kill.call);
+    case Kill::At::kBytes:
+      return "kill after " + std::to_string(kill.bytes) + " bytes of trace";
   }
   return {};
 }

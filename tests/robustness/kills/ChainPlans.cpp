@@ -6,8 +6,7 @@ namespace imptable {
 namespace {
 
 constexpr int kResumes = 5;
-/// What a resume does before its lines and a fresh run doesn't, about.
-constexpr int kCallsOfChain = 12;
+constexpr std::size_t kTraceLineBytes = 18;
 
 constexpr double kKilled = 0.85;
 constexpr double kLimited = 0.4;
@@ -56,12 +55,9 @@ ChainPlan RandomPlan(const Pace& pace, Random& random) {
   return plan;
 }
 
-std::vector<Stage> Stages(const Pace& pace) {
-  // Somewhere amid the lines, the same each time.
-  const auto amid = [&pace](std::size_t lines) {
-    const double calls =
-        pace.calls_before_lines + pace.calls_of_a_line * static_cast<double>(lines / 2);
-    return Kill{.at = Kill::At::kCall, .call = static_cast<int>(calls) + kCallsOfChain};
+std::vector<Stage> Stages() {
+  const auto amid = [](std::size_t lines) {
+    return Kill{.at = Kill::At::kBytes, .bytes = kTraceLineBytes * ((lines + 1) / 2)};
   };
   ChainPlan after_another = SmallPlan({{}});
   after_another.before = {{}, {.kill = amid, .mended = 0.5}};

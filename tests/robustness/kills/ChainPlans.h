@@ -23,8 +23,7 @@ struct Stage {
   std::set<std::size_t> killed_before = {};  ///< attempts that are killed amid their lines
 };
 
-/// @param pace  borrowed for the stages' life.
-std::vector<Stage> Stages(const Pace& pace);
+std::vector<Stage> Stages();
 
 /// The stage's plan with its kill at that call.
 ChainPlan PlanAt(const Stage& stage, int call);

@@ -88,7 +88,7 @@ Invocation KillTask::RunCommand(bool resume) const {
 }
 
 Fate KillTask::Run(bool resume, const Kill& kill) const {
-  return RunVictim(RunCommand(resume), kill);
+  return RunVictim(RunCommand(resume), kill, folder().path() + kTrace);
 }
 
 Fate KillTask::CountCalls() const {

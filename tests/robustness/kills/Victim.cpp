@@ -49,10 +49,10 @@ std::vector<std::string> EnvironmentTexts(const Environment& environment) {
   throw std::system_error(errno, std::generic_category(), what);
 }
 
-bool HoldsSomething(const std::string& path) {
+std::uintmax_t BytesIn(const std::string& path) {
   std::error_code missing;
   const std::uintmax_t bytes = std::filesystem::file_size(path, missing);
-  return !missing && bytes > 0;
+  return missing ? 0 : bytes;
 }
 
 class Victim {
@@ -106,7 +106,7 @@ class Victim {
     return Result();
   }
 
-  Fate KillAtCall(int call, const std::string& watched) {
+  Fate KillAtCall(const Kill& plan, const std::string& watched) {
     int status = 0;
     if (waitpid(pid_, &status, __WALL) != pid_ || !WIFSTOPPED(status)) {
       pid_ = -1;
@@ -125,8 +125,7 @@ class Victim {
       if (!WIFSTOPPED(status)) {
         if (stopped == pid_) Take(status);
       } else if (status >> 16 == PTRACE_EVENT_SECCOMP) {
-        if (++fate_.calls == call) kill(pid_, SIGKILL);
-        if (!watched.empty() && !HoldsSomething(watched)) fate_.calls_before = fate_.calls;
+        if (AtCall(plan, BytesIn(watched))) kill(pid_, SIGKILL);
       } else if (status >> 16 == 0 && WSTOPSIG(status) != SIGSTOP) {
         signal = WSTOPSIG(status);
       }
@@ -135,6 +134,16 @@ class Victim {
   }
 
  private:
+  /// @return whether the kill is to come before this call.
+  bool AtCall(const Kill& plan, std::uintmax_t watched_bytes) {
+    ++fate_.calls;
+    if (watched_bytes == 0) fate_.calls_before = fate_.calls;
+    if (plan.at == Kill::At::kCall) return fate_.calls == plan.call;
+    const bool grown = was_smaller_ && watched_bytes >= plan.bytes;
+    was_smaller_ = watched_bytes < plan.bytes;
+    return grown;
+  }
+
   bool Ended(int options) {
     int status = 0;
     if (waitpid(pid_, &status, options | __WALL) != pid_) return false;
@@ -163,19 +172,22 @@ class Victim {
   pid_t pid_ = -1;
   Clock::time_point start_ = Clock::now();
   Fate fate_;
+  bool was_smaller_ = false;  // the watched file, at the last call
 };
 
 }  // namespace
 
 Fate RunVictim(const Invocation& invocation, const Kill& kill, const std::string& watched) {
-  Victim victim(invocation, kill.at == Kill::At::kCall);
+  const bool traced = kill.at == Kill::At::kCall || kill.at == Kill::At::kBytes;
+  Victim victim(invocation, traced);
   switch (kill.at) {
     case Kill::At::kNever:
       return victim.Wait();
     case Kill::At::kMoment:
       return victim.KillAtMoment(kill.moment);
     case Kill::At::kCall:
-      return victim.KillAtCall(kill.call, watched);
+    case Kill::At::kBytes:
+      return victim.KillAtCall(kill, watched);
   }
   throw std::invalid_argument("No such kill");
 }

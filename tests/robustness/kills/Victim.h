@@ -2,6 +2,7 @@
 #define TESTS_ROBUSTNESS_KILLS_VICTIM_H_
 
 #include <chrono>
+#include <cstdint>
 #include <string>
 
 #include "tests/scenarios/ChildProcess.h"
@@ -10,10 +11,12 @@ namespace imptable {
 
 /// When a process gets its SIGKILL.
 struct Kill {
-  enum class At { kNever, kMoment, kCall };
+  enum class At { kNever, kMoment, kCall, kBytes };
   At at = At::kNever;
   std::chrono::microseconds moment{0};  ///< after its start
   int call = 0;  ///< from 1: before it enters that call of those that the world can see
+  std::uintmax_t bytes =
+      0;  ///< before the first such call after the watched file has grown to them
 };
 
 struct Fate {
@@ -28,9 +31,9 @@ struct Fate {
 /// Runs a program until its end or its kill. A kill at a call comes before the system has done
 /// anything of the call. The calls are those that change a file or a folder, flush it, talk to a
 /// server, or end the process.
-/// @param watched  the path of a file; only where calls are counted.
+/// @param watched  the path of a file.
 /// @throws std::runtime_error  when it can't be started or traced.
-Fate RunVictim(const Invocation& invocation, const Kill& kill, const std::string& watched = {});
+Fate RunVictim(const Invocation& invocation, const Kill& kill, const std::string& watched);
 
 }  // namespace imptable
 

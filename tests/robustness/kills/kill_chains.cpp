@@ -1,5 +1,6 @@
 // Chains of runs of the command, killed, mended and resumed: kill_chains DATABASE [NAME=VALUE ...]
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <exception>
@@ -133,7 +134,7 @@ class Program {
 
   void GoThroughStages() {
     for (const auto& bench : benches_) {
-      for (const Stage& stage : Stages(bench->pace)) {
+      for (const Stage& stage : Stages()) {
         if (!options_.stage.empty() && options_.stage != stage.name) continue;
         GoThrough(*bench, stage);
       }
@@ -162,7 +163,10 @@ class Program {
   void GoThrough(Bench& bench, const Stage& stage) {
     const std::uint64_t data = DataFor(bench, stage);
     const auto every = static_cast<int>(options_.every);
-    int call = 1 + static_cast<int>(options_.seed % options_.every);
+    // Somewhere within what every run does, elsewhere in each stage.
+    constexpr std::int64_t kSurelyCalled = 50;
+    Random offset(data + stages_++);
+    int call = Between(offset, 1, static_cast<int>(std::min(options_.every, kSurelyCalled)));
     if (options_.call > 0) call = options_.call;
     int tried = 0;
     for (bool killed = true; killed && !Enough(); call += every) {
@@ -198,6 +202,7 @@ class Program {
   Options options_;
   std::vector<std::unique_ptr<Bench>> benches_;
   std::int64_t faults_ = 0;
+  std::uint64_t stages_ = 0;
 };
 
 }  // namespace
@@ -205,6 +210,7 @@ class Program {
 
 int main(int argc, char** argv) {
   try {
+    std::cout << std::unitbuf;
     const auto options = imptable::OptionsFrom({argv + 1, argv + argc});
     const auto start = std::chrono::steady_clock::now();
     const bool good = imptable::Program(options).Go();
