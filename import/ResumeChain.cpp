@@ -144,9 +144,23 @@ void ResumeChain::Advance(const std::string& trace, const std::string& rejected,
 
 void ResumeChain::Void() {
   if (state() != State::kOpen) return;
-  ReplacingFile over(files_, new_path_);
-  over.file().Write(VoidChainText());
-  over.Replace(path_);
+  try {
+    ReplacingFile over(files_, new_path_);
+    over.file().Write(VoidChainText());
+    over.Replace(path_);
+  } catch (const RuntimeFault& fault) {
+    if (fault.number() != FaultNumber::kDiskFull) throw;
+    VoidInPlace();
+  }
+}
+
+void ResumeChain::VoidInPlace() {
+  // Cut, the file makes the room that its new text needs. A run that dies in between leaves an
+  // empty one, that is refused as damaged: neither is resumed.
+  RunFile over = RunFile::Create(files_, path_);
+  over.Write(VoidChainText());
+  over.Flush();
+  over.Close();
 }
 
 void ResumeChain::Remove() {

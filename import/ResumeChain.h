@@ -42,7 +42,8 @@ class ResumeChain {
   /// The rejected lines of an open chain. @throws RuntimeFault  as Reached.
   std::unique_ptr<ChainReader> Open() const;
 
-  /// Declares an existing chain to be over, whatever the last run has left.
+  /// Declares an existing chain to be over, whatever the last run has left. Needs no room on a full
+  /// disk.
   /// @throws RuntimeFault  the file fault.
   void Void();
 
@@ -52,6 +53,7 @@ class ResumeChain {
   const std::string& path() const { return path_; }
 
  private:
+  void VoidInPlace();
   std::unique_ptr<LineReader> OpenLines(const std::string& path, bool skip_mark) const;
   std::unique_ptr<LineReader> OpenLinesOrNone(const std::string& path, bool skip_mark) const;
 

@@ -109,6 +109,22 @@ TEST_F(ResumeChainTest, KnowsHowFarItCameAndWhetherItIsOver) {
   EXPECT_FALSE(folder_.Exists("T.REP"));
 }
 
+TEST_F(ResumeChainTest, IsOverEvenWhereTheDiskHasNoRoomForAnotherFile) {
+  for (const FileOperation operation :
+       {FileOperation::kOpenWrite, FileOperation::kWrite, FileOperation::kFlush}) {
+    Write("T.REP", {"REP 1", "000000020", "END 00000003"});
+    files_.Fail(operation, 1, std::make_error_code(std::errc::no_space_on_device));
+    chain().Void();
+    EXPECT_EQ(chain().state(), ResumeChain::State::kVoid);
+    EXPECT_FALSE(folder_.Exists("T.REP.NEW"));
+  }
+  // Any other fault leaves it as it was.
+  Write("T.REP", {"REP 1", "000000020", "END 00000003"});
+  files_.Fail(FileOperation::kWrite, 1, std::make_error_code(std::errc::io_error));
+  EXPECT_THROW(chain().Void(), RuntimeFault);
+  EXPECT_EQ(chain().state(), ResumeChain::State::kOpen);
+}
+
 TEST_F(ResumeChainTest, TakesADamagedFileForOpenSoThatItIsNotLost) {
   Write("T.REP", {"REP 1"});
   EXPECT_EQ(chain().state(), ResumeChain::State::kOpen);

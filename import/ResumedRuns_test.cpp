@@ -146,11 +146,11 @@ TEST(FreshRuns, DoNothingWhileAnOlderChainCannotBeEnded) {
     run.Source({"1;a"});
     run.folder.Write("CLIENTS.REP", "REP 1\nEND 00000001\n");
     run.folder.Write("CLIENTS.TRC", "00000001100000001\n");
-    run.component.files.Fail(operation, 1, std::make_error_code(std::errc::no_space_on_device));
+    run.component.files.Fail(operation, 1, std::make_error_code(std::errc::permission_denied));
     EXPECT_EQ(run.Go(), 1);
     EXPECT_THAT(run.Executed(), IsEmpty());
     ASSERT_TRUE(run.component.module().run.fault);
-    EXPECT_EQ(run.component.module().run.fault->number(), FaultNumber::kDiskFull);
+    EXPECT_EQ(run.component.module().run.fault->number(), FaultNumber::kPermissionDenied);
     EXPECT_THAT(run.component.module().run.fault->detail(), HasSubstr("CLIENTS.REP"));
     EXPECT_EQ(run.folder.Read("CLIENTS.TRC"), "00000001100000001\n");
   }
@@ -162,7 +162,7 @@ TEST(ResumedRuns, AreDoneEvenIfTheirChainCannotBeEnded) {
   run.Go();
   run.folder.Write("CLIENTS.LER", "2;b\n");
   run.component.files.Fail(FileOperation::kReplace, 2,
-                           std::make_error_code(std::errc::no_space_on_device));
+                           std::make_error_code(std::errc::permission_denied));
   EXPECT_EQ(run.Go(kResume), 2);
   EXPECT_THAT(run.Executed(), ElementsAre("1='2' 2='b'"));
 }
