@@ -1,0 +1,56 @@
+#ifndef TESTS_ROBUSTNESS_RESOURCES_COUNTEDTASK_H_
+#define TESTS_ROBUSTNESS_RESOURCES_COUNTEDTASK_H_
+
+#include <memory>
+#include <string>
+
+#include "tests/scenarios/ClientTask.h"
+
+namespace imptable {
+
+/// Which lines of a source are bad, every third one or none.
+enum class SourceKind {
+  kGood,     // the trace grows fastest
+  kRefused,  // refused by the database: the diagnostics grow fastest
+  kLongBad,  // can't be parsed and are long: the rejected lines grow fastest
+};
+
+std::string SourceText(SourceKind kind, int lines);
+
+/// The client task on a table without a key: what is executed twice is there twice. Its runs are
+/// traced for a resume whether or not a line is rejected, and no number of errors stops them.
+class CountedTask : public ClientTask {
+ public:
+  /// @param values  further lines of the task's key; they win over its own.
+  explicit CountedTask(DatabaseKind kind, const std::string& values = {});
+
+  /// Empties the table, the run's folder and the report.
+  void StartOver() const;
+
+  /// Checks that every line 1 to `lines` is in the table, that the status is that of success and
+  /// that nothing is left to resume from.
+  /// @param most_twice  rows that may be there twice, one for each run that was cut short.
+  void CheckDone(int lines, int most_twice) const;
+
+  /// Mends every rejected line and resumes, until nothing is left to do; then checks as above.
+  void CompleteAndCheck(int lines, int most_twice) const;
+
+  /// Lines in the trace; 0 without one.
+  int Traced() const;
+
+  /// Starts a run and waits until it has traced so many lines; a run that ends before is a failure.
+  std::unique_ptr<ChildProcess> StartAndTrace(int lines) const;
+
+ private:
+  void MendRejectedLines() const;
+};
+
+/// Whether everything is to be tried, and not only samples of it.
+bool InLongForm();
+
+/// `Ending` for messages.
+std::string Shown(const Ending& ending);
+
+}  // namespace imptable
+
+#endif  // TESTS_ROBUSTNESS_RESOURCES_COUNTEDTASK_H_
