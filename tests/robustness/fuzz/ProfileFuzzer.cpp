@@ -1,4 +1,5 @@
 // Any bytes as an initialisation file.
+#include <algorithm>
 #include <string>
 
 #include "platform/ProfileFileReader.h"
@@ -6,6 +7,7 @@
 #include "tests/robustness/fuzz/FuzzInput.h"
 #include "tests/robustness/fuzz/MemoryFiles.h"
 #include "tests/robustness/fuzz/Property.h"
+#include "tests/robustness/fuzz/SlowLines.h"
 
 namespace imptable {
 namespace {
@@ -41,6 +43,54 @@ std::string Plain(std::string_view text) {
   return 'x' + plain + 'y';
 }
 
+bool IsAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+}
+
+std::string Stripped(std::string text) {
+  constexpr const char* kBlanks = " \t\v\f\x1A";
+  text.erase(0, std::min(text.find_first_not_of(kBlanks), text.size()));
+  text.erase(text.find_last_not_of(kBlanks) + 1);
+  return text;
+}
+
+std::string SmallLetters(std::string text) {
+  for (char& byte : text) {
+    if (byte >= 'A' && byte <= 'Z') byte = static_cast<char>(byte - 'A' + 'a');
+  }
+  return text;
+}
+
+bool SameName(const std::string& name, const std::string& sought) {
+  return SmallLetters(Stripped(name).c_str()) == SmallLetters(Stripped(sought));
+}
+
+/// The value in a text of ASCII alone, line by line.
+std::string SlowRead(const std::string& bytes, const std::string& section, const std::string& key) {
+  int sections = 0;
+  bool inside = false;
+  for (const SlowLine& each : SlowLines(bytes, false)) {
+    const std::string line = Stripped(each.text);
+    if (line.empty() || line[0] == ';') continue;
+    if (line[0] == '[' && line.find(']') != std::string::npos) {
+      inside = SameName(line.substr(1, line.rfind(']') - 1), section) && sections == 0;
+      sections += inside ? 1 : 0;
+      continue;
+    }
+    const std::size_t equals = line.find('=');
+    if (!inside || !SameName(line.substr(0, equals), key)) continue;
+    if (equals == std::string::npos) return kFallback;
+    std::string value = Stripped(line.substr(equals + 1)).c_str();
+    if (value.size() >= 2 && value.front() == value.back() &&
+        (value.front() == '"' || value.front() == '\'')) {
+      value = value.substr(1, value.size() - 2);
+    }
+    return value;
+  }
+  return kFallback;
+}
+
 void CheckProfile(FuzzInput input) {
   const Utf8TextEncoding utf8;
   const Latin1TextEncoding latin1;
@@ -58,6 +108,10 @@ void CheckProfile(FuzzInput input) {
           "blanks around names don't count");
   Require(value.find_first_of(std::string_view("\r\n\0", 3)) == std::string::npos,
           "a value is text of one line");
+
+  if (IsAscii(bytes) && IsAscii(section) && IsAscii(key)) {
+    Require(value == SlowRead(bytes, section, key), "a value is what a slow reader finds");
+  }
 
   // What stands before a section doesn't hide it, unless it is a section of that name.
   const std::string own_section = Plain(section);
