@@ -5,9 +5,20 @@
 
 namespace imptable {
 
-void SetAccessibleName(wxWindow& control, const wxString& name) {
-  AtkObject* const accessible = gtk_widget_get_accessible(GTK_WIDGET(control.GetHandle()));
+namespace {
+
+void Name(GtkWidget* widget, const wxString& name) {
+  AtkObject* const accessible = gtk_widget_get_accessible(widget);
   if (accessible != nullptr) atk_object_set_name(accessible, name.utf8_str());
+}
+
+}  // namespace
+
+void SetAccessibleName(wxWindow& control, const wxString& name) {
+  GtkWidget* const widget = GTK_WIDGET(control.GetHandle());
+  Name(widget, name);
+  // The field of a drop-down list, which has the focus in its place.
+  if (GTK_IS_COMBO_BOX(widget)) Name(gtk_bin_get_child(GTK_BIN(widget)), name);
 }
 
 }  // namespace imptable

@@ -8,7 +8,7 @@
 namespace imptable {
 namespace {
 
-const wxSize kSmallestGrid(300, 180);  // in pixels of an ordinary screen
+const wxSize kSmallestGrid(38, 11);  // in characters
 
 const wxColour& KeyColour() {
   static const wxColour colour(255, 255, 192);  // light yellow
@@ -41,15 +41,20 @@ ColumnGrid::ColumnGrid(wxWindow* parent, const WidgetText& text,
   DisableDragRowSize();
   SetColLabelSize(wxGRID_AUTOSIZE);
   SetDefaultCellOverflow(false);
-  SetTabBehaviour(Tab_Leave);
-  SetMinSize(FromDIP(kSmallestGrid));
+  SetMinSize({kSmallestGrid.x * GetCharWidth(), kSmallestGrid.y * GetCharHeight()});
   const auto on_click = [this](wxGridEvent& event) {
     event.Skip();
     AskLater(event.GetRow(), event.GetCol(), wxGetMousePosition());
   };
   Bind(wxEVT_GRID_CELL_LEFT_CLICK, on_click);
   Bind(wxEVT_GRID_CELL_RIGHT_CLICK, on_click);
+  // Two quick clicks, with a menu between them, are two.
+  Bind(wxEVT_GRID_CELL_LEFT_DCLICK, on_click);
   Bind(wxEVT_KEY_DOWN, &ColumnGrid::OnKey, this);
+  Bind(wxEVT_GRID_TABBING, [this](wxGridEvent& event) {
+    Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward
+                               : wxNavigationKeyEvent::IsForward);
+  });
   Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     event.Skip();
     FitColumns();

@@ -8,8 +8,10 @@
 #include <wx/textctrl.h>
 
 #include "dialogs/DateFormat.h"
+#include "dialogs/widgets/AccessibleName.h"
 #include "dialogs/widgets/DialogFrame.h"
 #include "dialogs/widgets/DialogIcon.h"
+#include "dialogs/widgets/FieldSize.h"
 
 namespace imptable {
 namespace {
@@ -23,6 +25,7 @@ constexpr std::int32_t kMessageWith = 50;
 constexpr std::int32_t kMessageSeparator = 51;
 
 constexpr int kStyleColumns = 2;
+constexpr int kSeparatorWidth = 3;  // characters: more than one show that only the first is kept
 
 }  // namespace
 
@@ -75,8 +78,8 @@ wxSizer* FormDateWindow::MakeSeparator() {
                             wxDefaultSize, 0, wxDefaultValidator, "Option6");
   separator_ = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, 0,
                               wxDefaultValidator, "TextSep");
-  // Two characters: the second one shows that the first is kept.
-  separator_->SetInitialSize(separator_->GetSizeFromTextSize(separator_->GetTextExtent("MM").x));
+  SetAccessibleName(*separator_, Message(kMessageSeparator));
+  separator_->SetInitialSize(FieldSize(*separator_, kSeparatorWidth));
   without_->Bind(wxEVT_RADIOBUTTON, [this](wxCommandEvent&) { presenter_.ChooseSeparator(false); });
   with_->Bind(wxEVT_RADIOBUTTON, [this](wxCommandEvent&) { presenter_.ChooseSeparator(true); });
   separator_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
@@ -108,7 +111,8 @@ wxSizer* FormDateWindow::MakeTime() {
 }
 
 void FormDateWindow::Show(const DateFormatState& state) {
-  styles_[state.style]->SetValue(true);
+  selected_ = styles_[state.style];
+  selected_->SetValue(true);
   (state.has_separator ? with_ : without_)->SetValue(true);
   if (text_.Stored(separator_->GetValue()) != state.separator) {
     separator_->ChangeValue(text_.Shown(state.separator));
@@ -120,6 +124,7 @@ void FormDateWindow::Show(const DateFormatState& state) {
 
 std::optional<std::string> FormDateWindow::AskFormat(const std::string& format) {
   presenter_.Open(format);
+  selected_->SetFocus();
   if (ShowModal() != wxID_OK) return std::nullopt;
   return presenter_.Confirm();
 }

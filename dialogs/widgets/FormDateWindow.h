@@ -36,6 +36,7 @@ class FormDateWindow : private wxDialog, private DateFormatView {
   WidgetText text_;
   DateFormatPresenter presenter_;
   std::vector<wxRadioButton*> styles_;
+  wxRadioButton* selected_ = nullptr;  // of the styles
   wxRadioButton* without_ = nullptr;
   wxRadioButton* with_ = nullptr;
   wxTextCtrl* separator_ = nullptr;

@@ -3,11 +3,18 @@
 #include <wx/sizer.h>
 #include <wx/textctrl.h>
 
+#include "dialogs/widgets/AccessibleName.h"
 #include "dialogs/widgets/DialogFrame.h"
 #include "dialogs/widgets/DialogIcon.h"
+#include "dialogs/widgets/FieldSize.h"
 #include "dialogs/widgets/Spinner.h"
 
 namespace imptable {
+namespace {
+
+constexpr int kNumberWidth = 10;  // characters
+
+}  // namespace
 
 FormNombreWindow::FormNombreWindow(wxWindow* parent, const ModuleCommun& module, DialogBoxes& boxes,
                                    NumberKind kind)
@@ -18,13 +25,14 @@ FormNombreWindow::FormNombreWindow(wxWindow* parent, const ModuleCommun& module,
   SetIcons(DialogIcon());
   number_ = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, 0,
                            wxDefaultValidator, "TextNombre");
+  number_->SetInitialSize(FieldSize(*number_, kNumberWidth));
   number_->Bind(wxEVT_TEXT,
                 [this](wxCommandEvent&) { presenter_.Type(text_.Stored(number_->GetValue())); });
   auto* const row = new wxBoxSizer(wxHORIZONTAL);
   row->Add(number_, wxSizerFlags(1).CenterVertical());
-  row->Add(MakeSpinner(this, number_, "UpDown1",
-                       [this](bool up) { up ? presenter_.StepUp() : presenter_.StepDown(); }),
-           wxSizerFlags().Expand());
+  spinner_ = MakeSpinner(this, number_, "UpDown1",
+                         [this](bool up) { up ? presenter_.StepUp() : presenter_.StepDown(); });
+  row->Add(spinner_, wxSizerFlags().Expand());
   FinishDialog(*this, module, row, [this] { Confirm(); });
 }
 
@@ -48,6 +56,8 @@ void FormNombreWindow::Confirm() {
 std::optional<std::string> FormNombreWindow::AskNumber(const std::string& number) {
   confirmed_.reset();
   presenter_.Open(number);
+  SetAccessibleName(*number_, GetTitle());
+  SetAccessibleName(*spinner_, GetTitle());
   number_->SetFocus();
   number_->SelectAll();
   ShowModal();

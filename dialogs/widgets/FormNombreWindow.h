@@ -30,6 +30,7 @@ class FormNombreWindow : private wxDialog, private NumberView {
   WidgetText text_;
   NumberPresenter presenter_;
   wxTextCtrl* number_ = nullptr;
+  wxWindow* spinner_ = nullptr;
   std::optional<std::string> confirmed_;
 };
 

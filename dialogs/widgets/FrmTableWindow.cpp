@@ -6,13 +6,14 @@
 #include <algorithm>
 #include <string>
 
+#include "dialogs/widgets/AccessibleName.h"
 #include "dialogs/widgets/DialogFrame.h"
 #include "dialogs/widgets/DialogIcon.h"
 
 namespace imptable {
 namespace {
 
-const wxSize kListSize(360, 280);  // in pixels of an ordinary screen
+const wxSize kListSize(45, 16);  // in characters
 
 }  // namespace
 
@@ -24,7 +25,8 @@ FrmTableWindow::FrmTableWindow(wxWindow* parent, const ModuleCommun& module,
       picker_(picker) {
   SetIcons(DialogIcon());
   list_ =
-      new wxListView(this, wxID_ANY, wxDefaultPosition, FromDIP(kListSize),
+      new wxListView(this, wxID_ANY, wxDefaultPosition,
+                     {kListSize.x * GetCharWidth(), kListSize.y * GetCharHeight()},
                      wxLC_REPORT | wxLC_NO_HEADER | wxLC_SINGLE_SEL, wxDefaultValidator, "List1");
   list_->AppendColumn(wxString());
   list_->AppendColumn(wxString());
@@ -55,6 +57,7 @@ void FrmTableWindow::Run() {
 
 void FrmTableWindow::Show(const TablePickerState& state) {
   SetTitle(text_.Shown(state.caption));
+  SetAccessibleName(*list_, GetTitle());
   if (wxWindow* const button = FindWindow(wxID_OK)) button->SetLabel(text_.Shown(state.cmdValider));
   if (wxWindow* const button = FindWindow(wxID_CANCEL)) {
     button->SetLabel(text_.Shown(state.cmdAnnuler));

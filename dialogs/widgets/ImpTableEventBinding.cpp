@@ -116,9 +116,10 @@ void ImpTableWindow::BindFocus(wxWindow* control, const std::string& name) {
 void ImpTableWindow::OnKey(wxKeyEvent& event) {
   const int key = event.GetKeyCode();
   const bool is_enter = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
-  if (is_enter && !event.HasAnyModifiers()) {
+  wxWindow* const focus = FindFocus();
+  if (is_enter && !event.HasAnyModifiers() && focus != nullptr) {
     // Enter goes on to the next control, as Tab does.
-    if (wxWindow* const focus = FindFocus()) focus->Navigate(wxNavigationKeyEvent::IsForward);
+    focus->Navigate(wxNavigationKeyEvent::IsForward);
   } else if (key == WXK_ESCAPE && !event.HasAnyModifiers()) {
     Later([this] { presenter_.Cancel(); });
   } else {

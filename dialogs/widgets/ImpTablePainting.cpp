@@ -41,6 +41,23 @@ constexpr auto kLabelledControls = std::to_array<LabelledControl>({
     {"UpDown1", "Label6"},
     {"txtErreur", "Label3"},
     {"txtErr", "Label12"},
+    {"Grid1", "SSTab1(3)"},
+    {"Grid2", "chkParam"},
+});
+
+/// A control that no caption of the dialog says what it is, and the catalogue's text that does.
+struct NamedControl {
+  const char* name;
+  std::int32_t message;  // never change
+};
+
+constexpr auto kNamedControls = std::to_array<NamedControl>({
+    {"cmdSv", 76},
+    {"cmdSv1", 76},
+    {"TextFichier", 12},
+    {"List1", 61},
+    {"Command3", 61},
+    {"Text1", 61},
 });
 
 }  // namespace
@@ -94,6 +111,10 @@ void ImpTableWindow::NameControls(const ImpTableState& state) {
     } else {
       SetAccessibleName(window, name);
     }
+  }
+  for (const NamedControl& control : kNamedControls) {
+    SetAccessibleName(*controls_.at(control.name),
+                      text_.Shown(services_.module.MessageText(control.message)));
   }
 }
 

@@ -87,6 +87,11 @@ void ImpTableWindow::FitToCaptions() {
   GetSizer()->SetSizeHints(this);
   const wxRect screen = wxDisplay(this).GetClientArea();
   SetSize(wxSize(std::min(GetSize().x, screen.width), std::min(GetSize().y, screen.height)));
+  // The notebook sizes a page when it comes to the front: until then nothing on it may be squeezed.
+  for (wxPanel* const page : pages_) {
+    page->SetSize(page->GetBestSize());
+    page->Layout();
+  }
 }
 
 void ImpTableWindow::HideDialog() {

@@ -7,11 +7,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "dialogs/widgets/FieldSize.h"
+
 namespace imptable {
 namespace {
 
 constexpr int kVisibleEntries = 8;
-constexpr int kEntryHeight = 24;  // in pixels of an ordinary screen
+constexpr int kEntryBorders = 7;  // in pixels of an ordinary screen
 
 }  // namespace
 
@@ -31,19 +33,22 @@ OriginPicker::OriginPicker(wxWindow* page, PageBuilder& build, const WidgetText&
     control->Hide();
   }
   open_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
-    if (shown_list_) Later([this, row = shown_list_->row] { handlers_.open(row); });
+    Later([this] {
+      if (!shown_list_) return;
+      handlers_.open(shown_list_->row);
+      list_->SetFocus();
+    });
   });
-  list_->Bind(wxEVT_LISTBOX, [this](wxCommandEvent&) {
-    if (!std::exchange(moved_by_key_, false)) PickSelected();
-  });
-  list_->Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
-    moved_by_key_ = true;
+  open_->Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
     event.Skip();
+    if (!painting_) LeaveUnlessFocused();
   });
-  list_->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
-    moved_by_key_ = false;
+  list_->Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) {
     event.Skip();
+    if (list_->HitTest(event.GetPosition()) != wxNOT_FOUND) PickSelected();
   });
+  // A double click, and on some systems Enter, which then comes as nothing else.
+  list_->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) { PickSelected(); });
   Watch(list_);
   Watch(entry_);
 }
@@ -66,12 +71,19 @@ void OriginPicker::Watch(wxWindow* control) {
   });
   control->Bind(wxEVT_KILL_FOCUS, [this, is_list](wxFocusEvent& event) {
     event.Skip();
-    if (painting_ || event.GetWindow() == open_) return;
+    if (painting_) return;
     if (is_list) {
-      Later(handlers_.leave);
+      LeaveUnlessFocused();
     } else {
       Later([this] { handlers_.type(text_.Stored(entry_->GetValue())); });
     }
+  });
+}
+
+void OriginPicker::LeaveUnlessFocused() {
+  // Where the focus goes is known when it is there.
+  Later([this] {
+    if (shown_list_ && !list_->HasFocus() && !open_->HasFocus()) handlers_.leave();
   });
 }
 
@@ -95,35 +107,38 @@ bool OriginPicker::Show(const ColumnLayoutState& state,
   const bool was_open = shown_list_ || shown_entry_;
   painting_ = true;
   const bool had_focus = list_->HasFocus() || entry_->HasFocus() || open_->HasFocus();
-  if (state.origin_entry && state.origin_entry != shown_entry_) {
-    ShowEntry(*state.origin_entry, cell(state.origin_entry->row));
-  }
-  if (state.origin_list && state.origin_list != shown_list_) {
-    ShowList(*state.origin_list, cell(state.origin_list->row));
+  const bool opens_entry = state.origin_entry && state.origin_entry != shown_entry_;
+  const bool opens_list = state.origin_list && state.origin_list != shown_list_;
+  if (opens_entry) ShowEntry(*state.origin_entry, cell(state.origin_entry->row));
+  if (opens_list) {
+    const std::size_t row = state.origin_list->row;
+    ShowList(*state.origin_list, state.field_rows[row].origin, cell(row));
   }
   shown_entry_ = state.origin_entry;
   shown_list_ = state.origin_list;
   entry_->Show(shown_entry_.has_value());
   list_->Show(shown_list_.has_value());
   open_->Show(shown_list_.has_value());
-  if (shown_entry_) entry_->SetFocus();
-  if (shown_list_) list_->SetFocus();
+  if (opens_entry) {
+    entry_->SetFocus();
+    entry_->SetInsertionPointEnd();  // what is there is the beginning
+  }
+  if (opens_list) list_->SetFocus();
   painting_ = false;
   return was_open && had_focus && !shown_list_ && !shown_entry_;
 }
 
-void OriginPicker::ShowList(const OriginList& list, const wxRect& cell) {
+void OriginPicker::ShowList(const OriginList& list, const std::string& origin, const wxRect& cell) {
   wxArrayString entries;
   for (const std::string& entry : list.entries) entries.Add(text_.Shown(entry));
   list_->Set(entries);
-  if (!entries.empty()) list_->SetSelection(0);
-  moved_by_key_ = false;
+  if (!entries.empty() && !list_->SetStringSelection(text_.Shown(origin))) list_->SetSelection(0);
 
   const wxPoint place = page_->ScreenToClient(cell.GetPosition());
   const int button = std::min(cell.height, cell.width);
   open_->SetSize(place.x + cell.width - button, place.y, button, cell.height);
   const int visible = std::clamp(static_cast<int>(entries.size()), 2, kVisibleEntries);
-  const int height = visible * page_->FromDIP(kEntryHeight);
+  const int height = visible * (list_->GetCharHeight() + page_->FromDIP(kEntryBorders));
   const int room = page_->GetClientSize().y;
   const bool below = place.y + cell.height + height <= room;
   list_->SetSize(place.x, below ? place.y + cell.height : std::max(0, place.y - height), cell.width,
@@ -135,7 +150,7 @@ void OriginPicker::ShowList(const OriginList& list, const wxRect& cell) {
 void OriginPicker::ShowEntry(const OriginEntry& entry, const wxRect& cell) {
   entry_->ChangeValue(text_.Shown(entry.text));
   const wxPoint place = page_->ScreenToClient(cell.GetPosition());
-  const int height = std::max(cell.height, entry_->GetBestSize().y);
+  const int height = std::max(cell.height, FieldSize(*entry_, 1).y);
   entry_->SetSize(place.x, place.y - (height - cell.height) / 2, cell.width, height);
   entry_->Raise();
 }

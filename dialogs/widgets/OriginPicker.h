@@ -40,9 +40,10 @@ class OriginPicker {
 
  private:
   void Watch(wxWindow* control);
+  void LeaveUnlessFocused();
   void Later(std::function<void()> action);
   void PickSelected();
-  void ShowList(const OriginList& list, const wxRect& cell);
+  void ShowList(const OriginList& list, const std::string& origin, const wxRect& cell);
   void ShowEntry(const OriginEntry& entry, const wxRect& cell);
 
   wxWindow* page_;
@@ -54,7 +55,6 @@ class OriginPicker {
   std::optional<OriginList> shown_list_;
   std::optional<OriginEntry> shown_entry_;
   bool painting_ = false;
-  bool moved_by_key_ = false;
 };
 
 }  // namespace imptable

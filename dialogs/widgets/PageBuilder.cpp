@@ -6,6 +6,8 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
+#include "dialogs/widgets/FieldSize.h"
+
 namespace imptable {
 namespace {
 
@@ -31,7 +33,7 @@ wxTextCtrl* PageBuilder::Text(wxWindow* parent, const std::string& name, int cha
                               long style) {
   auto* const text =
       new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, style);
-  text->SetInitialSize(text->GetSizeFromTextSize(text->GetCharWidth() * characters));
+  text->SetInitialSize(FieldSize(*text, characters));
   Add(text, name);
   return text;
 }

@@ -5,6 +5,7 @@
 #include <wx/textctrl.h>
 #include <wx/wrapsizer.h>
 
+#include "dialogs/widgets/OneStop.h"
 #include "dialogs/widgets/Pages.h"
 #include "dialogs/widgets/PasswordField.h"
 
@@ -24,6 +25,7 @@ wxSizer* MakeSource(wxWindow* page, PageBuilder& build) {
   auto* const source = new wxComboBox(parent, wxID_ANY, wxString(), wxDefaultPosition,
                                       wxDefaultSize, 0, nullptr, wxCB_DROPDOWN);
   source->SetInitialSize(source->GetSizeFromTextSize(source->GetCharWidth() * kNameWidth));
+  MakeOneStop(*source);
   build.Add(source, "Combo1");
   wxButton* const variable = build.Button(parent, "cmdSv1", "@");
   variable->SetInitialSize(wxSize(VariableButtonWidth(*page), source->GetBestSize().y));

@@ -5,6 +5,8 @@
 
 #include <utility>
 
+#include "dialogs/widgets/FieldSize.h"
+
 namespace imptable {
 
 PasswordField::PasswordField(wxWindow* parent, int characters)
@@ -15,7 +17,7 @@ PasswordField::PasswordField(wxWindow* parent, int characters)
       shown_(masked_) {
   auto* const both = new wxBoxSizer(wxHORIZONTAL);
   for (wxTextCtrl* const field : {masked_, plain_}) {
-    field->SetInitialSize(field->GetSizeFromTextSize(field->GetCharWidth() * characters));
+    field->SetInitialSize(FieldSize(*field, characters));
     both->Add(field, wxSizerFlags(1).Expand());
     Watch(field);
   }

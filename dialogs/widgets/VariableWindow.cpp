@@ -3,13 +3,14 @@
 #include <wx/sizer.h>
 #include <wx/treectrl.h>
 
+#include "dialogs/widgets/AccessibleName.h"
 #include "dialogs/widgets/DialogFrame.h"
 #include "dialogs/widgets/DialogIcon.h"
 
 namespace imptable {
 namespace {
 
-const wxSize kListSize(380, 260);  // in pixels of an ordinary screen
+const wxSize kListSize(48, 15);  // in characters
 
 }  // namespace
 
@@ -20,9 +21,11 @@ VariableWindow::VariableWindow(wxWindow* parent, const ModuleCommun& module,
       text_(module.platform.encoding) {
   SetTitle(text_.Shown(state.caption));
   SetIcons(DialogIcon());
-  names_ = new wxTreeCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(kListSize),
+  names_ = new wxTreeCtrl(this, wxID_ANY, wxDefaultPosition,
+                          {kListSize.x * GetCharWidth(), kListSize.y * GetCharHeight()},
                           wxTR_HAS_BUTTONS | wxTR_HIDE_ROOT | wxTR_NO_LINES | wxTR_SINGLE,
                           wxDefaultValidator, "lstVariables");
+  SetAccessibleName(*names_, GetTitle());
   const wxTreeItemId root = names_->AddRoot(wxString());
   for (const VariableGroup& group : state.groups) {
     const wxTreeItemId title = names_->AppendItem(root, text_.Shown(group.title));

@@ -20,10 +20,14 @@ class DialogPlace {
   /// @param schema  SQL that makes the database's tables.
   DialogPlace(const std::string& schema, Language language);
 
-  /// Shows the configuration dialog of task "T1" of scenario "S1" while the person acts; what the
-  /// person throws is a failure of the test.
+  /// Shows the configuration dialog of task "T1" of scenario "S1" while the person acts, who begins
+  /// when the dialog is there. What the person throws is a failure of the test, and so is a
+  /// complaint of the toolkit.
   /// @return what the host gets back from ShowWrapper.
   std::int32_t Configure(const std::function<void(Person&)>& acts);
+
+  /// The same for a dialog before which boxes come: the person begins at once.
+  std::int32_t Open(const std::function<void(Person&)>& acts);
 
   /// Runs `imptable` on the same registry. @return its standard output; a failure of the test when
   /// it ends with another code than 0.
@@ -39,8 +43,6 @@ class DialogPlace {
   WatchedBoxes& boxes() { return boxes_; }
 
  private:
-  std::string Database() const { return folder.path() + "shop.db"; }
-
   ScopedVariable sources_;
   ScopedVariable drivers_;
   std::unique_ptr<TextEncoding> encoding_ = SystemTextEncoding();

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "tests/dialogs/ClientTask.h"
 #include "tests/dialogs/DialogPlace.h"
 
 namespace imptable {
@@ -11,22 +12,8 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr const char* kClients =
-    "CREATE TABLE CLIENT (ID INTEGER PRIMARY KEY, NAME VARCHAR(20), BORN DATE, AMOUNT FLOAT);"
-    "CREATE UNIQUE INDEX CLIENT_NAME ON CLIENT (NAME);";
-
-/// An existing task that inserts two of the file's columns.
-void SetUpTask(DialogPlace& place) {
-  place.folder.Write("in/CLIENTS.CSV", "1;Anna\n2;Bob\n");
-  place.Imptable({"set", "S1", "T1", "Base Cible=Shop", "Login=anna", "Password=secret",
-                  "Table=CLIENT", "Alias=CLIENTS", "Dir=" + place.Files(), "FormatFile=1",
-                  "NombreColonnes=2", "Colonnes\\1=4", "Colonnes\\2=1", "Param=1",
-                  "Champs\\1=ID,INTEGER,(Col)1", "Champs\\2=NAME,VARCHAR(20),(Col)2",
-                  "Champs\\3=BORN,DATE,Ignore", "Champs\\4=AMOUNT,FLOAT,Ignore"});
-}
-
 TEST(TaskDialog, ShowsWhatItSavedWhenItIsOpenedAgain) {
-  DialogPlace place(kClients, Language::kFrench);
+  DialogPlace place(kClientTable, Language::kFrench);
   place.folder.Write("in/CLIENTS.CSV", "1;Anna\n");
   place.Configure([&](Person& person) {
     person.Fill("Combo1", "Shop");
@@ -71,8 +58,8 @@ TEST(TaskDialog, ShowsWhatItSavedWhenItIsOpenedAgain) {
 }
 
 TEST(TaskDialog, LeavesTheTaskAloneWhenItIsCancelled) {
-  DialogPlace place(kClients, Language::kEnglish);
-  SetUpTask(place);
+  DialogPlace place(kClientTable, Language::kEnglish);
+  SetUpClientTask(place);
   const std::string before = place.Imptable({"get", "S1", "T1"});
   const std::int32_t status = place.Configure([](Person& person) {
     person.Fill("txtTable", "OTHER");
@@ -83,7 +70,7 @@ TEST(TaskDialog, LeavesTheTaskAloneWhenItIsCancelled) {
 }
 
 TEST(TaskDialog, LeavesNothingOfANewTaskThatIsCancelled) {
-  DialogPlace place(kClients, Language::kEnglish);
+  DialogPlace place(kClientTable, Language::kEnglish);
   EXPECT_EQ(place.Configure([](Person& person) {
     person.Fill("txtTable", "OTHER");
     person.Click("cmdAnnuler");
@@ -93,8 +80,8 @@ TEST(TaskDialog, LeavesNothingOfANewTaskThatIsCancelled) {
 }
 
 TEST(TaskDialog, GoesToTheFieldThatIsMissing) {
-  DialogPlace place(kClients, Language::kEnglish);
-  SetUpTask(place);
+  DialogPlace place(kClientTable, Language::kEnglish);
+  SetUpClientTask(place);
   place.Configure([&](Person& person) {
     person.Fill("txtAlias", "");
     person.ClickTab(1);
@@ -116,8 +103,8 @@ TEST(TaskDialog, GoesToTheFieldThatIsMissing) {
 }
 
 TEST(TaskDialog, IsLeftByApplyOpenAndByTheKeyboardAlone) {
-  DialogPlace place(kClients, Language::kEnglish);
-  SetUpTask(place);
+  DialogPlace place(kClientTable, Language::kEnglish);
+  SetUpClientTask(place);
   place.Configure([&](Person& person) {
     person.Click("txtLogin");
     person.Press("Return");
@@ -135,7 +122,7 @@ TEST(TaskDialog, IsLeftByApplyOpenAndByTheKeyboardAlone) {
 }
 
 TEST(TaskDialog, MasksAPasswordButNoReference) {
-  DialogPlace place(kClients, Language::kEnglish);
+  DialogPlace place(kClientTable, Language::kEnglish);
   place.Imptable({"variable", "S1", "PWD=x"});
   place.Configure([&](Person& person) {
     person.Fill("txtPass", "secret");
@@ -153,7 +140,7 @@ TEST(TaskDialog, MasksAPasswordButNoReference) {
 }
 
 TEST(TaskDialog, PutsAVariableIntoTheFieldThatHasTheFocus) {
-  DialogPlace place(kClients, Language::kEnglish);
+  DialogPlace place(kClientTable, Language::kEnglish);
   place.Imptable({"variable", "S1", "FOLDER=/data"});
   place.Configure([](Person& person) {
     person.Click("txtRep");
@@ -169,8 +156,8 @@ TEST(TaskDialog, PutsAVariableIntoTheFieldThatHasTheFocus) {
 }
 
 TEST(TaskDialog, AsksBeforeAnotherSourceEmptiesItsFields) {
-  DialogPlace place(kClients, Language::kFrench);
-  SetUpTask(place);
+  DialogPlace place(kClientTable, Language::kFrench);
+  SetUpClientTask(place);
   place.folder.Write("odbc.ini", place.folder.Read("odbc.ini") + "[Other]\nDriver=x\n");
   const std::string question =
       "Ask|Importation Table|Voulez-vous initialiser les paramètres associés";
@@ -193,7 +180,7 @@ TEST(TaskDialog, AsksBeforeAnotherSourceEmptiesItsFields) {
 }
 
 TEST(TaskDialog, WaitsForTheAdministratorAndListsTheSourcesAnew) {
-  DialogPlace place(kClients, Language::kEnglish);
+  DialogPlace place(kClientTable, Language::kEnglish);
   const std::string program = place.folder.Write(
       "administrator", "#!/bin/sh\nprintf '\\n[New]\\nDriver=x\\n' >>\"$ODBCINI\"\n");
   std::filesystem::permissions(program, std::filesystem::perms::owner_all);
@@ -207,43 +194,16 @@ TEST(TaskDialog, WaitsForTheAdministratorAndListsTheSourcesAnew) {
   });
 }
 
-TEST(TaskDialog, CutsNoCaptionInEitherLanguage) {
-  for (const Language language : {Language::kFrench, Language::kEnglish}) {
-    DialogPlace place(kClients, language);
-    SetUpTask(place);
-    place.Configure([](Person& person) {
-      for (int tab = 0; tab < 4; ++tab) {
-        person.ClickTab(tab);
-        EXPECT_EQ(person.CutControls(), std::vector<std::string>()) << "tab " << tab;
-      }
-      person.Press("Escape");
-    });
-  }
-}
-
-TEST(TaskDialog, NamesItsFieldsForScreenReaders) {
-  DialogPlace place(kClients, Language::kEnglish);
-  place.Configure([](Person& person) {
-    EXPECT_EQ(person.AccessibleName("txtAlias"), "Alias");
-    EXPECT_EQ(person.AccessibleName("txtTable"), "Table");
-    EXPECT_EQ(person.AccessibleName("Combo1"), "Data source name");
-    EXPECT_EQ(person.AccessibleName("textNbCol"), "No. of columns");
-    person.Click("OptCsv(1)");
-    person.WaitUntil([&] { return person.Sees("Label2") == "File"; }, "the other label");
-    EXPECT_EQ(person.AccessibleName("txtAlias"), "File");
-    person.Press("Escape");
-  });
-}
-
 TEST(TaskDialog, RunsWhatItsOriginsSay) {
-  DialogPlace place(kClients, Language::kEnglish);
-  SetUpTask(place);
+  DialogPlace place(kClientTable, Language::kEnglish);
+  SetUpClientTask(place);
   place.Configure([](Person& person) {
     person.ClickTab(3);
     EXPECT_EQ(person.SeesCell("Grid2", 1, 3), "Col N° 2");
     person.ClickCell("Grid2", 1, 3);
     person.ClickEntry("List1", 2);  // Variable
-    person.WaitUntil([&] { return person.Focused() == "Text1"; }, "the entry");
+    person.WaitForFocus("Text1");
+    person.Press("ctrl+a");
     person.Type("constant");
     person.Press("Return");
     person.WaitUntil([&] { return person.SeesCell("Grid2", 1, 3) == "constant"; }, "the constant");
@@ -257,8 +217,8 @@ TEST(TaskDialog, RunsWhatItsOriginsSay) {
 }
 
 TEST(TaskDialog, SaysWhatIsWrongWithASourceThatDoesNotAnswer) {
-  DialogPlace place(kClients, Language::kEnglish);
-  SetUpTask(place);
+  DialogPlace place(kClientTable, Language::kEnglish);
+  SetUpClientTask(place);
   place.Configure([&](Person& person) {
     person.Fill("Combo1", "nowhere");
     person.Click("Command1");

@@ -4,28 +4,25 @@
 #include <stdexcept>
 #include <thread>
 
+#include "tests/dialogs/FrontWindows.h"
+#include "tests/dialogs/MainThread.h"
 #include "tests/dialogs/Person.h"
 
 namespace imptable {
-namespace {
-
-constexpr std::chrono::seconds kPatience{20};
-constexpr std::chrono::milliseconds kUntilShown{400};
-constexpr std::chrono::milliseconds kUntilAnswered{700};
-
-}  // namespace
 
 void WatchedBoxes::Open(const char* kind, std::string_view text, std::string_view caption) {
   const std::lock_guard lock(mutex_);
   pending_.push_back(std::string(kind) + '|' + std::string(caption) + '|' + std::string(text));
-  open_ = true;
-  changed_.notify_all();
 }
 
 void WatchedBoxes::Close() {
   const std::lock_guard lock(mutex_);
-  open_ = false;
-  changed_.notify_all();
+  ++closed_;
+}
+
+std::size_t WatchedBoxes::Closed() {
+  const std::lock_guard lock(mutex_);
+  return closed_;
 }
 
 void WatchedBoxes::Warn(std::string_view text, std::string_view caption) {
@@ -48,22 +45,22 @@ bool WatchedBoxes::Ask(std::string_view text, std::string_view caption) {
 }
 
 std::string WatchedBoxes::Answer(const std::string& key) {
-  std::unique_lock lock(mutex_);
-  if (!changed_.wait_for(lock, kPatience, [this] { return open_; })) {
-    throw std::runtime_error("no message box comes");
-  }
-  const std::string said = pending_.front();
-  // The box is recorded just before the window manager shows it: a key that comes too early goes
-  // astray, so it is pressed until it has worked.
+  constexpr std::chrono::seconds kUntilClosed{2};
+  constexpr std::chrono::milliseconds kGlance{10};
+  const std::string said = WaitFor(FrontBox, "a message box");
+  const std::size_t before = Closed();
+  const auto is_open = [&] { return Closed() == before; };
   const auto end = std::chrono::steady_clock::now() + kPatience;
-  while (open_ && std::chrono::steady_clock::now() < end) {
-    lock.unlock();
-    std::this_thread::sleep_for(kUntilShown);
+  while (is_open() && std::chrono::steady_clock::now() < end) {
+    // A key that comes before the box is drawn can go astray, so it is pressed until it has worked.
     RunProgram({"xdotool", "key", key});
-    lock.lock();
-    changed_.wait_for(lock, kUntilAnswered, [this] { return !open_; });
+    const auto pressed = std::chrono::steady_clock::now();
+    while (is_open() && std::chrono::steady_clock::now() < pressed + kUntilClosed) {
+      std::this_thread::sleep_for(kGlance);
+    }
   }
-  if (open_) throw std::runtime_error("the box stays: " + said);
+  if (is_open()) throw std::runtime_error("the box stays: " + said);
+  const std::lock_guard lock(mutex_);
   pending_.erase(pending_.begin());
   return said;
 }

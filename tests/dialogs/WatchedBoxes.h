@@ -1,7 +1,7 @@
 #ifndef TESTS_DIALOGS_WATCHED_BOXES_H_
 #define TESTS_DIALOGS_WATCHED_BOXES_H_
 
-#include <condition_variable>
+#include <cstddef>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -10,8 +10,8 @@
 
 namespace imptable {
 
-/// The real message boxes, with a record of what they say: "Warn|caption|text", "Inform|...",
-/// "Ask|...".
+/// The real message boxes, with a record of what they are to say: "Warn|caption|text",
+/// "Inform|...", "Ask|...".
 class WatchedBoxes : public DialogBoxes, public WarningBox {
  public:
   /// @param encoding  borrowed.
@@ -22,7 +22,7 @@ class WatchedBoxes : public DialogBoxes, public WarningBox {
   bool Ask(std::string_view text, std::string_view caption) override;
 
   /// Waits, on the person's thread, for a box and answers it with a key, as "Return" or "Escape".
-  /// @return what it said. @throws std::runtime_error  when none comes.
+  /// @return what it shows, told as the record. @throws std::runtime_error  when none comes.
   std::string Answer(const std::string& key);
 
   /// What all the boxes said that nobody answered; to be asked when the dialogs are gone.
@@ -31,12 +31,12 @@ class WatchedBoxes : public DialogBoxes, public WarningBox {
  private:
   void Open(const char* kind, std::string_view text, std::string_view caption);
   void Close();
+  std::size_t Closed();
 
   WidgetBoxes real_;
   std::mutex mutex_;
-  std::condition_variable changed_;
   std::vector<std::string> pending_;
-  bool open_ = false;
+  std::size_t closed_ = 0;
 };
 
 }  // namespace imptable

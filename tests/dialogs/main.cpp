@@ -3,10 +3,12 @@
 #include <iostream>
 
 #include "dialogs/widgets/Toolkit.h"
+#include "tests/dialogs/ToolkitComplaints.h"
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();
+  imptable::KeepToolkitComplaints();
   const auto toolkit = imptable::Toolkit::Start();
   if (!toolkit) {
     std::cerr << "There is no screen: start it by tests/dialogs/with-screen.\n";

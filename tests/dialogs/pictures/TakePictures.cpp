@@ -38,16 +38,13 @@ class Photographer {
  private:
   void Take(const std::string& name) { person_.TakePicture(folder_ + '/' + name + ".png"); }
 
-  /// Opens the menu of a row of Grid1 and goes down to an entry of it.
-  void ChooseType(int row, int entry) {
+  void ChooseType(int row, const std::string& entry) {
     person_.ClickCell("Grid1", row, 1);
-    for (int step = 0; step < entry; ++step) person_.Press("Down");
-    person_.Press("Return");
+    person_.Choose(entry);
   }
 
   void TakeColumns() {
-    constexpr int kDateEntry = 3;
-    ChooseType(2, kDateEntry);
+    ChooseType(2, "Date...");
     person_.WaitForDialog("FormDate");
     Take("date");
     person_.Press("Escape");
@@ -59,8 +56,7 @@ class Photographer {
     person_.Click("optForm(0)");
     boxes_.Answer("Return");
     person_.ClickTab(3);
-    constexpr int kLengthEntry = 5;
-    ChooseType(1, kLengthEntry);
+    ChooseType(1, "Longueur");
     person_.WaitForDialog("FormNombre");
     Take("number");
     person_.Press("Escape");
