@@ -130,7 +130,7 @@ std::int32_t ResumeChain::Reached() const {
 }
 
 void ResumeChain::Advance(const std::string& trace, const std::string& rejected, bool skip_mark) {
-  const auto chain = files_.Query(path_) ? Open() : nullptr;
+  auto chain = files_.Query(path_) ? Open() : nullptr;
   const std::string trace_path = files_.Locate(trace);
   auto traced = OpenLinesOrNone(trace_path, false);
   const auto trace_lines =
@@ -139,6 +139,7 @@ void ResumeChain::Advance(const std::string& trace, const std::string& rejected,
   ReplacingFile next(files_, new_path_);
   ChainWriter writer(next.file());
   ChainMerge(chain.get(), trace_lines.get(), rejected_lines.get(), writer).Run();
+  chain.reset();  // some systems replace no open file
   next.Replace(path_);
 }
 

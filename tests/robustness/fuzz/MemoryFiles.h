@@ -3,6 +3,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -11,7 +12,8 @@
 
 namespace imptable {
 
-/// Files in memory, by their path as it stands.
+/// Files in memory, by their path as it stands. One that is open is neither removed nor replaced,
+/// as on the system that is strictest about that.
 class MemoryFiles : public FileSystem {
  public:
   std::map<std::string, std::string> files;
@@ -32,7 +34,7 @@ class MemoryFiles : public FileSystem {
       return nullptr;
     }
     error.clear();
-    return std::make_unique<MemoryInput>(found->second);
+    return std::make_unique<Input>(found->second, open_[path]);
   }
 
   std::unique_ptr<OutputFile> OpenForWriting(const std::string& path, WriteMode mode,
@@ -40,10 +42,11 @@ class MemoryFiles : public FileSystem {
     error.clear();
     std::string& bytes = files[path];
     if (mode == WriteMode::kTruncate) bytes.clear();
-    return std::make_unique<Output>(bytes);
+    return std::make_unique<Output>(bytes, open_[path]);
   }
 
   std::error_code Remove(const std::string& path) override {
+    if (open_[path] > 0) return std::make_error_code(std::errc::permission_denied);
     if (files.erase(path) > 0) return {};
     return std::make_error_code(std::errc::no_such_file_or_directory);
   }
@@ -51,6 +54,7 @@ class MemoryFiles : public FileSystem {
   std::error_code Replace(const std::string& from, const std::string& to) override {
     const auto found = files.find(from);
     if (found == files.end()) return std::make_error_code(std::errc::no_such_file_or_directory);
+    if (open_[from] + open_[to] > 0) return std::make_error_code(std::errc::permission_denied);
     std::string bytes = std::move(found->second);
     files.erase(found);
     files[to] = std::move(bytes);
@@ -58,19 +62,45 @@ class MemoryFiles : public FileSystem {
   }
 
  private:
+  /// Counts a file as open while it lives.
+  class Use {
+   public:
+    explicit Use(int& uses) : uses_(uses) { ++uses_; }
+    Use(const Use&) = delete;
+    Use& operator=(const Use&) = delete;
+    ~Use() { --uses_; }
+
+   private:
+    int& uses_;
+  };
+
+  class Input : public MemoryInput {
+   public:
+    Input(std::string bytes, int& uses) : MemoryInput(std::move(bytes)), use_(uses) {}
+
+   private:
+    Use use_;
+  };
+
   class Output : public OutputFile {
    public:
-    explicit Output(std::string& bytes) : bytes_(bytes) {}
+    Output(std::string& bytes, int& uses) : bytes_(bytes), use_(std::in_place, uses) {}
     std::error_code Write(std::string_view bytes) override {
       bytes_ += bytes;
       return {};
     }
     std::error_code Flush() override { return {}; }
-    std::error_code Close() override { return {}; }
+    std::error_code Close() override {
+      use_.reset();
+      return {};
+    }
 
    private:
     std::string& bytes_;
+    std::optional<Use> use_;
   };
+
+  std::map<std::string, int> open_;
 };
 
 }  // namespace imptable
