@@ -7,7 +7,7 @@
 namespace imptable {
 
 /// Tells what was tried.
-inline void Figure(const std::string& text) { std::cout << "  " << text << '\n'; }
+inline void Figure(const std::string& text) { std::cout << "  " << text << std::endl; }
 
 }  // namespace imptable
 
