@@ -55,6 +55,8 @@ std::string Stripped(std::string text) {
   return text;
 }
 
+std::string UpToNul(const std::string& text) { return text.substr(0, text.find('\0')); }
+
 std::string SmallLetters(std::string text) {
   for (char& byte : text) {
     if (byte >= 'A' && byte <= 'Z') byte = static_cast<char>(byte - 'A' + 'a');
@@ -63,7 +65,7 @@ std::string SmallLetters(std::string text) {
 }
 
 bool SameName(const std::string& name, const std::string& sought) {
-  return SmallLetters(Stripped(name).c_str()) == SmallLetters(Stripped(sought));
+  return SmallLetters(UpToNul(Stripped(name))) == SmallLetters(Stripped(sought));
 }
 
 /// The value in a text of ASCII alone, line by line.
@@ -81,7 +83,7 @@ std::string SlowRead(const std::string& bytes, const std::string& section, const
     const std::size_t equals = line.find('=');
     if (!inside || !SameName(line.substr(0, equals), key)) continue;
     if (equals == std::string::npos) return kFallback;
-    std::string value = Stripped(line.substr(equals + 1)).c_str();
+    std::string value = UpToNul(Stripped(line.substr(equals + 1)));
     if (value.size() >= 2 && value.front() == value.back() &&
         (value.front() == '"' || value.front() == '\'')) {
       value = value.substr(1, value.size() - 2);
