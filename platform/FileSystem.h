@@ -55,7 +55,9 @@ class FileSystem {
   virtual std::unique_ptr<InputFile> OpenForReading(const std::string& path,
                                                     std::error_code& error) = 0;
 
-  /// Creates the file when it doesn't exist.
+  /// Creates the file when it doesn't exist. Where files have owners, kTruncate takes regular files
+  /// alone and never goes through a symbolic link, and kAppend only through links that this user or
+  /// the administrator made; the error is too_many_symbolic_link_levels for any other.
   virtual std::unique_ptr<OutputFile> OpenForWriting(const std::string& path, WriteMode mode,
                                                      std::error_code& error) = 0;
 

@@ -3,47 +3,17 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <memory>
 #include <string>
 #include <utility>
 
+#include "platform/Descriptor_linux.h"
 #include "platform/FileSystem.h"
 #include "platform/NameFolding.h"
+#include "platform/OpeningForWriting_linux.h"
 
 namespace imptable {
 namespace {
-
-std::error_code LastError() { return {errno, std::generic_category()}; }
-
-/// Repeats a system call that a signal cut short.
-template <typename Call>
-auto Retry(Call call) {
-  auto result = call();
-  while (result < 0 && errno == EINTR) result = call();
-  return result;
-}
-
-/// Sole owner of a file descriptor.
-class Descriptor {
- public:
-  explicit Descriptor(int raw) : raw_(raw) {}
-  ~Descriptor() { Close(); }
-  Descriptor(Descriptor&& other) noexcept : raw_(std::exchange(other.raw_, -1)) {}
-  Descriptor& operator=(Descriptor&&) = delete;
-
-  int raw() const { return raw_; }
-  bool is_open() const { return raw_ >= 0; }
-
-  /// Closes only once: even a failed close(2) gives the descriptor back.
-  std::error_code Close() {
-    if (!is_open()) return {};
-    return close(std::exchange(raw_, -1)) == 0 ? std::error_code() : LastError();
-  }
-
- private:
-  int raw_;
-};
 
 std::error_code FlushDescriptor(const Descriptor& file) {
   return Retry([&] { return fsync(file.raw()); }) == 0 ? std::error_code() : LastError();
@@ -152,10 +122,8 @@ class LinuxFileSystem : public FileSystem {
 
   std::unique_ptr<OutputFile> OpenForWriting(const std::string& path, WriteMode mode,
                                              std::error_code& error) override {
-    const int flags = O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY |
-                      (mode == WriteMode::kAppend ? O_APPEND : O_TRUNC);
-    Descriptor file(Retry([&] { return open(path.c_str(), flags, 0666); }));
-    error = file.is_open() ? std::error_code() : LastError();
+    Descriptor file =
+        mode == WriteMode::kAppend ? OpenToAppend(path, error) : OpenToReplace(path, error);
     if (error) return nullptr;
     return std::make_unique<LinuxOutputFile>(std::move(file));
   }

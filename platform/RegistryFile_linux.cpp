@@ -118,8 +118,9 @@ void RegistryFile::Create() const {
   const auto create = [this] {
     const int file = open(path_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0600);
     if (file < 0) return errno;
+    const int failed = fchmod(file, 0600) == 0 ? 0 : errno;  // whatever the umask took away
     close(file);
-    return 0;
+    return failed;
   };
   int error = create();
   if (error == ENOENT) {

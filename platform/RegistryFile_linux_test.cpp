@@ -83,8 +83,36 @@ TEST_F(RegistryFiles, AreCreatedForTheirOwnerOnlyWithTheDirectoriesOnTheWay) {
     store.Write(kKey, "v", Text("x"));
     EXPECT_EQ(ModeOf(path), 0600U);
     EXPECT_EQ(ModeOf(path + "-wal"), 0600U);
+    EXPECT_EQ(ModeOf(path + "-shm"), 0600U);
     EXPECT_EQ(ModeOf(folder_.path() + "share"), 0700U);
     EXPECT_EQ(ModeOf(folder_.path() + "share/imptable"), 0700U);
+  }
+  umask(before);
+}
+
+TEST_F(RegistryFiles, AreTheirOwnersWhateverTheUmaskTakesAway) {
+  const mode_t before = umask(0577);
+  {
+    RegistryStore store(path_, ".");
+    store.Write(kKey, "v", Text("x"));
+    EXPECT_EQ(ModeOf(path_), 0600U);
+    EXPECT_EQ(ModeOf(path_ + "-wal"), 0600U);
+    EXPECT_EQ(ModeOf(path_ + "-shm"), 0600U);
+  }
+  umask(before);
+}
+
+TEST_F(RegistryFiles, KeepTheRightsThatTheyHave) {
+  const mode_t before = umask(0);
+  for (const mode_t mode : {0600U, 0640U, 0660U}) {
+    std::filesystem::remove(path_);
+    Fill(1);
+    ASSERT_EQ(chmod(path_.c_str(), mode), 0);
+    RegistryStore store(path_, ".");
+    store.Write(kKey, "v", Text("x"));
+    EXPECT_EQ(ModeOf(path_), mode);
+    EXPECT_EQ(ModeOf(path_ + "-wal"), mode);
+    EXPECT_EQ(ModeOf(path_ + "-shm"), mode);
   }
   umask(before);
 }

@@ -36,6 +36,15 @@ constexpr std::array<FaultText, 17> kFaultTexts{{
     {FaultNumber::kNoHostObject, "Objet de l'hôte non disponible", "No such host object"},
 }};
 
+constexpr std::string_view kFrenchRemoveLink =
+    "c'est un lien symbolique, qui n'est pas suivi : le supprimer";
+constexpr std::string_view kEnglishRemoveLink =
+    "it is a symbolic link, which isn't followed: remove it";
+
+bool IsLink(const std::error_code& error) {
+  return error == std::errc::too_many_symbolic_link_levels;
+}
+
 FaultNumber NumberOf(const std::error_code& error) {
   if (error == std::errc::no_such_file_or_directory) return FaultNumber::kFileNotFound;
   if (error == std::errc::not_a_directory) return FaultNumber::kPathNotFound;
@@ -43,7 +52,7 @@ FaultNumber NumberOf(const std::error_code& error) {
       error == std::errc::read_only_file_system) {
     return FaultNumber::kPermissionDenied;
   }
-  if (error == std::errc::is_a_directory || error == std::errc::text_file_busy) {
+  if (error == std::errc::is_a_directory || error == std::errc::text_file_busy || IsLink(error)) {
     return FaultNumber::kPathAccessError;
   }
   if (error == std::errc::no_space_on_device || error == std::errc::file_too_large) {
@@ -62,18 +71,23 @@ FaultNumber NumberOf(const std::error_code& error) {
 }  // namespace
 
 RuntimeFault FileFault(const std::error_code& error, const std::string& path) {
-  return RuntimeFault(NumberOf(error), path);
+  return RuntimeFault(NumberOf(error), path,
+                      IsLink(error) ? FaultRemedy::kRemoveLink : FaultRemedy::kNone);
 }
 
 std::string DescribeFault(const RuntimeFault& fault, std::int32_t language_offset,
                           const TextEncoding& encoding) {
+  const bool english = language_offset == kEnglishOffset;
   std::string text;
   for (const FaultText& entry : kFaultTexts) {
     if (entry.number == fault.number()) {
-      text = encoding.FromUtf8(language_offset == kEnglishOffset ? entry.english : entry.french);
+      text = encoding.FromUtf8(english ? entry.english : entry.french);
     }
   }
   if (!fault.detail().empty()) text += " : " + fault.detail();
+  if (fault.remedy() == FaultRemedy::kRemoveLink) {
+    text += " : " + encoding.FromUtf8(english ? kEnglishRemoveLink : kFrenchRemoveLink);
+  }
   return text;
 }
 

@@ -32,26 +32,33 @@ enum class FaultNumber : std::int32_t {
   kNoHostObject = 430,
 };
 
+/// What to do about a fault, where its description doesn't say.
+enum class FaultRemedy : std::uint8_t { kNone, kRemoveLink };
+
 /// A run-time fault: ends the routine it happens in. `detail` names the file, value or message
 /// concerned, in the system's code page; empty when there is nothing to name.
 class RuntimeFault : public std::exception {
  public:
-  explicit RuntimeFault(FaultNumber number, std::string detail = {})
-      : number_(number), detail_(std::move(detail)) {}
+  explicit RuntimeFault(FaultNumber number, std::string detail = {},
+                        FaultRemedy remedy = FaultRemedy::kNone)
+      : number_(number), detail_(std::move(detail)), remedy_(remedy) {}
 
   FaultNumber number() const noexcept { return number_; }
   const std::string& detail() const noexcept { return detail_; }
+  FaultRemedy remedy() const noexcept { return remedy_; }
   const char* what() const noexcept override { return detail_.c_str(); }
 
  private:
   FaultNumber number_;
   std::string detail_;
+  FaultRemedy remedy_;
 };
 
 /// The fault that a failed file operation amounts to; `path` becomes the detail.
 RuntimeFault FileFault(const std::error_code& error, const std::string& path);
 
-/// The fault in words: its standard description and, when there is one, " : " and the detail.
+/// The fault in words: its standard description and, where there are any, the detail and the
+/// remedy, each after " : ".
 /// English when `language_offset` is 10000, else French.
 std::string DescribeFault(const RuntimeFault& fault, std::int32_t language_offset,
                           const TextEncoding& encoding);
