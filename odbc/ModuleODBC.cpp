@@ -43,6 +43,7 @@ void OdbcSession::Release() noexcept {
 bool OdbcSession::ConnectDataSource(const std::string& data_source, const std::string& user,
                                     const std::string& password) {
   connected = false;
+  mask_ = PasswordMask(password);
   Release();  // a former connection whose report couldn't be written kept its handles
   if (!CheckOdbcReturn(SQLAllocEnv(&environment), module_.MessageText(kMessageAllocEnv))) {
     environment = SQL_NULL_HENV;
@@ -160,9 +161,11 @@ void OdbcSession::ReportOdbcError(SQLHDBC failed_connection, SQLHSTMT failed_sta
     if (length > 0) {
       const std::size_t shown =
           static_cast<std::size_t>(std::min<SQLSMALLINT>(length, kMessageBytes - 1));
-      ShowDiagnostic(reporting_mode,
-                     '(' + SignedText(native_code) + ") " +
-                         std::string(reinterpret_cast<const char*>(message.data()), shown));
+      const bool cut = shown + 1 == message.size();
+      ShowDiagnostic(
+          reporting_mode,
+          '(' + SignedText(native_code) + ") " +
+              mask_.Masked({reinterpret_cast<const char*>(message.data()), shown}, cut));
     }
   } while (code == SQL_SUCCESS);
   error_reported = true;

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "odbc/OdbcApi.h"
+#include "odbc/PasswordMask.h"
 #include "odbc/Statement.h"
 #include "plugin/core/ModuleCommun.h"
 #include "plugin/core/RunFile.h"
@@ -39,7 +40,7 @@ class OdbcSession {
 
   /// Fetches every diagnostic of the connection or statement and shows it. Sets `error_reported`,
   /// unless the native code is the duplicate that the task ignores: then `duplicate_ignored` is set
-  /// and the rest is left unread.
+  /// and the rest is left unread. The connection's password is hidden in what is shown.
   /// @param statement  SQL_NULL_HSTMT for a diagnostic of the connection.
   /// @param reporting_mode  kDialogMode or kRunMode; anything else shows nothing.
   void ReportOdbcError(SQLHDBC connection, SQLHSTMT statement, std::int16_t reporting_mode,
@@ -82,6 +83,7 @@ class OdbcSession {
   bool IsIgnorableDuplicate(SQLINTEGER native_code) const;
 
   ModuleCommun& module_;
+  PasswordMask mask_;
 };
 
 /// Calls `add_item` with the name of each ODBC data source.
