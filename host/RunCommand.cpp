@@ -11,6 +11,7 @@
 #include "host/RunOutcome.h"
 #include "host/RunSummary.h"
 #include "host/StopSignals.h"
+#include "host/TaskLock.h"
 #include "import/TaskFiles.h"
 #include "plugin/ImpTable.h"
 #include "plugin/ResumeOutlook.h"
@@ -68,9 +69,10 @@ void RefuseSurprisingResume(HostContext& context, const CommandRequest& request)
 void RequireWritableReport(HostContext& context, const std::string& path) {
   std::error_code error;
   const auto file = context.files->OpenForWriting(path, WriteMode::kAppend, error);
-  if (!file) {
-    throw HostError(ExitCode::kFault, HostText::kCannotOpenReport, {path, error.message()});
-  }
+  if (file) return;
+  const bool is_link = error == std::errc::too_many_symbolic_link_levels;
+  throw HostError(ExitCode::kFault, HostText::kCannotOpenReport,
+                  {path, is_link ? context.texts.Text(HostText::kIsForeignLink) : error.message()});
 }
 
 RunOutcome OutcomeOf(const HostContext& context, const CommandRequest& request,
@@ -102,6 +104,7 @@ RunOutcome OutcomeOf(const HostContext& context, const CommandRequest& request,
 
 ExitCode RunTask(HostContext& context, const CommandRequest& request, const HostConsole& console) {
   context.RequireTask(request.scenario, request.task);
+  const TaskLock lock(context, request);
   if (request.resume) RefuseSurprisingResume(context, request);
   const std::string report = request.report.value_or(DefaultReportPath(request.task));
   RequireWritableReport(context, report);

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <filesystem>
@@ -199,6 +200,25 @@ TEST_F(RunCommand, IsCode4WhenReportLinesDoNotReachTheReport) {
   EXPECT_THAT(result.err, MatchesRegex(kOneLine));
   EXPECT_THAT(result.err, HasSubstr("report /dev/full"));
   EXPECT_EQ(Status(), "2\n");
+}
+
+TEST_F(RunCommand, WritesItsReportThroughALinkOfTheUser) {
+  std::filesystem::create_symlink("elsewhere.txt", report());
+  EXPECT_EQ(Run().code, 0);
+  EXPECT_THAT(session.folder.Read("elsewhere.txt"), HasSubstr("PROCEDURE TERMINATED"));
+}
+
+TEST_F(RunCommand, IsCode4WhenTheReportIsALinkOfSomebodyElse) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root can make another user's link";
+  std::filesystem::create_symlink("elsewhere.txt", report());
+  ASSERT_EQ(lchown(report().c_str(), 65534, 65534), 0);
+  const auto result = Run();
+  EXPECT_EQ(result.code, 4);
+  EXPECT_EQ(result.err, "imptable: report " + report() +
+                            ": can't be written (it is another user's symbolic link): give another "
+                            "one with --report\n");
+  EXPECT_FALSE(session.folder.Exists("elsewhere.txt"));
+  EXPECT_EQ(Status(), "0\n");
 }
 
 TEST_F(RunCommand, ShowsALiveLineOnATerminalAndRemovesItBeforeTheSummary) {
