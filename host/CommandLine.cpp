@@ -49,7 +49,8 @@ HostError LeftoverError(const std::string& argument, const CLI::App& command) {
   }
   return command.get_require_subcommand_min() > 0
              ? UsageError(HostText::kUnknownCommand, argument, command)
-             : UsageError(HostText::kTooManyArguments, argument, command);
+             : UsageError(HostText::kTooManyArguments, argument.substr(0, argument.find('=')),
+                          command);
 }
 
 /// The first argument that no command takes, with the command that it was given to.
@@ -116,16 +117,20 @@ void AddTaskCommands(CLI::App& app, CommandRequest& request) {
   CLI::App& get = AddCommand(app, "get");
   AddTask(get, request);
   get.add_option("NAME", request.name);
+  get.add_flag("--show-password", request.show_password);
 
   CLI::App& set = AddCommand(app, "set");
   AddTask(set, request);
   set.add_option("ASSIGNMENT", request.assignments)->required()->option_text("NAME=VALUE");
+  set.add_flag("--stdin", request.value_from_input);
 
   AddTask(AddCommand(app, "delete"), request);
 
   CLI::App& variable = AddCommand(app, "variable");
   variable.add_option("SCENARIO", request.scenario)->required();
   variable.add_option("NAME", request.name);
+  variable.add_flag("--show-password", request.show_password);
+  variable.add_flag("--stdin", request.value_from_input);
 }
 
 void AddOtherCommands(CLI::App& app, CommandRequest& request) {

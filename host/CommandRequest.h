@@ -22,6 +22,8 @@ struct CommandRequest {
   bool resume = false;
   bool quiet = false;
   bool json = false;
+  bool show_password = false;
+  bool value_from_input = false;  // of the NAME that has no "="
 };
 
 }  // namespace imptable

@@ -25,6 +25,7 @@ struct HostConsole {
   std::ostream& err;
   const Terminal* terminal = nullptr;  // null when standard output is no terminal
   bool colours = false;
+  bool asks = false;  // standard input is a terminal
 };
 
 /// One line on standard error, "imptable: " first; control characters become "?".

@@ -88,6 +88,12 @@ TEST(HelpText, NamesEveryOption) {
     for (const char* option : {"--resume", "--report FILE", "--quiet", "--json"}) {
       EXPECT_NE(run.find(option), std::string::npos) << option;
     }
+    const std::string variable = HelpText("variable", language);
+    for (const char* option : {"--stdin", "--show-password"}) {
+      EXPECT_NE(variable.find(option), std::string::npos) << option;
+    }
+    EXPECT_NE(HelpText("set", language).find("--stdin"), std::string::npos);
+    EXPECT_NE(HelpText("get", language).find("--show-password"), std::string::npos);
   }
 }
 

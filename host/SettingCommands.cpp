@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <initializer_list>
 #include <string_view>
 #include <utility>
@@ -6,8 +7,10 @@
 #include "host/Assignment.h"
 #include "host/Commands.h"
 #include "host/HostError.h"
+#include "host/InputValue.h"
 #include "host/KeyName.h"
 #include "host/SettingsTable.h"
+#include "host/ShownPassword.h"
 #include "host/ShownValue.h"
 #include "plugin/ImpTable.h"
 #include "plugin/ScenarioKeys.h"
@@ -17,12 +20,17 @@
 namespace imptable {
 namespace {
 
-void PrintValues(const HostContext& context, const HostConsole& console, const KeyPath& key,
-                 std::string_view prefix) {
+/// Takes and gives UTF-8.
+std::string ShownSetting(const CommandRequest& request, std::string_view name,
+                         const RegistryValue& value) {
+  return IsPasswordName(name) && !request.show_password ? HiddenForm(value) : ShownValue(value);
+}
+
+void PrintValues(const HostContext& context, const CommandRequest& request,
+                 const HostConsole& console, const KeyPath& key, const std::string& prefix) {
   for (const NamedValue& value : context.store.Values(key)) {
-    console.out << context.FromUtf8(std::string(prefix) + value.name + '=' +
-                                    ShownValue(value.value))
-                << '\n';
+    const std::string name = prefix + value.name;
+    console.out << context.FromUtf8(name + '=' + ShownSetting(request, name, value.value)) << '\n';
   }
 }
 
@@ -61,6 +69,23 @@ RegistryEdit EditFor(const HostContext& context, const KeyPath& task, const std:
   return SetEdit(key, place->name, NumberValue(*number));
 }
 
+/// The assignments, complete with the value that standard input gives.
+std::vector<std::string> WithInputValue(const HostContext& context, const CommandRequest& request,
+                                        const HostConsole& console) {
+  std::vector<std::string> assignments = request.assignments;
+  if (!request.value_from_input) return assignments;
+  const auto is_bare = [](const std::string& text) { return !AssignmentFrom(text); };
+  const auto bare = std::find_if(assignments.begin(), assignments.end(), is_bare);
+  if (bare == assignments.end() || std::any_of(bare + 1, assignments.end(), is_bare)) {
+    throw HostError(ExitCode::kUsage, HostText::kNoNameForInput, {"imptable set"});
+  }
+  if (!FindSetting(context.ToUtf8(*bare))) {
+    throw HostError(ExitCode::kUsage, HostText::kUnknownSetting, {*bare});
+  }
+  *bare += '=' + ReadInputValue(console, context.texts, *bare);
+  return assignments;
+}
+
 /// What the configuration dialog writes besides the settings themselves.
 std::vector<RegistryEdit> EditsOfSaving(const HostContext& context, const KeyPath& task) {
   const RegistryValue now = TextValue(StampText(context.clock->Now()));
@@ -81,22 +106,25 @@ ExitCode GetSettings(HostContext& context, const CommandRequest& request,
     if (!value) {
       throw HostError(ExitCode::kMissing, HostText::kNoSetting, {*request.name, request.task});
     }
-    console.out << context.FromUtf8(ShownValue(*value)) << '\n';
+    const std::string name = context.ToUtf8(*request.name);
+    console.out << context.FromUtf8(ShownSetting(request, name, *value)) << '\n';
     return ExitCode::kDone;
   }
-  PrintValues(context, console, task, "");
+  PrintValues(context, request, console, task, "");
   for (const std::string_view subkey : {kColumnsSubkey, kFieldsSubkey}) {
-    PrintValues(context, console, Subkey(task, std::string(subkey)), std::string(subkey) + '\\');
+    const std::string name(subkey);
+    PrintValues(context, request, console, Subkey(task, name), name + '\\');
   }
   return ExitCode::kDone;
 }
 
-ExitCode SetSettings(HostContext& context, const CommandRequest& request, const HostConsole&) {
+ExitCode SetSettings(HostContext& context, const CommandRequest& request,
+                     const HostConsole& console) {
   RequireName(request.scenario);
   RequireName(request.task);
   const KeyPath task = TaskKey(context.ToUtf8(request.scenario), context.ToUtf8(request.task));
   std::vector<RegistryEdit> edits = EditsOfSaving(context, task);
-  for (const std::string& assignment : request.assignments) {
+  for (const std::string& assignment : WithInputValue(context, request, console)) {
     edits.push_back(EditFor(context, task, assignment));
   }
   context.store.Apply(edits);

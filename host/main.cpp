@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <iostream>
 #include <string>
 #include <string_view>
@@ -25,6 +26,16 @@ std::string_view Environment(const char* name) {
   return value == nullptr ? "" : value;
 }
 
+/// Blots out the values of NAME=VALUE arguments, which every user of this machine can read as long
+/// as the process lives.
+void HideValues(int argc, char** argv) {
+  for (int index = 1; index < argc; ++index) {
+    char* const value = std::strchr(argv[index], '=');
+    if (argv[index][0] != '-' && value != nullptr)
+      std::memset(value + 1, '*', std::strlen(value + 1));
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -33,10 +44,12 @@ int main(int argc, char** argv) {
   std::signal(SIGXFSZ, SIG_IGN);
   const StandardOutputTerminal terminal;
   const bool is_terminal = isatty(STDOUT_FILENO) == 1 && Environment("TERM") != "dumb";
-  return imptable::RunHost(std::vector<std::string>(argv + 1, argv + argc),
-                           {.in = std::cin,
-                            .out = std::cout,
-                            .err = std::cerr,
-                            .terminal = is_terminal ? &terminal : nullptr,
-                            .colours = is_terminal && Environment("NO_COLOR").empty()});
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  HideValues(argc, argv);
+  return imptable::RunHost(arguments, {.in = std::cin,
+                                       .out = std::cout,
+                                       .err = std::cerr,
+                                       .terminal = is_terminal ? &terminal : nullptr,
+                                       .colours = is_terminal && Environment("NO_COLOR").empty(),
+                                       .asks = isatty(STDIN_FILENO) == 1});
 }

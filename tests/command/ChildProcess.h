@@ -29,6 +29,8 @@ class ChildProcess {
   ChildProcess(const ChildProcess&) = delete;
   ChildProcess& operator=(const ChildProcess&) = delete;
 
+  pid_t id() const { return process_; }
+
   /// Tells the process that its terminal has another width now.
   void Resize(int columns);
 
