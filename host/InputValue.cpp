@@ -50,8 +50,8 @@ std::optional<std::string> ReadLine(std::istream& in, bool typed) {
 }
 
 std::optional<std::string> AskForLine(const HostConsole& console, const std::string& question) {
+  const SilentTyping silence;  // before the question, or a quick answer would be shown
   console.err << question << std::flush;
-  const SilentTyping silence;
   std::optional<std::string> line = ReadLine(console.in, true);
   console.err << '\n' << std::flush;
   return line;

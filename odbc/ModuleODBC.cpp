@@ -162,10 +162,9 @@ void OdbcSession::ReportOdbcError(SQLHDBC failed_connection, SQLHSTMT failed_sta
       const std::size_t shown =
           static_cast<std::size_t>(std::min<SQLSMALLINT>(length, kMessageBytes - 1));
       const bool cut = shown + 1 == message.size();
-      ShowDiagnostic(
-          reporting_mode,
-          '(' + SignedText(native_code) + ") " +
-              mask_.Masked({reinterpret_cast<const char*>(message.data()), shown}, cut));
+      ShowDiagnostic(reporting_mode,
+                     '(' + SignedText(native_code) + ") " +
+                         mask_.Masked({reinterpret_cast<const char*>(message.data()), shown}, cut));
     }
   } while (code == SQL_SUCCESS);
   error_reported = true;

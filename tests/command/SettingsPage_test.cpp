@@ -40,7 +40,7 @@ std::set<std::string> SettingsOfTheCommand() {
 }
 
 TEST(SettingsPage, ListsEverySettingWithTheTypeThatTheCommandStores) {
-  EXPECT_EQ(SettingsOfTheCommand().size(), 30U);
+  EXPECT_EQ(SettingsOfTheCommand().size(), 31U);
   EXPECT_THAT(RowsOfThePage(), testing::ContainerEq(SettingsOfTheCommand()));
 }
 
