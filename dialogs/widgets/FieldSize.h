@@ -7,8 +7,8 @@ class wxTextCtrl;
 
 namespace imptable {
 
-/// What a field of one line takes so that so many characters, and letters of its font in their whole
-/// height, can be seen.
+/// What a field of one line takes so that so many characters, and letters of its font in their
+/// whole height, can be seen.
 wxSize FieldSize(const wxTextCtrl& field, int characters);
 
 }  // namespace imptable
