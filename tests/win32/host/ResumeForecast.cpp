@@ -29,7 +29,7 @@ std::optional<std::string> TraceThatAResumeWouldLose(const std::string& scenario
   std::string files = Resolved(scenario, task, "Dir");
   if (!files.ends_with('\\') && !files.ends_with('/')) files += '\\';
   files += Resolved(scenario, task, "Alias");
-  const std::string key = TaskKey(scenario, task);
+  const KeyPath key = TaskKey(scenario, task);
   const bool resumes = ReadShown(key, "RecErreurs") != "0" &&
                        (ReadShown(key, "RecTrace") == "1" || HoldsSomething(files + ".LER"));
   if (resumes || !HoldsSomething(files + ".TRC")) return std::nullopt;
