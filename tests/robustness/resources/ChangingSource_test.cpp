@@ -97,7 +97,10 @@ TEST(RemovedSource, IsReadAsItWas) {
 /// What isn't a file of data can't be imported; the table must not be emptied for it either.
 class StrangeSource : public testing::Test {
  protected:
-  StrangeSource() { task_.database().Execute("INSERT INTO client VALUES (7, 'kept');\n"); }
+  StrangeSource() {
+    task_.database().Execute("INSERT INTO client VALUES (7, 'kept');\n");
+    task_.Write("CLIENTS.SUP", "[Table01]\n01=code,1,100\n");
+  }
 
   void ExpectNamedAndNothingDone(const std::string& fault) {
     const Ending ending = Finish(task_.RunCommand());
@@ -107,11 +110,17 @@ class StrangeSource : public testing::Test {
     EXPECT_EQ(task_.Rows("SELECT code, name FROM client"), "7|kept\n");
   }
 
-  // A ".SUP" file that has the row deleted.
+  // What ".SUP" names is deleted before an import, and for an empty file, too.
   const CountedTask task_{DatabaseKind::kSqlite,
                           "\"Suppression\"=dword:00000002\n\"SiVide\"=dword:00000001\n"};
   const std::string path_ = task_.RunFolder() + "CLIENTS.CSV";
 };
+
+TEST_F(StrangeSource, AnEmptyFileIsNoneAndTheDeletionIsDone) {
+  task_.Source("");
+  EXPECT_EQ(task_.Run().code, 0);
+  EXPECT_EQ(task_.Rows("SELECT code, name FROM client"), "");
+}
 
 TEST_F(StrangeSource, APipeWithoutAWriterIsNamed) {
   ASSERT_EQ(mkfifo(path_.c_str(), 0600), 0);
@@ -155,7 +164,7 @@ TEST_F(StrangeSource, AFolderIsNamed) {
 
 TEST_F(StrangeSource, ALinkToItselfIsNamed) {
   std::filesystem::create_symlink("CLIENTS.CSV", path_);
-  ExpectNamedAndNothingDone("Device I/O error");
+  ExpectNamedAndNothingDone("Path or file access error");
 }
 
 }  // namespace
