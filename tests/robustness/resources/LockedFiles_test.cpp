@@ -2,6 +2,7 @@
 #include <sqlite3.h>
 
 #include <chrono>
+#include <csignal>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -21,13 +22,19 @@ using testing::StartsWith;
 /// Keeps others from writing to an SQLite file, as another process does in a transaction.
 class WriteLock {
  public:
-  explicit WriteLock(const std::string& path) {
-    sqlite3* opened = nullptr;
-    sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr);
-    database_.reset(opened);
-    sqlite3_busy_timeout(opened, 20000);
-    if (sqlite3_exec(opened, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK) {
-      throw std::runtime_error(path + ": " + sqlite3_errmsg(opened));
+  explicit WriteLock(const std::string& path) : database_(Open(path)) {
+    if (!Take()) throw std::runtime_error(path + ": " + sqlite3_errmsg(database_.get()));
+  }
+
+  /// Between two lines of a run, which has its own lock nearly all the time: it is halted until it
+  /// is found without.
+  WriteLock(const std::string& path, ChildProcess& run) : database_(Open(path)) {
+    for (bool taken = false; !taken;) {
+      if (!run.Running()) throw std::runtime_error("the run ended before " + path + " was locked");
+      run.Signal(SIGSTOP);
+      taken = Take();
+      run.Signal(SIGCONT);
+      if (!taken) std::this_thread::sleep_for(milliseconds(1));
     }
   }
 
@@ -35,7 +42,19 @@ class WriteLock {
   struct Close {
     void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
   };
-  std::unique_ptr<sqlite3, Close> database_;
+  using Database = std::unique_ptr<sqlite3, Close>;
+
+  static Database Open(const std::string& path) {
+    sqlite3* opened = nullptr;
+    sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr);
+    return Database(opened);
+  }
+
+  bool Take() {
+    return sqlite3_exec(database_.get(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) == SQLITE_OK;
+  }
+
+  Database database_;
 };
 
 /// On SQLite, with a driver that waits so long for a lock.
@@ -95,7 +114,7 @@ TEST_F(LockedDatabase, InMidRunRejectsLinesAndAResumeLosesNothing) {
     task_.StartOver();
     task_.Source(ClientLines(1, kLines));
     const auto run = task_.StartAndTrace(lines);
-    auto lock = std::make_unique<WriteLock>(path_);
+    auto lock = std::make_unique<WriteLock>(path_, *run);
     const Ending ending = run->Wait();
     lock.reset();
     EXPECT_EQ(ending.code, 1) << Shown(ending);
