@@ -1,7 +1,5 @@
 #include "dialogs/widgets/ColumnGrid.h"
 
-#include <wx/utils.h>
-
 #include <algorithm>
 #include <utility>
 
@@ -42,14 +40,16 @@ ColumnGrid::ColumnGrid(wxWindow* parent, const WidgetText& text,
   SetColLabelSize(wxGRID_AUTOSIZE);
   SetDefaultCellOverflow(false);
   SetMinSize({kSmallestGrid.x * GetCharWidth(), kSmallestGrid.y * GetCharHeight()});
-  const auto on_click = [this](wxGridEvent& event) {
+  const auto on_press = [this](wxGridEvent& event) {
     event.Skip();
-    AskLater(event.GetRow(), event.GetCol(), wxGetMousePosition());
+    pressed_ = wxGridCellCoords(event.GetRow(), event.GetCol());
   };
-  Bind(wxEVT_GRID_CELL_LEFT_CLICK, on_click);
-  Bind(wxEVT_GRID_CELL_RIGHT_CLICK, on_click);
+  Bind(wxEVT_GRID_CELL_LEFT_CLICK, on_press);
+  Bind(wxEVT_GRID_CELL_RIGHT_CLICK, on_press);
   // Two quick clicks, with a menu between them, are two.
-  Bind(wxEVT_GRID_CELL_LEFT_DCLICK, on_click);
+  Bind(wxEVT_GRID_CELL_LEFT_DCLICK, on_press);
+  GetGridWindow()->Bind(wxEVT_LEFT_UP, &ColumnGrid::OnRelease, this);
+  GetGridWindow()->Bind(wxEVT_RIGHT_UP, &ColumnGrid::OnRelease, this);
   Bind(wxEVT_KEY_DOWN, &ColumnGrid::OnKey, this);
   Bind(wxEVT_GRID_TABBING, [this](wxGridEvent& event) {
     Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward
@@ -59,6 +59,16 @@ ColumnGrid::ColumnGrid(wxWindow* parent, const WidgetText& text,
     event.Skip();
     FitColumns();
   });
+}
+
+// A menu that opens while the button is down would close when it comes up.
+void ColumnGrid::OnRelease(wxMouseEvent& event) {
+  event.Skip();
+  const wxGridCellCoords pressed = std::exchange(pressed_, wxGridNoCellCoords);
+  const wxPoint place = CalcUnscrolledPosition(event.GetPosition());
+  if (XYToCell(place) != pressed) return;
+  AskLater(pressed.GetRow(), pressed.GetCol(),
+           GetGridWindow()->ClientToScreen(event.GetPosition()));
 }
 
 void ColumnGrid::AskLater(int row, int column, const wxPoint& screen) {

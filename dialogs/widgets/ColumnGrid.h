@@ -41,11 +41,13 @@ class ColumnGrid : public wxGrid {
 
  private:
   void AskLater(int row, int column, const wxPoint& screen);
+  void OnRelease(wxMouseEvent& event);
   void OnKey(wxKeyEvent& event);
   void FitColumns();
 
   const WidgetText& text_;
   std::function<void(const GridPlace&)> ask_;
+  wxGridCellCoords pressed_ = wxGridNoCellCoords;
 };
 
 }  // namespace imptable
