@@ -1,5 +1,6 @@
 #include "dialogs/widgets/HostedToolkit_win32.h"
 
+#include <wx/log.h>
 #include <wx/msw/private.h>
 
 #include <clocale>
@@ -12,6 +13,8 @@ std::unique_ptr<Toolkit> StartHostedToolkit(HINSTANCE__* module) {
   wxSetInstance(module);
   std::unique_ptr<Toolkit> toolkit = Toolkit::Start();
   std::setlocale(LC_ALL, locale.c_str());
+  // What it has to say is nothing for the users of the host.
+  wxLog::EnableLogging(false);
   return toolkit;
 }
 

@@ -10,8 +10,12 @@ OwnerWindow::OwnerWindow(HWND window) {
   wxTopLevelWindows.Append(this);
 }
 
-// The window is the host's to destroy.
-OwnerWindow::~OwnerWindow() { SetHWND(nullptr); }
+OwnerWindow::~OwnerWindow() {
+  // A dialog that a request to quit has ended leaves it disabled.
+  EnableWindow(static_cast<HWND>(GetHWND()), m_isEnabled ? TRUE : FALSE);
+  // The window is the host's to destroy.
+  SetHWND(nullptr);
+}
 
 HWND OwnerWindow::OfThread() {
   const HWND active = GetActiveWindow();

@@ -19,8 +19,9 @@ class DialogApplication : public wxApp {
     return true;
   }
 
-  // What a handler throws ends the dialog and leaves ShowModal; else the toolkit would end the
-  // process.
+  // What a handler throws ends the dialog and leaves ShowModal; else the toolkit would ask the user
+  // what to do, or end the process.
+  bool OnExceptionInMainLoop() override { throw; }
   bool StoreCurrentException() override {
     failure_ = std::current_exception();
     return true;

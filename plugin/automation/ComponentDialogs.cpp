@@ -4,6 +4,7 @@
 
 #include "dialogs/widgets/HostedToolkit_win32.h"
 #include "dialogs/widgets/OwnerWindow_win32.h"
+#include "dialogs/widgets/QuitRequest_win32.h"
 #include "plugin/automation/CommonControls.h"
 #include "plugin/core/RuntimeFault.h"
 
@@ -23,7 +24,10 @@ class OwnedTaskDialog : public TaskDialog {
 
   void SetCaption(const std::string& caption) override { dialog_->SetCaption(caption); }
   void SetIcon(std::string_view resource) override { dialog_->SetIcon(resource); }
-  void ShowModal() override { dialog_->ShowModal(); }
+  void ShowModal() override {
+    const QuitRequest request;
+    dialog_->ShowModal();
+  }
   std::int16_t Outcome() const override { return dialog_->Outcome(); }
   std::string TaskName() const override { return dialog_->TaskName(); }
 

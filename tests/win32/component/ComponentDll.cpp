@@ -13,11 +13,13 @@ void Find(HMODULE handle, const char* name, Function& function) {
 
 }  // namespace
 
-std::wstring ComponentDll::Path() {
+std::wstring ComponentDll::Folder() {
   std::wstring path(MAX_PATH, L'\0');
   path.resize(GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
-  return path.substr(0, path.rfind(L'\\') + 1) + L"SQLTImpT.dll";
+  return path.substr(0, path.rfind(L'\\') + 1);
 }
+
+std::wstring ComponentDll::Path() { return Folder() + L"SQLTImpT.dll"; }
 
 ComponentDll::ComponentDll() : handle_(LoadLibraryW(Path().c_str())) {
   if (handle_ == nullptr) throw std::runtime_error("SQLTImpT.dll");

@@ -18,6 +18,9 @@ class ComponentDll {
 
   static std::wstring Path();
 
+  /// With a separator at its end.
+  static std::wstring Folder();
+
   HMODULE handle() const { return handle_; }
 
   HRESULT GetClassObject(REFCLSID class_id, REFIID iid, void** object) const {

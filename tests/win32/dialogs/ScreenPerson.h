@@ -2,42 +2,48 @@
 #define TESTS_WIN32_DIALOGS_SCREEN_PERSON_H_
 
 #include <functional>
-#include <optional>
 #include <string>
-#include <vector>
 
 #include "platform/Windows_win32.h"
 
 namespace imptable {
 
-/// Somebody before the screen: moves the mouse, presses keys, and sees the windows of this process
-/// as Windows shows them: by their captions and places. Works on a thread of its own. Each member
-/// waits until what it needs is there, and throws std::runtime_error when that takes too long.
+/// Somebody before the screen: moves the mouse, presses keys, and sees the windows of a process as
+/// Windows shows them: by their captions and places. Each member waits until what it needs is
+/// there, and throws std::runtime_error when that takes too long.
 class ScreenPerson {
  public:
-  /// @param host  the host's own window, which is none of the dialogs.
-  explicit ScreenPerson(HWND host) : host_(host) {}
+  /// @param process  whose windows the person works in.
+  /// @param host  that process's own window, which is none of the dialogs.
+  ScreenPerson(DWORD process, HWND host) : process_(process), host_(host) {}
 
-  /// The window in front, of this process and not the host's; null when there is none.
+  /// The window in front, of that process and not the host's; null when there is none.
   HWND Front() const;
 
-  /// Waits until the dialog with the tabs is in front and remembers it.
-  HWND WaitForTaskDialog();
+  /// Waits until the dialog with the tabs is in front.
+  HWND WaitForTaskDialog() const;
 
   /// Waits until a window that isn't the dialog with the tabs is in front. @return its caption.
-  std::wstring WaitForOther();
+  std::wstring WaitForOther() const;
 
-  /// Waits for a message box, answers it by Enter. @return its text.
-  std::wstring AnswerBox();
+  /// Waits for a message box, answers it by a key. @return its text.
+  std::wstring AnswerBox(int key = VK_RETURN) const;
 
-  void WaitUntil(const std::function<bool()>& condition, const std::string& what) const;
+  /// Waits until the window is no longer there.
+  void WaitUntilGone(HWND window) const;
+
+  static void WaitUntil(const std::function<bool()>& condition, const std::string& what);
 
   /// A button, box or option by its caption in the window in front.
   void Click(const std::wstring& caption) const;
   void ClickTab(int tab) const;
 
-  /// Clicks the first cell of the grid with this number, counted from the left.
-  void ClickGrid(std::size_t grid) const;
+  /// Clicks into a cell. @param grid  counted from the left. @param row, column  from 0, without
+  /// the header.
+  void ClickCell(std::size_t grid, std::size_t row, std::size_t column) const;
+
+  /// Clicks into a cell of the first grid and goes down to an entry of the menu that opens.
+  void ChooseType(std::size_t row, int entry) const;
 
   /// Waits until a menu is open, or no longer.
   void WaitForMenu(bool is_open = true) const;
@@ -53,22 +59,20 @@ class ScreenPerson {
 
   bool IsChecked(const std::wstring& caption) const;
 
+  /// Waits until the list that is open over the grid offers the entry, and clicks it.
+  void ClickEntry(const std::wstring& entry) const;
+
   /// @param key  its virtual-key code.
   static void Press(int key);
   static void Type(const std::wstring& text);
 
-  /// Asks each dialog to close.
-  void CloseDialogs() const;
-
-  /// Saves the window in front as a picture.
+  /// Saves the window in front as a picture of the kind BMP.
   void TakePicture(const std::wstring& file) const;
 
  private:
+  DWORD process_;
   HWND host_;
 };
-
-/// Caption or text of a window.
-std::wstring TextOf(HWND window);
 
 }  // namespace imptable
 

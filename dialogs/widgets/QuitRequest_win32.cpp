@@ -1,0 +1,46 @@
+#include "dialogs/widgets/QuitRequest_win32.h"
+
+#include <wx/dialog.h>
+
+#include <optional>
+#include <utility>
+
+#include "platform/Windows_win32.h"
+
+namespace imptable {
+namespace {
+
+/// What the host is to end with, once asked to. One for all: dialogs belong to one thread.
+std::optional<int> exit_code;
+
+/// More than one dialog is open, so that there is a message loop around that which reads now.
+bool IsNested() {
+  int open = 0;
+  for (const wxWindow* const window : wxTopLevelWindows) {
+    const auto* const dialog = dynamic_cast<const wxDialog*>(window);
+    if (dialog != nullptr && dialog->IsModal()) ++open;
+  }
+  return open > 1;
+}
+
+// The toolkit's loop that reads the request ends, and the request with it.
+LRESULT CALLBACK OnMessage(int code, WPARAM removal, LPARAM pointer) {
+  const MSG& message = *reinterpret_cast<const MSG*>(pointer);
+  if (code == HC_ACTION && removal == PM_REMOVE && message.message == WM_QUIT) {
+    exit_code = static_cast<int>(message.wParam);
+    if (IsNested()) PostQuitMessage(*exit_code);
+  }
+  return CallNextHookEx(nullptr, code, removal, pointer);
+}
+
+}  // namespace
+
+QuitRequest::QuitRequest()
+    : hook_(SetWindowsHookExW(WH_GETMESSAGE, &OnMessage, nullptr, GetCurrentThreadId())) {}
+
+QuitRequest::~QuitRequest() {
+  UnhookWindowsHookEx(hook_);
+  if (const auto code = std::exchange(exit_code, std::nullopt)) PostQuitMessage(*code);
+}
+
+}  // namespace imptable

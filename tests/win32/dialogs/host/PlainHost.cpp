@@ -1,0 +1,181 @@
+// A host of the plainest kind, which knows the component by its contract alone: one window with a
+// class and a message loop of its own, and one task. It does what the lines of its standard input
+// say, as at the press of a button, and answers each by one line; also while a dialog is open.
+
+#include <memory>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "plugin/automation/AutomationText.h"
+#include "tests/win32/component/ComponentDll.h"
+#include "tests/win32/dialogs/host/LineReader.h"
+#include "tests/win32/dialogs/host/WindowClasses.h"
+
+namespace imptable {
+namespace {
+
+constexpr UINT kLine = WM_APP;
+constexpr const wchar_t* kClass = L"PlainHost";
+constexpr RECT kPlace{40, 30, 940, 330};
+
+void Say(const std::string& line) {
+  const std::string text = line + '\n';
+  DWORD written = 0;
+  WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), text.data(), static_cast<DWORD>(text.size()), &written,
+            nullptr);
+}
+
+std::string Failed(HRESULT result) {
+  std::ostringstream text;
+  text << "failed " << std::hex << static_cast<std::uint32_t>(result);
+  return text.str();
+}
+
+class PlainHost {
+ public:
+  PlainHost() {
+    WNDCLASSW description{};
+    description.lpfnWndProc = &OnMessage;
+    description.hInstance = GetModuleHandleW(nullptr);
+    description.hbrBackground = GetSysColorBrush(COLOR_APPWORKSPACE);
+    description.lpszClassName = kClass;
+    RegisterClassW(&description);
+    window_ = CreateWindowExW(0, kClass, L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, kPlace.left,
+                              kPlace.top, kPlace.right - kPlace.left, kPlace.bottom - kPlace.top,
+                              nullptr, nullptr, description.hInstance, nullptr);
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    SetForegroundWindow(window_);
+  }
+  PlainHost(const PlainHost&) = delete;
+  PlainHost& operator=(const PlainHost&) = delete;
+  ~PlainHost() { DestroyWindow(window_); }
+
+  /// @return what the request to quit said.
+  int HandleMessages() {
+    Say("window " + std::to_string(reinterpret_cast<std::uintptr_t>(window_)));
+    ReadLines(window_, kLine);
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+      TranslateMessage(&message);
+      DispatchMessageW(&message);
+    }
+    return static_cast<int>(message.wParam);
+  }
+
+ private:
+  static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM word, LPARAM pointer) {
+    if (message != kLine) return DefWindowProcW(window, message, word, pointer);
+    auto* const host = reinterpret_cast<PlainHost*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    const std::unique_ptr<std::vector<std::string>> words(
+        reinterpret_cast<std::vector<std::string>*>(pointer));
+    host->Do(*words);
+    return 0;
+  }
+
+  void Do(const std::vector<std::string>& words) {
+    const std::string& command = words.at(0);
+    if (command == "quit") {
+      PostQuitMessage(std::stoi(words.at(1)));
+    } else if (command == "ping") {
+      Say("pong");
+    } else if (command == "classes") {
+      Say(std::to_string(WindowClassesOf(dll_->handle())));
+    } else if (command == "icons") {
+      const HWND front = GetForegroundWindow();
+      const bool are_there = SendMessageW(front, WM_GETICON, ICON_SMALL, 0) != 0 &&
+                             SendMessageW(front, WM_GETICON, ICON_BIG, 0) != 0;
+      Say(are_there ? "both" : "missing");
+    } else if (command == "unload") {
+      Say(Unload());
+    } else {
+      Say(DoWithTask(words));
+    }
+  }
+
+  std::string DoWithTask(const std::vector<std::string>& words) {
+    const std::string& command = words.at(0);
+    HRESULT result = E_NOTIMPL;
+    std::string answer;
+    if (command == "task") {
+      result = MakeTask(words);
+    } else if (command == "describe") {
+      AutomationString text;
+      result = task_->GetTaskDescription(text.Receive());
+      answer = std::to_string(text.view().size());
+    } else if (command == "show") {
+      LONG outcome = -1;
+      result = task_->ShowWrapper(&outcome);
+      answer = std::to_string(outcome);
+    } else if (command == "show-plainly") {
+      short outcome = -1;
+      result = task_->Affiche(&outcome);
+      answer = std::to_string(outcome);
+    } else if (command == "show-elsewhere") {
+      std::thread([&] { result = ShowElsewhere(); }).join();
+    } else if (command == "mode") {
+      LONG mode = -1;
+      result = task_->GetWorkingMode(&mode);
+      answer = std::to_string(mode);
+    } else if (command == "run") {
+      LONG status = -1;
+      result = task_->ExecuteTache();
+      if (SUCCEEDED(result)) result = task_->GetStatus(&status);
+      answer = std::to_string(status);
+    }
+    return SUCCEEDED(result) ? answer : Failed(result);
+  }
+
+  /// task NAME LANGUAGE REPORT [new]
+  HRESULT MakeTask(const std::vector<std::string>& words) {
+    task_ = dll_->NewTask();
+    AutomationString name(ToWide(words.at(1)));
+    AutomationString scenario(L"S1");
+    AutomationString report(ToWide(words.at(3)));
+    LONG language = std::stoi(words.at(2));
+    BSTR name_text = name.get();
+    BSTR scenario_text = scenario.get();
+    BSTR report_text = report.get();
+    HRESULT result = task_->InitializeProperties(&name_text, &scenario_text, &language);
+    if (SUCCEEDED(result)) result = task_->SetReportFilePath(&report_text);
+    LONG mode = words.size() > 4 ? 0 : 1;
+    if (SUCCEEDED(result)) result = task_->SetWorkingMode(&mode);
+    return result;
+  }
+
+  HRESULT ShowElsewhere() const {
+    CoInitialize(nullptr);
+    HRESULT result = E_FAIL;
+    {
+      const ComPointer<_ImpTable> other = dll_->NewTask();
+      short outcome = 0;
+      result = other->Affiche(&outcome);
+    }
+    CoUninitialize();
+    return result;
+  }
+
+  /// Lets everything go. @return what the DLL said of it, and whether it went.
+  std::string Unload() {
+    task_ = {};
+    const std::string said = dll_->CanUnloadNow() ? "may" : "may not";
+    dll_.reset();
+    const bool is_gone = GetModuleHandleW(L"SQLTImpT.dll") == nullptr;
+    return said + (is_gone ? ", is gone" : ", is there");
+  }
+
+  HWND window_ = nullptr;
+  std::unique_ptr<ComponentDll> dll_ = std::make_unique<ComponentDll>();
+  ComPointer<_ImpTable> task_;
+};
+
+}  // namespace
+}  // namespace imptable
+
+int main() {
+  OleInitialize(nullptr);
+  const int code = imptable::PlainHost().HandleMessages();
+  OleUninitialize();
+  return code;
+}
