@@ -84,7 +84,8 @@ void ImpTableWindow::Run() {
 void ImpTableWindow::FitToCaptions() {
   // A best size that was measured without captions must not be kept.
   for (const auto& [name, control] : controls_) control->InvalidateBestSize();
-  GetSizer()->SetSizeHints(this);
+  // How many lines rows take that wrap is known once they are laid out.
+  for (int time = 0; time < 2; ++time) GetSizer()->SetSizeHints(this);
   const wxRect screen = wxDisplay(this).GetClientArea();
   SetSize(wxSize(std::min(GetSize().x, screen.width), std::min(GetSize().y, screen.height)));
   // The notebook sizes a page when it comes to the front: until then nothing on it may be squeezed.

@@ -8,12 +8,12 @@
 #include <utility>
 
 #include "dialogs/widgets/FieldSize.h"
+#include "dialogs/widgets/Overlay.h"
 
 namespace imptable {
 namespace {
 
 constexpr int kVisibleEntries = 8;
-constexpr int kEntryBorders = 7;  // in pixels of an ordinary screen
 
 }  // namespace
 
@@ -51,6 +51,7 @@ OriginPicker::OriginPicker(wxWindow* page, PageBuilder& build, const WidgetText&
   list_->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) { PickSelected(); });
   Watch(list_);
   Watch(entry_);
+  for (wxWindow* const sibling : page->GetChildren()) LetLieUnderOthers(*sibling);
 }
 
 void OriginPicker::Watch(wxWindow* control) {
@@ -138,7 +139,7 @@ void OriginPicker::ShowList(const OriginList& list, const std::string& origin, c
   const int button = std::min(cell.height, cell.width);
   open_->SetSize(place.x + cell.width - button, place.y, button, cell.height);
   const int visible = std::clamp(static_cast<int>(entries.size()), 2, kVisibleEntries);
-  const int height = visible * (list_->GetCharHeight() + page_->FromDIP(kEntryBorders));
+  const int height = HeightOfEntries(*list_, visible);
   const int room = page_->GetClientSize().y;
   const bool below = place.y + cell.height + height <= room;
   list_->SetSize(place.x, below ? place.y + cell.height : std::max(0, place.y - height), cell.width,

@@ -78,7 +78,7 @@ wxFlexGridSizer* PageBuilder::Fields(wxWindow* parent) {
 void PageBuilder::AddField(wxFlexGridSizer* fields, wxWindow* label, wxWindow* field) {
   fields->Add(label, wxSizerFlags().CenterVertical());
   fields->Add(field, wxSizerFlags(1).Expand().CenterVertical());
-  fields->AddSpacer(VariableButtonWidth(*field));
+  fields->Add(VariableButtonWidth(*field), 0);
 }
 
 }  // namespace imptable

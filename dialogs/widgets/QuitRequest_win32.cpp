@@ -2,6 +2,7 @@
 
 #include <wx/dialog.h>
 
+#include <bit>
 #include <optional>
 #include <utility>
 
@@ -25,7 +26,7 @@ bool IsNested() {
 
 // The toolkit's loop that reads the request ends, and the request with it.
 LRESULT CALLBACK OnMessage(int code, WPARAM removal, LPARAM pointer) {
-  const MSG& message = *reinterpret_cast<const MSG*>(pointer);
+  const MSG& message = *std::bit_cast<const MSG*>(pointer);
   if (code == HC_ACTION && removal == PM_REMOVE && message.message == WM_QUIT) {
     exit_code = static_cast<int>(message.wParam);
     if (IsNested()) PostQuitMessage(*exit_code);

@@ -46,11 +46,27 @@ bool IsMarked(HWND button) {
          kind == BS_AUTORADIOBUTTON;
 }
 
+/// One of the system's colours.
+std::uint32_t SystemColour(int number) {
+  const DWORD colour = GetSysColor(number);
+  return (std::uint32_t{GetRValue(colour)} << 16U) | (std::uint32_t{GetGValue(colour)} << 8U) |
+         GetBValue(colour);
+}
+
+/// Whether an entry is seen to be selected.
+bool HasHighlight(HWND list) {
+  const ScreenPicture picture(PlaceOf(list));
+  const std::uint32_t highlight = SystemColour(COLOR_HIGHLIGHT);
+  const int middle = picture.width() / 2;
+  for (int y = 0; y < picture.height(); ++y) {
+    if (picture.Colour(middle, y) == highlight) return true;
+  }
+  return false;
+}
+
 /// Where the lines between the cells are, along an edge of a grid's window.
 std::vector<int> LinesOf(const ScreenPicture& picture, bool is_across) {
-  const DWORD face = GetSysColor(COLOR_BTNFACE);
-  const std::uint32_t line = (std::uint32_t{GetRValue(face)} << 16U) |
-                             (std::uint32_t{GetGValue(face)} << 8U) | GetBValue(face);
+  const std::uint32_t line = SystemColour(COLOR_BTNFACE);
   std::vector<int> lines;
   const int end = is_across ? picture.width() : picture.height();
   for (int at = 0; at < end; ++at) {
@@ -63,6 +79,19 @@ std::vector<int> LinesOf(const ScreenPicture& picture, bool is_across) {
 std::optional<int> MiddleBetween(const std::vector<int>& lines, std::size_t number) {
   if (number >= lines.size()) return std::nullopt;
   return ((number == 0 ? 0 : lines[number - 1]) + lines[number]) / 2;
+}
+
+/// A window with the frame of openbox.
+RECT FrameOf(HWND window) {
+  constexpr LONG kLine = 1;
+  constexpr LONG kTitle = 20;
+  constexpr LONG kHandle = 5;
+  RECT place{};
+  GetClientRect(window, &place);
+  MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&place), 2);
+  const bool can_be_resized = (GetWindowLongPtrW(window, GWL_STYLE) & WS_THICKFRAME) != 0;
+  return {place.left - kLine, place.top - kTitle, place.right + kLine,
+          place.bottom + (can_be_resized ? kHandle : kLine)};
 }
 
 }  // namespace
@@ -186,8 +215,17 @@ bool ScreenPerson::IsChecked(const std::wstring& caption) const {
   return AskWindow(box, BM_GETCHECK) == BST_CHECKED;
 }
 
+HWND ScreenPerson::WaitForList() const {
+  return WaitFor(
+      [&]() -> HWND {
+        const HWND list = FindIn(Front(), L"ListBox");
+        return list != nullptr && HasHighlight(list) ? list : nullptr;
+      },
+      "a list with a selected entry");
+}
+
 void ScreenPerson::ClickEntry(const std::wstring& entry) const {
-  const HWND list = WaitFor([&] { return FindIn(Front(), L"ListBox"); }, "a list");
+  const HWND list = WaitForList();
   const LRESULT found = AskWindow(list, LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                                   reinterpret_cast<LPARAM>(entry.c_str()));
   if (found == LB_ERR) throw std::runtime_error("the list doesn't offer " + FromWide(entry));
@@ -216,7 +254,7 @@ void ScreenPerson::Type(const std::wstring& text) {
 void ScreenPerson::TakePicture(const std::wstring& file) const {
   constexpr std::chrono::milliseconds kPainting{300};
   std::this_thread::sleep_for(kPainting);
-  ScreenPicture(PlaceOf(Front())).Save(file);
+  ScreenPicture(FrameOf(Front())).Save(file);
 }
 
 }  // namespace imptable

@@ -59,14 +59,18 @@ class ScreenPerson {
 
   bool IsChecked(const std::wstring& caption) const;
 
-  /// Waits until the list that is open over the grid offers the entry, and clicks it.
+  /// Waits until a list is to be seen over the grid, with a selected entry. @return its window.
+  HWND WaitForList() const;
+
+  /// Clicks an entry of that list.
   void ClickEntry(const std::wstring& entry) const;
 
   /// @param key  its virtual-key code.
   static void Press(int key);
   static void Type(const std::wstring& text);
 
-  /// Saves the window in front as a picture of the kind BMP.
+  /// Saves the window in front, in the frame that the screen's window manager gives it, as a
+  /// picture of the kind BMP.
   void TakePicture(const std::wstring& file) const;
 
  private:

@@ -1,14 +1,31 @@
 #ifndef TESTS_WIN32_DIALOGS_HOST_LINE_READER_H_
 #define TESTS_WIN32_DIALOGS_HOST_LINE_READER_H_
 
+#include <deque>
+#include <mutex>
+#include <string>
+#include <vector>
+
 #include "platform/Windows_win32.h"
 
 namespace imptable {
 
-/// Posts each line of the standard input to a window of this thread, from now on: as the pointer of
-/// that message, a std::vector<std::string> of its words, which tabs part; the window's own to
-/// delete. The end of the input is a request to quit, with 0.
-void ReadLines(HWND window, UINT message);
+/// The lines of the standard input; lives as long as the process.
+class LineReader {
+ public:
+  /// Posts a message to a window of this thread for each line, from now on. The end of the input is
+  /// a request to quit, with 0.
+  void Start(HWND window, UINT message);
+
+  /// The next line that a message has told of: its words, which tabs part.
+  std::vector<std::string> Take();
+
+ private:
+  void Read(HWND window, UINT message);
+
+  std::mutex mutex_;
+  std::deque<std::string> lines_;
+};
 
 }  // namespace imptable
 

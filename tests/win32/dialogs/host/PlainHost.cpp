@@ -33,6 +33,12 @@ std::string Failed(HRESULT result) {
   return text.str();
 }
 
+/// As long as the process, as their reader does.
+LineReader& Lines() {
+  static LineReader lines;
+  return lines;
+}
+
 class PlainHost {
  public:
   PlainHost() {
@@ -55,7 +61,7 @@ class PlainHost {
   /// @return what the request to quit said.
   int HandleMessages() {
     Say("window " + std::to_string(reinterpret_cast<std::uintptr_t>(window_)));
-    ReadLines(window_, kLine);
+    Lines().Start(window_, kLine);
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
       TranslateMessage(&message);
@@ -68,9 +74,7 @@ class PlainHost {
   static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM word, LPARAM pointer) {
     if (message != kLine) return DefWindowProcW(window, message, word, pointer);
     auto* const host = reinterpret_cast<PlainHost*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    const std::unique_ptr<std::vector<std::string>> words(
-        reinterpret_cast<std::vector<std::string>*>(pointer));
-    host->Do(*words);
+    host->Do(Lines().Take());
     return 0;
   }
 
