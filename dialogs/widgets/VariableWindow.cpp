@@ -21,10 +21,11 @@ VariableWindow::VariableWindow(wxWindow* parent, const ModuleCommun& module,
       text_(module.platform.encoding) {
   SetTitle(text_.Shown(state.caption));
   SetIcons(DialogIcon());
-  names_ = new wxTreeCtrl(this, wxID_ANY, wxDefaultPosition,
-                          {kListSize.x * GetCharWidth(), kListSize.y * GetCharHeight()},
-                          wxTR_HAS_BUTTONS | wxTR_HIDE_ROOT | wxTR_NO_LINES | wxTR_SINGLE,
-                          wxDefaultValidator, "lstVariables");
+  names_ = new wxTreeCtrl(
+      this, wxID_ANY, wxDefaultPosition,
+      {kListSize.x * GetCharWidth(), kListSize.y * GetCharHeight()},
+      wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_HIDE_ROOT | wxTR_NO_LINES | wxTR_SINGLE,
+      wxDefaultValidator, "lstVariables");
   SetAccessibleName(*names_, GetTitle());
   const wxTreeItemId root = names_->AddRoot(wxString());
   for (const VariableGroup& group : state.groups) {

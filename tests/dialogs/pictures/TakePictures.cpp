@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 
 #include "dialogs/widgets/Toolkit.h"
@@ -19,6 +20,9 @@ constexpr const char* kSchema =
     "CREATE UNIQUE INDEX CLIENT_NAME ON CLIENT (NAME);";
 
 constexpr int kTabCount = 4;
+
+/// Made by scripts/pictures: what everybody sees in the pictures is no folder of a test.
+constexpr const char* kSources = "/srv/imports";
 
 class Photographer {
  public:
@@ -93,14 +97,14 @@ class Photographer {
 void TakePicturesIn(Language language, const std::string& folder) {
   std::filesystem::create_directories(folder);
   DialogPlace place(kSchema, language);
-  place.folder.Write("in/CLIENTS.CSV", "1;Anna;15/11/2006;12.5\n2;Bob;01/02/1999;3\n");
   place.Imptable({"set", "S1", "T1", "Base Cible=Shop", "Login=anna", "Table=CLIENT",
-                  "Alias=CLIENTS", "Dir=" + place.Files(), "FormatFile=1", "NombreColonnes=4",
-                  "Colonnes\\1=4", "Colonnes\\2=1", "Colonnes\\3=7,7,,/,", "Colonnes\\4=5,2",
-                  "Param=1", "Champs\\1=ID,INTEGER,(Col)1", "Champs\\2=NAME,VARCHAR(20),(Col)2",
-                  "Champs\\3=BORN,DATE,(Col)3", "Champs\\4=AMOUNT,FLOAT,(Col)4"});
+                  "Alias=CLIENTS", std::string("Dir=") + kSources, "FormatFile=1",
+                  "NombreColonnes=4", "Colonnes\\1=4", "Colonnes\\2=1", "Colonnes\\3=7,7,,/,",
+                  "Colonnes\\4=5,2", "Param=1", "Champs\\1=ID,INTEGER,(Col)1",
+                  "Champs\\2=NAME,VARCHAR(20),(Col)2", "Champs\\3=BORN,DATE,(Col)3",
+                  "Champs\\4=AMOUNT,FLOAT,(Col)4"});
+  place.Imptable({"variable", "S1", std::string("FOLDER=") + kSources});
   place.Imptable({"variable", "S1", "SOURCE=Shop"});
-  place.Imptable({"variable", "S1", "FOLDER=" + place.Files()});
   place.Configure([&](Person& person) { Photographer(person, place.boxes(), folder).Work(); });
 }
 
@@ -113,6 +117,12 @@ int main(int argc, char** argv) {
   if (argc != 2 || !toolkit) {
     std::cerr << "usage: tests/dialogs/with-screen dialog_pictures FOLDER\n";
     return 2;
+  }
+  std::ofstream source(std::string(imptable::kSources) + "/CLIENTS.csv");
+  source << "1;Anna;15/11/2006;12.5\n2;Bob;01/02/1999;3\n" << std::flush;
+  if (!source) {
+    std::cerr << imptable::kSources << " can't be written to: scripts/pictures makes it\n";
+    return 1;
   }
   const std::string folder = argv[1];
   imptable::TakePicturesIn(imptable::Language::kFrench, folder + "/fr");

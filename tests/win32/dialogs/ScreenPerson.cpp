@@ -64,21 +64,34 @@ bool HasHighlight(HWND list) {
   return false;
 }
 
-/// Where the lines between the cells are, along an edge of a grid's window.
-std::vector<int> LinesOf(const ScreenPicture& picture, bool is_across) {
+/// Where the lines between the cells are, along a line across a grid's window or down it.
+std::vector<int> LinesOf(const ScreenPicture& picture, bool is_across, int along) {
   const std::uint32_t line = SystemColour(COLOR_BTNFACE);
   std::vector<int> lines;
   const int end = is_across ? picture.width() : picture.height();
   for (int at = 0; at < end; ++at) {
-    if (picture.Colour(is_across ? at : 1, is_across ? 1 : at) == line) lines.push_back(at);
+    if (picture.Colour(is_across ? at : along, is_across ? along : at) == line) {
+      lines.push_back(at);
+    }
   }
   return lines;
 }
 
-/// The middle between two lines, the first of which is the edge.
-std::optional<int> MiddleBetween(const std::vector<int>& lines, std::size_t number) {
-  if (number >= lines.size()) return std::nullopt;
-  return ((number == 0 ? 0 : lines[number - 1]) + lines[number]) / 2;
+/// The middle of a cell within a grid's window; nothing while the grid isn't fully painted, which
+/// is seen by rows of different heights.
+std::optional<POINT> MiddleOfCell(const ScreenPicture& picture, std::size_t row,
+                                  std::size_t column) {
+  const std::vector<int> below = LinesOf(picture, false, 1);
+  if (row >= below.size()) return std::nullopt;
+  const int height = below[0] + 1;
+  for (std::size_t each = 0; each < below.size(); ++each) {
+    if (below[each] + 1 != static_cast<int>(each + 1) * height) return std::nullopt;
+  }
+  const int top = static_cast<int>(row) * height;
+  const std::vector<int> beside = LinesOf(picture, true, top + 1);
+  if (column >= beside.size() || beside != LinesOf(picture, true, 1)) return std::nullopt;
+  const int left = column == 0 ? 0 : beside[column - 1];
+  return POINT{(left + beside[column]) / 2, top + height / 2};
 }
 
 /// A window with the frame of openbox.
@@ -161,11 +174,9 @@ void ScreenPerson::ClickCell(std::size_t grid, std::size_t row, std::size_t colu
     const std::vector<HWND> grids = GridsIn(Front());
     if (grid >= grids.size()) return std::nullopt;
     const RECT place = PlaceOf(grids[grid]);
-    const ScreenPicture picture(place);
-    const std::optional<int> x = MiddleBetween(LinesOf(picture, true), column);
-    const std::optional<int> y = MiddleBetween(LinesOf(picture, false), row);
-    if (!x || !y) return std::nullopt;
-    return POINT{place.left + *x, place.top + *y};
+    std::optional<POINT> cell = MiddleOfCell(ScreenPicture(place), row, column);
+    if (!cell) return std::nullopt;
+    return POINT{place.left + cell->x, place.top + cell->y};
   };
   ClickAt(*WaitFor(look, "a cell of a grid"));
 }
