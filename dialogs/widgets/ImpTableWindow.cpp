@@ -4,6 +4,7 @@
 #include <wx/display.h>
 #include <wx/notebook.h>
 #include <wx/panel.h>
+#include <wx/scrolwin.h>
 
 #include <utility>
 
@@ -15,6 +16,26 @@
 #include "dialogs/widgets/VariableWindow.h"
 
 namespace imptable {
+namespace {
+
+/// Puts what is on the page into an area that scrolls.
+void LetScroll(wxPanel& page) {
+  constexpr int kStep = 10;   // in pixels of an ordinary screen
+  constexpr int kLeast = 10;  // lines, so that scroll bars have room
+  wxSizer* const contents = page.GetSizer();
+  page.SetSizer(nullptr, false);
+  const wxWindowList controls = page.GetChildren();
+  auto* const area = new wxScrolledWindow(&page);
+  for (wxWindow* const control : controls) control->Reparent(area);
+  area->SetSizer(contents);
+  area->SetMinSize({kLeast * area->GetCharHeight(), kLeast * area->GetCharHeight()});
+  area->SetScrollRate(area->FromDIP(kStep), area->FromDIP(kStep));
+  auto* const all = new wxBoxSizer(wxVERTICAL);
+  all->Add(area, wxSizerFlags(1).Expand());
+  page.SetSizer(all);
+}
+
+}  // namespace
 
 ImpTableWindow::ImpTableWindow(wxWindow* parent, const DialogServices& services,
                                std::int16_t working_mode, std::string task, std::string scenario)
@@ -86,13 +107,21 @@ void ImpTableWindow::FitToCaptions() {
   for (const auto& [name, control] : controls_) control->InvalidateBestSize();
   // How many lines rows take that wrap is known once they are laid out.
   for (int time = 0; time < 2; ++time) GetSizer()->SetSizeHints(this);
-  const wxRect screen = wxDisplay(this).GetClientArea();
-  SetSize(wxSize(std::min(GetSize().x, screen.width), std::min(GetSize().y, screen.height)));
+  FitToScreen();
   // The notebook sizes a page when it comes to the front: until then nothing on it may be squeezed.
   for (wxPanel* const page : pages_) {
     page->SetSize(page->GetBestSize());
     page->Layout();
   }
+}
+
+void ImpTableWindow::FitToScreen() {
+  const wxSize whole = ClientToWindowSize(GetSizer()->CalcMin());
+  const wxSize screen = wxDisplay(this).GetClientArea().GetSize();
+  if (whole.x <= screen.x && whole.y <= screen.y) return;
+  for (wxPanel* const page : pages_) LetScroll(*page);
+  GetSizer()->SetSizeHints(this);
+  SetSize({std::min(whole.x, screen.x), std::min(whole.y, screen.y)});
 }
 
 void ImpTableWindow::HideDialog() {

@@ -62,6 +62,7 @@ class ImpTableWindow : private wxDialog, private ImpTableView, private ColumnDia
   bool ShowCaptions(const ImpTableState& state);
   void NameControls(const ImpTableState& state);
   void FitToCaptions();
+  void FitToScreen();
 
   const DialogServices& services_;
   WidgetText text_;

@@ -135,12 +135,12 @@ void OriginPicker::ShowList(const OriginList& list, const std::string& origin, c
   list_->Set(entries);
   if (!entries.empty() && !list_->SetStringSelection(text_.Shown(origin))) list_->SetSelection(0);
 
-  const wxPoint place = page_->ScreenToClient(cell.GetPosition());
+  const wxPoint place = list_->GetParent()->ScreenToClient(cell.GetPosition());
   const int button = std::min(cell.height, cell.width);
   open_->SetSize(place.x + cell.width - button, place.y, button, cell.height);
   const int visible = std::clamp(static_cast<int>(entries.size()), 2, kVisibleEntries);
   const int height = HeightOfEntries(*list_, visible);
-  const int room = page_->GetClientSize().y;
+  const int room = list_->GetParent()->GetClientSize().y;
   const bool below = place.y + cell.height + height <= room;
   list_->SetSize(place.x, below ? place.y + cell.height : std::max(0, place.y - height), cell.width,
                  height);
@@ -150,7 +150,7 @@ void OriginPicker::ShowList(const OriginList& list, const std::string& origin, c
 
 void OriginPicker::ShowEntry(const OriginEntry& entry, const wxRect& cell) {
   entry_->ChangeValue(text_.Shown(entry.text));
-  const wxPoint place = page_->ScreenToClient(cell.GetPosition());
+  const wxPoint place = list_->GetParent()->ScreenToClient(cell.GetPosition());
   const int height = std::max(cell.height, FieldSize(*entry_, 1).y);
   entry_->SetSize(place.x, place.y - (height - cell.height) / 2, cell.width, height);
   entry_->Raise();

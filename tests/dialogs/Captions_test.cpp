@@ -95,5 +95,37 @@ TEST(Letters, MakeTheDialogsGrowWithThem) {
   EXPECT_GT(large.y, small.y);
 }
 
+/// Where the control's window is cut off by those around it, and where the control is.
+bool IsInSight(wxWindow& control) {
+  wxRect sight = control.GetScreenRect();
+  for (wxWindow* around = control.GetParent(); around != nullptr; around = around->GetParent()) {
+    sight.Intersect(wxRect(around->ClientToScreen(wxPoint()), around->GetClientSize()));
+    if (around->IsTopLevel()) break;
+  }
+  return sight == control.GetScreenRect();
+}
+
+TEST(Letters, ThatLeaveNoRoomOnTheScreenLeaveEverythingInReach) {
+  const DesktopFont font("Sans 26");
+  DialogPlace place(kClientTable, Language::kFrench);
+  SetUpClientTask(place);
+  place.Configure([&](Person& person) {
+    const wxRect dialog = OnMainThread([] { return FrontDialog()->GetScreenRect(); });
+    EXPECT_LE(dialog.width, 1280);
+    EXPECT_LE(dialog.height, 1024);
+    EXPECT_TRUE(person.Ask("cmdAnnuler", IsInSight));
+    person.Press("Escape");
+  });
+  place.Imptable({"set", "S1", "T1", "Mode=1", "Cle/Index=ID"});
+  place.Configure([&](Person& person) {
+    EXPECT_FALSE(person.Ask("chkPrimKey", IsInSight));
+    person.GoTo("chkPrimKey");
+    person.WaitUntil([] { return IsInSight(Control("chkPrimKey")); }, "the box to come into sight");
+    person.GoTo("Combo1");
+    person.WaitUntil([] { return IsInSight(Control("Combo1")); }, "the field to come into sight");
+    person.Press("Escape");
+  });
+}
+
 }  // namespace
 }  // namespace imptable
