@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 #include <wx/dialog.h>
 #include <wx/grid.h>
-#include <wx/listctrl.h>
 
 #include "tests/dialogs/ClientTask.h"
 #include "tests/dialogs/DialogPlace.h"
@@ -19,19 +18,6 @@ constexpr const char* kTables =
     "CREATE TABLE CLIENT (ID INTEGER PRIMARY KEY, NAME VARCHAR(20), TOWN VARCHAR(20));"
     "CREATE UNIQUE INDEX CLIENT_NAME ON CLIENT (NAME, TOWN);"
     "CREATE TABLE LOG (TEXT VARCHAR(80));";
-
-/// The lines of the picker's list, columns joined by "|"; the selected one begins with ">".
-std::vector<std::string> Lines(Person& person) {
-  return person.Ask("List1", [](wxWindow& window) {
-    const auto& list = dynamic_cast<wxListView&>(window);
-    std::vector<std::string> lines;
-    for (int line = 0; line < list.GetItemCount(); ++line) {
-      lines.push_back((list.IsSelected(line) ? ">" : "") +
-                      (list.GetItemText(line, 0) + '|' + list.GetItemText(line, 1)).utf8_string());
-    }
-    return lines;
-  });
-}
 
 std::string Title() {
   return OnMainThread([] { return FrontDialog()->GetTitle().utf8_string(); });
@@ -58,13 +44,13 @@ TEST_P(TablePickerWindow, ListsTheTablesAndPicksOneByEachWayToConfirm) {
   place_.Configure([&](Person& person) {
     Open(person, "Command1");
     EXPECT_EQ(Title(), In(GetParam(), "Sélectionner une Table", "Select table"));
-    EXPECT_THAT(Lines(person), ElementsAre("|CLIENT", "|LOG"));
+    EXPECT_THAT(person.Lines(), ElementsAre("|CLIENT", "|LOG"));
     person.Press("Down Down Return");
     person.WaitForDialog("FrmImpTable");
     person.WaitForText("txtTable", "LOG");
     Open(person, "Command1");
     person.Press("Down");
-    EXPECT_THAT(Lines(person), ElementsAre(">|CLIENT", "|LOG"));
+    EXPECT_THAT(person.Lines(), ElementsAre(">|CLIENT", "|LOG"));
     person.Press(In(GetParam(), "alt+v", "alt+c"));
     person.WaitForDialog("FrmImpTable");
     person.WaitForText("txtTable", "CLIENT");
@@ -107,7 +93,7 @@ TEST_P(TablePickerWindow, ListsTheKeysAsARunTakesThem) {
     person.Click("optBCP(1)");
     Open(person, "cmdCle");
     EXPECT_EQ(Title(), In(GetParam(), "Sélectionner une Clé ou un Index", "Select key or index"));
-    EXPECT_THAT(Lines(person), ElementsAre("ID|", "NAME,TOWN|"));
+    EXPECT_THAT(person.Lines(), ElementsAre("ID|", "NAME,TOWN|"));
     person.Press("End Return");
     person.WaitForDialog("FrmImpTable");
     person.WaitForText("txtCle", "NAME,TOWN");
@@ -130,7 +116,7 @@ TEST_P(TablePickerWindow, SaysThatATableHasNoKey) {
                            "d'index unique",
                            "Import Table|This table contains no primary key or unique index"));
     person.WaitForDialog("FrmTable");
-    EXPECT_THAT(Lines(person), IsEmpty());
+    EXPECT_THAT(person.Lines(), IsEmpty());
     person.Press("Escape");
     Leave(person);
   });
@@ -146,7 +132,7 @@ TEST(TablePickerOfOwners, FillsOwnerAndTable) {
     person.Fill("Combo1", source.name());
     person.Click("Command1");
     person.WaitForDialog("FrmTable");
-    EXPECT_THAT(Lines(person), ElementsAre("dbo|SALES", "|LOG"));
+    EXPECT_THAT(person.Lines(), ElementsAre("dbo|SALES", "|LOG"));
     person.Press("Down Return");
     person.WaitForDialog("FrmImpTable");
     person.WaitForText("txtTable", "SALES");

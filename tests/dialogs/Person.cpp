@@ -30,9 +30,21 @@ std::optional<wxRect> PlaceOf(const std::string& name) {
   return control.GetScreenRect();
 }
 
+/// Words for xdotool. A mouse that is there already moves all the same: what opened under one that
+/// rests doesn't know of it.
+std::vector<std::string> WordsToMoveTo(const wxPoint& point) {
+  const std::string x = std::to_string(point.x);
+  return {"xdotool",
+          "mousemove",
+          x,
+          std::to_string(point.y - 1),
+          "mousemove",
+          x,
+          std::to_string(point.y)};
+}
+
 void ClickAt(const wxPoint& point, int times) {
-  std::vector<std::string> words{"xdotool", "mousemove", std::to_string(point.x),
-                                 std::to_string(point.y)};
+  std::vector<std::string> words = WordsToMoveTo(point);
   words.insert(words.end(), {"click", "--repeat", std::to_string(times), "--delay", "60", "1"});
   RunProgram(words);
 }
@@ -41,7 +53,15 @@ void ClickAt(const wxPoint& point, int times) {
 wxPoint AimAt(const std::string& name) {
   // A box or option is as wide as its page: its mark is at the left.
   constexpr int kMark = 12;
-  const auto place = WaitFor([&] { return PlaceOf(name); }, name + " that can be clicked");
+  wxRect last;
+  const wxRect place = WaitFor(
+      [&] {
+        auto now = PlaceOf(name);
+        // A dialog that has just come is still put into its place.
+        const bool rests = now && std::exchange(last, *now) == *now;
+        return rests ? now : std::nullopt;
+      },
+      name + " that can be clicked");
   const int x = name.starts_with("chk") || name.starts_with("opt") || name.starts_with("Opt")
                     ? kMark
                     : place.width / 2;
@@ -103,6 +123,10 @@ void Person::WaitForCell(const std::string& grid, int row, int column, const std
 }
 
 void Person::Click(const std::string& control) { ClickAt(AimAt(control), 1); }
+
+void Person::Aim(const std::string& control) { RunProgram(WordsToMoveTo(AimAt(control))); }
+
+void Person::ClickBlindly() { RunProgram({"xdotool", "click", "1"}); }
 
 void Person::ClickHalf(const std::string& spinner, bool up) {
   const wxRect place = WaitFor([&] { return PlaceOf(spinner); }, spinner);

@@ -36,6 +36,10 @@ class Person {
   void WaitUntil(const std::function<bool()>& condition, const std::string& what);
 
   void Click(const std::string& control);
+  /// Moves the mouse over the control.
+  void Aim(const std::string& control);
+  /// Presses the mouse's button without a look at the dialogs, which may be busy.
+  void ClickBlindly();
   /// One of the two buttons of a spinner.
   void ClickHalf(const std::string& spinner, bool up);
   /// Rows and columns from 0, without the header.
@@ -66,6 +70,8 @@ class Person {
   std::string Header(const std::string& grid);
   /// The entries of a list, joined by blanks.
   std::string Entries(const std::string& list);
+  /// The lines of the picker's List1, columns joined by "|"; the selected one begins with ">".
+  std::vector<std::string> Lines();
   bool IsMasked(const std::string& field);
   bool IsEnabled(const std::string& control);
   /// What a screen reader calls the control.

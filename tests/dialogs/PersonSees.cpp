@@ -5,6 +5,7 @@
 #include <wx/dialog.h>
 #include <wx/grid.h>
 #include <wx/listbox.h>
+#include <wx/listctrl.h>
 #include <wx/notebook.h>
 #include <wx/radiobut.h>
 #include <wx/textentry.h>
@@ -68,6 +69,18 @@ std::string Person::Entries(const std::string& list) {
       entries += (entries.empty() ? "" : " ") + entry.utf8_string();
     }
     return entries;
+  });
+}
+
+std::vector<std::string> Person::Lines() {
+  return Ask("List1", [](wxWindow& window) {
+    const auto& list = dynamic_cast<wxListView&>(window);
+    std::vector<std::string> lines;
+    for (int line = 0; line < list.GetItemCount(); ++line) {
+      lines.push_back((list.IsSelected(line) ? ">" : "") +
+                      (list.GetItemText(line, 0) + '|' + list.GetItemText(line, 1)).utf8_string());
+    }
+    return lines;
   });
 }
 
