@@ -4,6 +4,7 @@
 #include <array>
 #include <new>
 #include <optional>
+#include <system_error>
 
 #include "import/CharacterCount.h"
 #include "import/TaskFiles.h"
@@ -133,7 +134,7 @@ class Deletion {
     return false;
   }
 
-  /// Reads the whole file once: the reader takes one that can't be read for one without sections.
+  /// Reads the whole file once: some readers take one that can't be read for one without sections.
   void CheckSelection() {
     FileSystem& files = module_.platform.files;
     path_ = files.Locate(SideFilePath(module_.run, kSelectionExtension));
@@ -145,10 +146,19 @@ class Deletion {
     if (error) throw FileFault(error, path_);
   }
 
+  /// A key that can't be read isn't a missing one: without its condition too much would go.
+  std::string ReadValue(const std::string& section, const std::string& key) const {
+    try {
+      return module_.platform.profile_file.ReadString(
+          path_, section, key, kMissing, kMostValueCharacters * kMostBytesOfACharacter);
+    } catch (const std::system_error& error) {
+      throw FileFault(error.code(), path_);
+    }
+  }
+
   /// @return empty when the key is missing.
   std::string ReadRange(const std::string& section, const std::string& key) const {
-    std::string value = module_.platform.profile_file.ReadString(
-        path_, section, key, kMissing, kMostValueCharacters * kMostBytesOfACharacter);
+    std::string value = ReadValue(section, key);
     if (value.starts_with(kMissing)) return {};
     value.resize(
         BytesOfCharacters(value, kMostValueCharacters, module_.platform.encoding.IsUtf8()));

@@ -177,6 +177,17 @@ TEST(DeletionFailures, ByASelectionFileThatCannotBeReadLetTheImportRun) {
   }
 }
 
+TEST(DeletionFailures, ByAConditionThatCannotBeReadDeleteNothingWithoutIt) {
+  // The file is looked at once as a whole and then once for each key.
+  DeletingRun run(2, "[Table01]\n01=CODE,1,9\n02=NOM,A,M\n");
+  run.component.files.Fail(FileOperation::kOpenRead, 3, std::make_error_code(std::errc::io_error));
+  run.ExpectImport();
+  EXPECT_THAT(run.Direct(), IsEmpty());
+  EXPECT_EQ(run.DeletionLines(),
+            (KeyedRun::KindLines{Information(kSelective), Error(std::string(kFault) + "57")}));
+  EXPECT_EQ(run.component.module().run.fault->detail(), run.folder.path() + "CLIENTS.SUP");
+}
+
 TEST(DeletionFailures, ByADirectoryInPlaceOfTheSelectionFileLetTheImportRun) {
   DeletingRun run(2);
   std::filesystem::create_directory(run.folder.path() + "CLIENTS.SUP");

@@ -176,11 +176,41 @@ TEST(DriverManager, GetsItsEnvironmentBackWhenItHasNoConnection) {
   EXPECT_EQ(session.odbc().environment, nullptr);
 }
 
+TEST(DriverManager, GetsBackAHandleThatCameWithInformation) {
+  ScriptedSession session;
+  ManagerAnswers manager;
+  manager.Belie("SQLAllocEnv", SQL_SUCCESS_WITH_INFO);
+  EXPECT_FALSE(session.Connect());
+  EXPECT_THAT(manager.calls, ElementsAre("SQLAllocEnv", "SQLFreeEnv"));
+  manager.calls.clear();
+  manager.Belie("SQLAllocConnect", SQL_SUCCESS_WITH_INFO);
+  EXPECT_FALSE(session.Connect());
+  EXPECT_THAT(manager.calls,
+              ElementsAre("SQLAllocEnv", "SQLAllocConnect", "SQLFreeConnect", "SQLFreeEnv"));
+}
+
+TEST(DriverManager, IsAskedAgainToFreeWhatItRefusedToFree) {
+  ScriptedSession session;
+  EXPECT_TRUE(session.Connect());
+  ManagerAnswers manager;
+  manager.Refuse("SQLFreeConnect", SQL_ERROR);
+  session.odbc().DisconnectDataSource();
+  EXPECT_THAT(manager.calls, ElementsAre("SQLFreeConnect", "SQLFreeEnv"));
+  EXPECT_EQ(session.odbc().connection, nullptr);
+  EXPECT_EQ(session.odbc().environment, nullptr);
+  manager.calls.clear();
+  EXPECT_TRUE(session.Connect());
+  ASSERT_GE(manager.calls.size(), 3U);
+  EXPECT_EQ(manager.calls[0], "SQLFreeConnect");
+  EXPECT_EQ(manager.calls[1], "SQLFreeEnv");
+  EXPECT_EQ(manager.calls[2], "SQLAllocEnv");
+}
+
 TEST(DriverManager, IsReportedWhenItCannotReleaseARefusedConnection) {
   ScriptedSession session("on SQLDriverConnect return -1 diag 28000 1 \"refused\"");
   ManagerAnswers manager;
-  manager.Belie("SQLFreeConnect", SQL_ERROR);
-  manager.Belie("SQLFreeEnv", SQL_ERROR);
+  manager.Refuse("SQLFreeConnect", SQL_ERROR);
+  manager.Refuse("SQLFreeEnv", SQL_ERROR);
   EXPECT_FALSE(session.Connect());
   EXPECT_THAT(session.Boxes(),
               ElementsAre("( 1) refused", "Erreur Libération ressources (SQLFreeConnect)",
@@ -196,8 +226,8 @@ TEST(DriverManager, IsReportedInTheWordsOfTheCurrentLanguage) {
   manager.Refuse("SQLAllocConnect", SQL_ERROR);
   EXPECT_FALSE(session.Connect());
   EXPECT_TRUE(session.Connect());
-  manager.Belie("SQLFreeConnect", SQL_ERROR);
-  manager.Belie("SQLFreeEnv", SQL_ERROR);
+  manager.Refuse("SQLFreeConnect", SQL_ERROR);
+  manager.Refuse("SQLFreeEnv", SQL_ERROR);
   session.odbc().DisconnectDataSource();
   EXPECT_THAT(
       session.Boxes(),
@@ -298,6 +328,33 @@ TEST(ReleasedStatement, IsForgottenOnlyWhenTheDriverManagerConfirms) {
   EXPECT_THAT(manager.calls, ElementsAre("SQLFreeStmt 1", "SQLFreeStmt 1", "SQLFreeStmt 1"));
   EXPECT_THAT(session.Boxes(), IsEmpty());
   EXPECT_FALSE(session.odbc().error_reported);
+}
+
+TEST(ReleasedStatement, IsNotReleasedOnceMoreWhenItWentWithInformation) {
+  ScriptedSession session;
+  EXPECT_TRUE(session.Connect());
+  ManagerAnswers manager;
+  Statement statement;
+  EXPECT_EQ(statement.Allocate(session.odbc().connection), SQL_SUCCESS);
+  manager.Belie("SQLFreeStmt", SQL_SUCCESS_WITH_INFO);
+  statement.Drop();
+  EXPECT_FALSE(statement);
+  statement.Drop();
+  EXPECT_THAT(manager.calls, ElementsAre("SQLFreeStmt 1"));
+}
+
+TEST(ReleasedStatement, IsForgottenWhenItsConnectionGoes) {
+  ScriptedSession session;
+  EXPECT_TRUE(session.Connect());
+  ManagerAnswers manager;
+  EXPECT_EQ(session.odbc().statement.Allocate(session.odbc().connection), SQL_SUCCESS);
+  manager.Refuse("SQLFreeStmt", SQL_ERROR);
+  session.odbc().statement.Drop();
+  EXPECT_TRUE(session.odbc().statement);
+  session.odbc().DisconnectDataSource();
+  EXPECT_FALSE(session.odbc().statement);
+  EXPECT_TRUE(session.Connect());
+  EXPECT_THAT(manager.calls, testing::Not(testing::Contains("SQLFreeStmt 1").Times(2)));
 }
 
 TEST(DataSourceList, IsAskedForEntryByEntryOnAnEnvironmentOfItsOwn) {

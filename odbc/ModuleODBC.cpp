@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <utility>
 
 #include "plugin/core/Blanks.h"
 
@@ -31,13 +32,32 @@ OdbcSession::~OdbcSession() { Release(); }
 
 void OdbcSession::Release() noexcept {
   statement.Drop();
+  std::erase_if(refused_connections_, [](SQLHDBC refused) {
+    SQLDisconnect(refused);
+    return Succeeded(SQLFreeConnect(refused));
+  });
   if (connection != SQL_NULL_HDBC) {
     SQLDisconnect(connection);
-    SQLFreeConnect(connection);
-    connection = SQL_NULL_HDBC;
+    FreeConnection();
   }
-  if (environment != SQL_NULL_HENV) SQLFreeEnv(environment);
-  environment = SQL_NULL_HENV;
+  statement.Forget();
+  std::erase_if(refused_environments_,
+                [](SQLHENV refused) { return Succeeded(SQLFreeEnv(refused)); });
+  if (environment != SQL_NULL_HENV) FreeEnvironment();
+}
+
+SQLRETURN OdbcSession::FreeConnection() {
+  const SQLHDBC freed = std::exchange(connection, SQLHDBC{SQL_NULL_HDBC});
+  const SQLRETURN code = SQLFreeConnect(freed);
+  if (!Succeeded(code)) refused_connections_.push_back(freed);
+  return code;
+}
+
+SQLRETURN OdbcSession::FreeEnvironment() {
+  const SQLHENV freed = std::exchange(environment, SQLHENV{SQL_NULL_HENV});
+  const SQLRETURN code = SQLFreeEnv(freed);
+  if (!Succeeded(code)) refused_environments_.push_back(freed);
+  return code;
 }
 
 bool OdbcSession::ConnectDataSource(const std::string& data_source, const std::string& user,
@@ -45,12 +65,16 @@ bool OdbcSession::ConnectDataSource(const std::string& data_source, const std::s
   connected = false;
   mask_ = PasswordMask(password);
   Release();  // a former connection whose report couldn't be written kept its handles
-  if (!CheckOdbcReturn(SQLAllocEnv(&environment), module_.MessageText(kMessageAllocEnv))) {
-    environment = SQL_NULL_HENV;
+  // Information counts as a failure, but a handle comes with it.
+  SQLRETURN allocated = SQLAllocEnv(&environment);
+  if (!Succeeded(allocated)) environment = SQL_NULL_HENV;
+  if (!CheckOdbcReturn(allocated, module_.MessageText(kMessageAllocEnv))) {
+    Release();
     return false;
   }
-  if (CheckOdbcReturn(SQLAllocConnect(environment, &connection),
-                      module_.MessageText(kMessageAllocConnect))) {
+  allocated = SQLAllocConnect(environment, &connection);
+  if (!Succeeded(allocated)) connection = SQL_NULL_HDBC;
+  if (CheckOdbcReturn(allocated, module_.MessageText(kMessageAllocConnect))) {
     // A driver that can't limit its time connects all the same.
     if (login_timeout != 0) SQLSetConnectOption(connection, SQL_LOGIN_TIMEOUT, login_timeout);
     std::string request = "DSN=" + data_source;
@@ -67,11 +91,11 @@ bool OdbcSession::ConnectDataSource(const std::string& data_source, const std::s
       return true;
     }
     ReportError();
-    CheckOdbcReturn(SQLFreeConnect(connection), module_.MessageText(kMessageFreeConnect));
+    CheckOdbcReturn(FreeConnection(), module_.MessageText(kMessageFreeConnect));
+  } else if (connection != SQL_NULL_HDBC) {
+    FreeConnection();
   }
-  connection = SQL_NULL_HDBC;
-  CheckOdbcReturn(SQLFreeEnv(environment), module_.MessageText(kMessageFreeEnv));
-  environment = SQL_NULL_HENV;
+  CheckOdbcReturn(FreeEnvironment(), module_.MessageText(kMessageFreeEnv));
   return false;
 }
 
@@ -80,11 +104,11 @@ void OdbcSession::DisconnectDataSource() {
     CheckOdbcReturn(code, module_.MessageText(message));
     module_.platform.message_loop.Yield();
   };
-  step(SQLDisconnect(connection), kMessageDisconnect);
-  step(SQLFreeConnect(connection), kMessageFreeConnect);
-  connection = SQL_NULL_HDBC;
-  step(SQLFreeEnv(environment), kMessageFreeEnv);
-  environment = SQL_NULL_HENV;
+  const SQLRETURN disconnected = SQLDisconnect(connection);
+  if (Succeeded(disconnected)) statement.Forget();
+  step(disconnected, kMessageDisconnect);
+  step(FreeConnection(), kMessageFreeConnect);
+  step(FreeEnvironment(), kMessageFreeEnv);
 }
 
 std::string OdbcSession::InfoText(SQLUSMALLINT item) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "odbc/OdbcApi.h"
 #include "odbc/PasswordMask.h"
@@ -33,6 +34,7 @@ class OdbcSession {
                          const std::string& password);
 
   /// Disconnects and frees the handles; a failing step is reported and doesn't stop the others.
+  /// What couldn't be freed is, before the next connection or with the session.
   void DisconnectDataSource();
 
   /// @return true only for code 0; any other code is reported with `text`.
@@ -76,6 +78,11 @@ class OdbcSession {
  private:
   /// Gives back every handle that is still held, in silence.
   void Release() noexcept;
+
+  /// The connection and the environment are no longer the session's, freed or refused.
+  /// @return what the driver manager says.
+  SQLRETURN FreeConnection();
+  SQLRETURN FreeEnvironment();
   void QueryDriverInfo();
   std::string InfoText(SQLUSMALLINT item);
   std::uint16_t InfoLength(SQLUSMALLINT item);
@@ -84,6 +91,8 @@ class OdbcSession {
 
   ModuleCommun& module_;
   PasswordMask mask_;
+  std::vector<SQLHDBC> refused_connections_;  // that the driver manager didn't free
+  std::vector<SQLHENV> refused_environments_;
 };
 
 /// Calls `add_item` with the name of each ODBC data source.

@@ -2,20 +2,24 @@
 
 namespace imptable {
 
-void FreeStatement(SQLHSTMT& statement) noexcept {
-  if (SQLFreeStmt(statement, SQL_DROP) == SQL_SUCCESS) statement = SQL_NULL_HSTMT;
+SQLRETURN FreeStatement(SQLHSTMT& statement) noexcept {
+  const SQLRETURN code = SQLFreeStmt(statement, SQL_DROP);
+  if (code == SQL_SUCCESS) statement = SQL_NULL_HSTMT;
+  return code;
 }
 
 SQLRETURN Statement::Allocate(SQLHDBC connection) {
   Drop();
   SQLHSTMT allocated = SQL_NULL_HSTMT;
   const SQLRETURN code = SQLAllocStmt(connection, &allocated);
-  raw_ = code == SQL_SUCCESS ? allocated : SQL_NULL_HSTMT;
+  raw_ = Succeeded(code) ? allocated : SQL_NULL_HSTMT;
+  if (code != SQL_SUCCESS) Drop();
   return code;
 }
 
 void Statement::Drop() noexcept {
-  if (raw_ != SQL_NULL_HSTMT) FreeStatement(raw_);
+  // With information it is gone as well: freed once more, the handle may be another one's.
+  if (raw_ != SQL_NULL_HSTMT && Succeeded(FreeStatement(raw_))) Forget();
 }
 
 }  // namespace imptable

@@ -26,8 +26,11 @@ class Statement {
   SQLRETURN Allocate(SQLHDBC connection);
 
   /// Drops the statement if there is one; the handle is forgotten only when the driver manager
-  /// confirms with 0.
+  /// confirms.
   void Drop() noexcept;
+
+  /// The statement has gone with its connection.
+  void Forget() noexcept { raw_ = SQL_NULL_HSTMT; }
 
   SQLHSTMT raw() const noexcept { return raw_; }
   explicit operator bool() const noexcept { return raw_ != SQL_NULL_HSTMT; }
@@ -38,7 +41,8 @@ class Statement {
 
 /// Releases a statement with SQL_DROP; sets the handle to null only when that returns 0. Reports
 /// nothing.
-void FreeStatement(SQLHSTMT& statement) noexcept;
+/// @return the ODBC code.
+SQLRETURN FreeStatement(SQLHSTMT& statement) noexcept;
 
 }  // namespace imptable
 

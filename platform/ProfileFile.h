@@ -16,7 +16,9 @@ class ProfileFile {
   /// without regard to case and to blanks around them; blanks around it and one pair of quotes that
   /// encloses it are removed.
   /// @param most  bytes that are returned of a longer value.
-  /// @return `fallback` when the file, the section or the key doesn't exist or can't be read.
+  /// @return `fallback` when the file, the section or the key doesn't exist.
+  /// @throws std::system_error  when the file is there but can't be read; Windows' own reader gives
+  /// `fallback` for that too.
   virtual std::string ReadString(const std::string& path, std::string_view section,
                                  std::string_view key, std::string_view fallback,
                                  std::size_t most) const = 0;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <optional>
+#include <system_error>
 #include <utility>
 
 #include "platform/NameFolding.h"
@@ -94,15 +95,19 @@ std::string ProfileFileReader::ReadString(const std::string& path, std::string_v
                                           std::size_t most) const {
   std::error_code error;
   const auto file = files_.OpenForReading(path, error);
-  if (!file) return std::string(fallback.substr(0, most));
+  if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory) {
+    return std::string(fallback.substr(0, most));
+  }
+  if (error) throw std::system_error(error, path);
   std::string text;
   std::array<char, 4096> block{};
   while (const std::size_t got = file->Read(block.data(), block.size(), error)) {
     text.append(block.data(), got);
   }
+  if (error) throw std::system_error(error, path);
   text = InCodePage(std::move(text), encoding_);
   const auto value = FindValue(text, {section, encoding_}, {key, encoding_});
-  return std::string((error || !value ? fallback : *value).substr(0, most));
+  return std::string((value ? *value : fallback).substr(0, most));
 }
 
 }  // namespace imptable

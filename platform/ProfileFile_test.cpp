@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <system_error>
 
 #include "platform/ProfileFileReader.h"
 #include "platform/Utf8Encoding.h"
@@ -200,15 +201,29 @@ TEST_F(ProfileFileTest, KeepsBytesThatAreNoCharacters) {
   EXPECT_EQ(Read("[Table01]\n01=\xE9t\xE9,1,9\n"), "\xE9t\xE9,1,9");
 }
 
-TEST_F(ProfileFileTest, GivesTheFallbackForAFileThatCannotBeRead) {
+TEST_F(ProfileFileTest, GivesTheFallbackForAFileThatIsNotThere) {
   EXPECT_EQ(reader_.ReadString(folder_.path() + "none", "Table01", "01", "Non", 254), "Non");
-  EXPECT_EQ(reader_.ReadString(folder_.path(), "Table01", "01", "Non", 254), "Non")
-      << "a directory";
-  files_.Fail(FileOperation::kOpenRead, 1, std::make_error_code(std::errc::permission_denied));
-  EXPECT_EQ(Read("[Table01]\n01=a\n"), "<fallback>");
-  files_.Fail(FileOperation::kRead, 2, std::make_error_code(std::errc::io_error));
-  EXPECT_EQ(Read("[Table01]\n01=a\n"), "<fallback>") << "its end can't be read";
-  EXPECT_EQ(Read("[Table01]\n01=a\n"), "a");
+  EXPECT_EQ(reader_.ReadString(path_ + "/none", "Table01", "01", "Non", 254), "Non");
+}
+
+TEST_F(ProfileFileTest, DoesNotTakeAFileThatCannotBeReadForOneWithoutTheKey) {
+  const auto error_of = [this](const std::string& path) {
+    try {
+      reader_.ReadString(path, "Table01", "01", "Non", 254);
+    } catch (const std::system_error& error) {
+      return error.code();
+    }
+    return std::error_code();
+  };
+  EXPECT_TRUE(error_of(folder_.path())) << "a directory";
+  folder_.Write("CLIENTS.SUP", "[Table01]\n01=a\n");
+  const std::error_code denied = std::make_error_code(std::errc::permission_denied);
+  files_.Fail(FileOperation::kOpenRead, 1, denied);
+  EXPECT_EQ(error_of(path_), denied);
+  const std::error_code broken = std::make_error_code(std::errc::io_error);
+  files_.Fail(FileOperation::kRead, 2, broken);
+  EXPECT_EQ(error_of(path_), broken) << "its end can't be read";
+  EXPECT_FALSE(error_of(path_));
 }
 
 TEST_F(ProfileFileTest, SeesAChangedFileAtTheNextRead) {
