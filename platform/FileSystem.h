@@ -49,8 +49,15 @@ class FileSystem {
   /// differs in case only, else the path itself.
   virtual std::string Locate(std::string_view path) const = 0;
 
-  /// @return nullopt when there is no such file or it can't be looked at.
-  virtual std::optional<FileInfo> Query(const std::string& path) const = 0;
+  /// @return nullopt when there is no such file, and when it can't be looked at: then `error` is
+  /// set.
+  virtual std::optional<FileInfo> Query(const std::string& path, std::error_code& error) const = 0;
+
+  /// For whom that is the same.
+  std::optional<FileInfo> Query(const std::string& path) const {
+    std::error_code error;
+    return Query(path, error);
+  }
 
   virtual std::unique_ptr<InputFile> OpenForReading(const std::string& path,
                                                     std::error_code& error) = 0;

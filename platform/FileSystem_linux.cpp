@@ -98,9 +98,15 @@ class LinuxFileSystem : public FileSystem {
     return name.empty() ? exact : std::string(path.substr(0, name_at)) + name;
   }
 
-  std::optional<FileInfo> Query(const std::string& path) const override {
+  using FileSystem::Query;
+  std::optional<FileInfo> Query(const std::string& path, std::error_code& error) const override {
     struct stat status {};
-    if (stat(path.c_str(), &status) != 0) return std::nullopt;
+    error.clear();
+    if (stat(path.c_str(), &status) != 0) {
+      const bool absent = errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG;
+      if (!absent) error = LastError();
+      return std::nullopt;
+    }
     return FileInfo{.size = static_cast<std::uint64_t>(status.st_size),
                     .is_file = S_ISREG(status.st_mode)};
   }

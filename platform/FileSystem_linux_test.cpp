@@ -87,6 +87,20 @@ TEST_F(FileSystemLinux, TellsWhyAFileCannotBeOpened) {
   EXPECT_EQ(WritingFails(At(std::string(300, 'a'))), Error(std::errc::filename_too_long));
 }
 
+TEST_F(FileSystemLinux, TellsAFileThatCannotBeLookedAtFromNone) {
+  const auto error_of = [this](const std::string& path) {
+    std::error_code error = Error(std::errc::io_error);
+    EXPECT_FALSE(files_->Query(path, error)) << path;
+    return error;
+  };
+  folder_.Write("a.txt", "text");
+  EXPECT_FALSE(error_of(At("missing.txt")));
+  EXPECT_FALSE(error_of(At("a.txt/b.txt")));
+  EXPECT_FALSE(error_of(At(std::string(300, 'a'))));
+  ASSERT_EQ(symlink("around", At("around").c_str()), 0);
+  EXPECT_EQ(error_of(At("around")), Error(std::errc::too_many_symbolic_link_levels));
+}
+
 TEST_F(FileSystemLinux, ReadsRegularFilesOnlyAndDoesNotWaitForOthers) {
   ASSERT_EQ(mkfifo(At("pipe").c_str(), 0600), 0);
   EXPECT_EQ(ReadingFails(At("pipe")), Error(std::errc::invalid_argument));

@@ -88,13 +88,37 @@ std::error_code LastErrorAt(const std::string& path) {
   return IsDirectory(path) ? std::make_error_code(std::errc::is_a_directory) : error;
 }
 
+/// Whether there is no file of this name, or can't be one. What a server has that is out of reach
+/// isn't known.
+bool MeansNone(DWORD code) {
+  switch (code) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_DRIVE:
+    case ERROR_DIRECTORY:
+    case ERROR_INVALID_NAME:
+    case ERROR_BAD_PATHNAME:
+    case ERROR_FILENAME_EXCED_RANGE:
+    case ERROR_BUFFER_OVERFLOW:
+      return true;
+    default:
+      return false;
+  }
+}
+
 class WindowsFileSystem : public FileSystem {
  public:
   std::string Locate(std::string_view path) const override { return std::string(path); }
 
-  std::optional<FileInfo> Query(const std::string& path) const override {
+  using FileSystem::Query;
+  std::optional<FileInfo> Query(const std::string& path, std::error_code& error) const override {
     WIN32_FILE_ATTRIBUTE_DATA data{};
-    if (GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data) == 0) return std::nullopt;
+    error.clear();
+    if (GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data) == 0) {
+      const DWORD code = GetLastError();
+      if (!MeansNone(code)) error = ErrorOf(code);
+      return std::nullopt;
+    }
     return FileInfo{.size = std::uint64_t{data.nFileSizeHigh} << 32 | data.nFileSizeLow,
                     .is_file = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0};
   }

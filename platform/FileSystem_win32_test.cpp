@@ -44,6 +44,22 @@ TEST_F(FileSystemWindows, TellsWhyAFileCannotBeOpened) {
   EXPECT_TRUE(WritingFails(""));
 }
 
+TEST_F(FileSystemWindows, TellsAFileThatCannotBeLookedAtFromNone) {
+  const auto error_of = [this](const std::string& path) {
+    std::error_code error = Error(std::errc::io_error);
+    EXPECT_FALSE(files_->Query(path, error)) << path;
+    return error;
+  };
+  folder_.Write("a.txt", "text");
+  EXPECT_FALSE(error_of(At("missing.txt")));
+  EXPECT_FALSE(error_of(At("no\\such.txt")));
+  EXPECT_FALSE(error_of(At("a.txt\\b.txt")));
+  EXPECT_FALSE(error_of(At("a|b.txt")));
+  EXPECT_FALSE(error_of(At(std::string(300, 'a'))));
+  EXPECT_FALSE(error_of("Q:\\a.txt"));
+  EXPECT_TRUE(error_of("\\\\no-such-server\\share\\a.txt"));
+}
+
 TEST_F(FileSystemWindows, OpensNoFileThatAnotherKeepsToItself) {
   const std::string path = folder_.Write("a.txt", "text");
   {

@@ -44,8 +44,9 @@ class FaultyFileSystem : public FileSystem {
   const std::vector<std::string>& log() const { return log_; }
 
   std::string Locate(std::string_view path) const override { return files_.Locate(path); }
-  std::optional<FileInfo> Query(const std::string& path) const override {
-    return files_.Query(path);
+  using FileSystem::Query;
+  std::optional<FileInfo> Query(const std::string& path, std::error_code& error) const override {
+    return files_.Query(path, error);
   }
   std::unique_ptr<InputFile> OpenForReading(const std::string& path,
                                             std::error_code& error) override;

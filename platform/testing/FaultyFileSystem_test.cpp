@@ -45,7 +45,8 @@ class TextFiles : public FileSystem {
   int closed = 0;
 
   std::string Locate(std::string_view path) const override { return std::string(path) + "?"; }
-  std::optional<FileInfo> Query(const std::string& path) const override {
+  std::optional<FileInfo> Query(const std::string& path, std::error_code& error) const override {
+    error.clear();
     return FileInfo{.size = texts.at(path).size()};
   }
   std::unique_ptr<InputFile> OpenForReading(const std::string& path,

@@ -20,10 +20,12 @@ class MemoryFiles : public FileSystem {
 
   std::string Locate(std::string_view path) const override { return std::string(path); }
 
-  std::optional<FileInfo> Query(const std::string& path) const override {
+  using FileSystem::Query;
+  std::optional<FileInfo> Query(const std::string& path, std::error_code& error) const override {
+    error.clear();
     const auto found = files.find(path);
     if (found == files.end()) return std::nullopt;
-    return FileInfo{found->second.size(), false};
+    return FileInfo{.size = found->second.size()};
   }
 
   std::unique_ptr<InputFile> OpenForReading(const std::string& path,
