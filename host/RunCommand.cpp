@@ -75,6 +75,15 @@ void RequireWritableReport(HostContext& context, const std::string& path) {
                   {path, is_link ? context.texts.Text(HostText::kIsForeignLink) : error.message()});
 }
 
+/// What a resume goes by may be out of sight for now; then the resume itself says so.
+bool MayResume(FileSystem& files, const RunState& run) {
+  try {
+    return CanResume(files, run);
+  } catch (const RuntimeFault&) {
+    return true;
+  }
+}
+
 RunOutcome OutcomeOf(const HostContext& context, const CommandRequest& request,
                      const std::string& report, double seconds) {
   const ModuleCommun& module = context.state.commun;
@@ -91,7 +100,7 @@ RunOutcome OutcomeOf(const HostContext& context, const CommandRequest& request,
   outcome.side_files = SideFilePath(run, "");
   outcome.has_error_file = IsNotEmpty(*context.files, SideFilePath(run, kErrorExtension));
   outcome.has_rejected_file = IsNotEmpty(*context.files, SideFilePath(run, kRejectedExtension));
-  outcome.can_resume = CanResume(*context.files, run);
+  outcome.can_resume = MayResume(*context.files, run);
   if (run.fault) outcome.fault = module.FaultText(*run.fault);
   outcome.report_failed = context.library.report_failed();
   if (const auto& failure = context.registry.last_write_failure()) {

@@ -146,6 +146,14 @@ TEST_F(RunCommand, ResumesFromATraceAloneWhenTheTaskSaysSo) {
   EXPECT_THAT(source.LogLines("SQLExecute"), testing::SizeIs(2));
 }
 
+TEST_F(RunCommand, IsSummedUpEvenWhereWhatAResumeGoesByCannotBeLookedAt) {
+  std::filesystem::create_symlink("CLIENTS.REP", session.folder.path() + "CLIENTS.REP");
+  const auto result = Run({"--json"});
+  EXPECT_EQ(nlohmann::json::parse(result.out)["status"], 1);
+  EXPECT_THAT(result.err, AllOf(MatchesRegex(kOneLine), HasSubstr("CLIENTS.REP")));
+  EXPECT_THAT(source.LogLines("SQLExecute"), IsEmpty());
+}
+
 TEST_F(RunCommand, IsCode1WhenTheDataSourceRefusesTheConnection) {
   Driver("on SQLDriverConnect return -1 diag 28000 18456 \"login failed\"");
   const auto result = Run();

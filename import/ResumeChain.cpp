@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "import/TraceReader.h"
+#include "plugin/core/FileLook.h"
 #include "plugin/core/RuntimeFault.h"
 
 namespace imptable {
@@ -96,46 +97,45 @@ ResumeChain::ResumeChain(FileSystem& files, const std::string& path)
     : files_(files), path_(files.Locate(path)), new_path_(path + std::string(kNewSuffix)) {}
 
 std::unique_ptr<LineReader> ResumeChain::OpenLines(const std::string& path, bool skip_mark) const {
+  if (!LookAt(files_, path)) return nullptr;
   std::error_code error;
   auto file = files_.OpenForReading(path, error);
   if (!file) throw FileFault(error, path);
   return std::make_unique<LineReader>(std::move(file), path, skip_mark, kBlockBytes);
 }
 
-std::unique_ptr<LineReader> ResumeChain::OpenLinesOrNone(const std::string& path,
-                                                         bool skip_mark) const {
-  if (!files_.Query(path)) return nullptr;
-  return OpenLines(path, skip_mark);
-}
-
 std::unique_ptr<ChainReader> ResumeChain::Open() const {
-  return std::make_unique<ChainReader>(OpenLines(path_, false), path_);
+  auto lines = OpenLines(path_, false);
+  if (!lines) return nullptr;
+  return std::make_unique<ChainReader>(std::move(lines), path_);
 }
 
 ResumeChain::State ResumeChain::state() const {
-  if (!files_.Query(path_)) return State::kNone;
   try {
-    return Open()->is_void() ? State::kVoid : State::kOpen;
-  } catch (const RuntimeFault&) {
+    const auto chain = Open();
+    if (!chain) return State::kNone;
+    return chain->is_void() ? State::kVoid : State::kOpen;
+  } catch (const RuntimeFault& fault) {
+    if (fault.number() != FaultNumber::kInvalidFileFormat) throw;
     return State::kOpen;
   }
 }
 
 std::int32_t ResumeChain::Reached() const {
-  if (!files_.Query(path_)) return 0;
   const auto chain = Open();
+  if (!chain) return 0;
   while (chain->Next()) {
   }
   return chain->reached();
 }
 
 void ResumeChain::Advance(const std::string& trace, const std::string& rejected, bool skip_mark) {
-  auto chain = files_.Query(path_) ? Open() : nullptr;
+  auto chain = Open();
   const std::string trace_path = files_.Locate(trace);
-  auto traced = OpenLinesOrNone(trace_path, false);
+  auto traced = OpenLines(trace_path, false);
   const auto trace_lines =
       traced ? std::make_unique<TraceReader>(std::move(traced), trace_path) : nullptr;
-  const auto rejected_lines = OpenLinesOrNone(files_.Locate(rejected), skip_mark);
+  const auto rejected_lines = OpenLines(files_.Locate(rejected), skip_mark);
   ReplacingFile next(files_, new_path_);
   ChainWriter writer(next.file());
   ChainMerge(chain.get(), trace_lines.get(), rejected_lines.get(), writer).Run();
@@ -144,7 +144,6 @@ void ResumeChain::Advance(const std::string& trace, const std::string& rejected,
 }
 
 void ResumeChain::Void() {
-  if (state() != State::kOpen) return;
   try {
     ReplacingFile over(files_, new_path_);
     over.file().Write(VoidChainText());
@@ -166,8 +165,7 @@ void ResumeChain::VoidInPlace() {
 
 void ResumeChain::Remove() {
   for (const std::string& path : {new_path_, path_}) {
-    if (!files_.Query(path)) continue;
-    if (const std::error_code error = files_.Remove(path)) throw FileFault(error, path);
+    if (const std::error_code error = RemoveIfAny(files_, path)) throw FileFault(error, path);
   }
 }
 

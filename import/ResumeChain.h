@@ -24,6 +24,7 @@ class ResumeChain {
   /// @param files  borrowed. @param path  of the chain's file.
   ResumeChain(FileSystem& files, const std::string& path);
 
+  /// @throws RuntimeFault  the file fault.
   State state() const;
 
   /// The last source line that the chain reached; 0 without an open chain.
@@ -39,11 +40,11 @@ class ResumeChain {
   /// chain is then as it was.
   void Advance(const std::string& trace, const std::string& rejected, bool skip_mark);
 
-  /// The rejected lines of an open chain. @throws RuntimeFault  as Reached.
+  /// The chain's rejected lines; null without a file. @throws RuntimeFault  as Reached.
   std::unique_ptr<ChainReader> Open() const;
 
-  /// Declares an existing chain to be over, whatever the last run has left. Needs no room on a full
-  /// disk.
+  /// Declares the chain to be over, whatever the last run has left; there is a file afterwards. An
+  /// existing chain needs no room on a full disk.
   /// @throws RuntimeFault  the file fault.
   void Void();
 
@@ -54,8 +55,9 @@ class ResumeChain {
 
  private:
   void VoidInPlace();
+
+  /// @return null for a file that doesn't exist. @throws RuntimeFault  the file fault.
   std::unique_ptr<LineReader> OpenLines(const std::string& path, bool skip_mark) const;
-  std::unique_ptr<LineReader> OpenLinesOrNone(const std::string& path, bool skip_mark) const;
 
   FileSystem& files_;
   std::string path_;      // as found

@@ -106,7 +106,7 @@ TEST_F(ResumeChainTest, KnowsHowFarItCameAndWhetherItIsOver) {
   EXPECT_FALSE(folder_.Exists("T.REP"));
   chain().Remove();
   chain().Void();
-  EXPECT_FALSE(folder_.Exists("T.REP"));
+  EXPECT_EQ(chain().state(), ResumeChain::State::kVoid) << "what can't be deleted needs it";
 }
 
 TEST_F(ResumeChainTest, IsOverEvenWhereTheDiskHasNoRoomForAnotherFile) {
@@ -132,6 +132,15 @@ TEST_F(ResumeChainTest, TakesADamagedFileForOpenSoThatItIsNotLost) {
   EXPECT_THROW(Advance(), RuntimeFault);
   EXPECT_EQ(Chain(), TextFile({"REP 1"}));
   EXPECT_FALSE(folder_.Exists("T.REP.NEW"));
+}
+
+TEST_F(ResumeChainTest, IsNotTakenForNoneWhenItCannotBeOpened) {
+  Write("T.REP", {"REP 1", "000000020", "END 00000003"});
+  const std::error_code broken = std::make_error_code(std::errc::io_error);
+  files_.Fail(FileOperation::kOpenRead, 1, broken);
+  EXPECT_THROW(chain().state(), RuntimeFault);
+  files_.Fail(FileOperation::kOpenRead, 1, broken);
+  EXPECT_THROW(chain().Reached(), RuntimeFault);
 }
 
 TEST_F(ResumeChainTest, IsReplacedByAFileThatIsCompleteAndOnTheDisk) {

@@ -136,8 +136,9 @@ TEST(FreshRuns, EndAnOlderChainInOneStepBeforeTheyDeleteWhatItLeft) {
   EXPECT_EQ(run.Go(), 2);
   EXPECT_THAT(EndOfChain(run),
               ElementsAre("replace CLIENTS.REP by CLIENTS.REP.NEW", "remove CLIENTS.TRC",
-                          "remove CLIENTS.LER", "remove CLIENTS.REP", "remove CLIENTS.TRC",
-                          "remove CLIENTS.LER"));
+                          "remove CLIENTS.LER", "remove CLIENTS.REP.NEW", "remove CLIENTS.REP",
+                          "remove CLIENTS.TRC", "remove CLIENTS.LER", "remove CLIENTS.REP.NEW",
+                          "remove CLIENTS.REP"));
 }
 
 TEST(FreshRuns, DoNothingWhileAnOlderChainCannotBeEnded) {

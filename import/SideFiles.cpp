@@ -6,6 +6,7 @@
 #include "import/ResumeChain.h"
 #include "import/TaskFiles.h"
 #include "import/TraceLine.h"
+#include "plugin/core/FileLook.h"
 
 namespace imptable {
 namespace {
@@ -34,7 +35,7 @@ std::unique_ptr<LineReader> SideFiles::OpenForReading(const std::string& path) {
 void SideFiles::CopyFile(const std::string& from, const std::string& to) {
   FileSystem& files = module_.platform.files;
   const std::string located = files.Locate(from);
-  if (!files.Query(located)) return;
+  if (!LookAt(files, located)) return;
   std::error_code error;
   const auto source = files.OpenForReading(located, error);
   if (!source) throw FileFault(error, located);
@@ -54,7 +55,11 @@ void SideFiles::AdvanceChain() {
   ResumeChain chain(module_.platform.files, SideFilePath(run, kChainExtension));
   chain.Advance(SideFilePath(run, kTraceExtension), SideFilePath(run, kRejectedExtension),
                 module_.platform.encoding.IsUtf8());
-  resume_ = std::make_unique<ResumeDecisions>(chain.Open());
+  auto state = chain.Open();
+  if (!state) {
+    throw FileFault(std::make_error_code(std::errc::no_such_file_or_directory), chain.path());
+  }
+  resume_ = std::make_unique<ResumeDecisions>(std::move(state));
 }
 
 void SideFiles::CopyPrevious() {
@@ -81,6 +86,10 @@ void SideFiles::Open(bool complete_name) {
   if (run.resume_option == 0) return;
   rejected_ = RunFile::Create(files, SideFilePath(run, kRejectedExtension));
   trace_ = RunFile::Create(files, SideFilePath(run, kTraceExtension));
+  // What said that an older trace, which couldn't be deleted, isn't to be resumed: it is gone now.
+  if (!run.resume && run.trace_option == 1) {
+    ResumeChain(files, SideFilePath(run, kChainExtension)).Remove();
+  }
 }
 
 void SideFiles::Trace(std::int32_t line_number, bool failed, std::int64_t errors) {

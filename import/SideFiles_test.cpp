@@ -32,14 +32,15 @@ TEST(SideFiles, AreOpenedWrittenAndClosedInTheirOrder) {
   run.Source({"1;a", "2;b;x", "3;c"});
   run.Driver("on SQLExecute 2 return -1 diag 23000 1 \"no\"");
   EXPECT_EQ(run.Go(), 3);
-  EXPECT_THAT(Log(run),
-              ElementsAre("remove CLIENTS.ERR", "remove CLIENTS.TRC", "remove CLIENTS.LER",
-                          "open read CLIENTS.CSV", "open write CLIENTS.ERR",
-                          "open write CLIENTS.LER", "open write CLIENTS.TRC",
-                          "write CLIENTS.TRC",                                            // done
-                          "write CLIENTS.ERR", "write CLIENTS.LER", "write CLIENTS.TRC",  // bad
-                          "write CLIENTS.ERR", "write CLIENTS.LER", "write CLIENTS.TRC",  // refused
-                          "close CLIENTS.ERR", "close CLIENTS.LER", "close CLIENTS.TRC"));
+  EXPECT_THAT(
+      Log(run),
+      ElementsAre("remove CLIENTS.ERR", "remove CLIENTS.TRC", "remove CLIENTS.LER",
+                  "remove CLIENTS.REP.NEW", "remove CLIENTS.REP", "open read CLIENTS.CSV",
+                  "open write CLIENTS.ERR", "open write CLIENTS.LER", "open write CLIENTS.TRC",
+                  "write CLIENTS.TRC",                                            // done
+                  "write CLIENTS.ERR", "write CLIENTS.LER", "write CLIENTS.TRC",  // bad
+                  "write CLIENTS.ERR", "write CLIENTS.LER", "write CLIENTS.TRC",  // refused
+                  "close CLIENTS.ERR", "close CLIENTS.LER", "close CLIENTS.TRC"));
 }
 
 TEST(SideFiles, OfAResumeAreCopiedBeforeTheyAreOpenedAnew) {
@@ -49,21 +50,21 @@ TEST(SideFiles, OfAResumeAreCopiedBeforeTheyAreOpenedAnew) {
   run.folder.Write("CLIENTS.LER", "2;mended\n");
   EXPECT_EQ(run.Go(2), 2);
   auto log = Log(run);
-  EXPECT_THAT(
-      log,
-      ElementsAre("remove CLIENTS.ERR", "open read CLIENTS.CSV", "open read CLIENTS.TRC",
-                  "open read CLIENTS.LER", "open write CLIENTS.REP.NEW", "write CLIENTS.REP.NEW",
-                  "flush CLIENTS.REP.NEW", "close CLIENTS.REP.NEW",
-                  "replace CLIENTS.REP by CLIENTS.REP.NEW", "open read CLIENTS.REP",
-                  "open write CLIENTS.ERR", "remove CLIENTS.LEB", "remove CLIENTS.TRB",
-                  "open read CLIENTS.LER", "open write CLIENTS.LEB", "write CLIENTS.LEB",
-                  "close CLIENTS.LEB", "open read CLIENTS.TRC", "open write CLIENTS.TRB",
-                  "write CLIENTS.TRB", "close CLIENTS.TRB", "open write CLIENTS.LER",
-                  "open write CLIENTS.TRC", "write CLIENTS.TRC", "close CLIENTS.ERR",
-                  "close CLIENTS.LER", "close CLIENTS.TRC", "open read CLIENTS.REP",
-                  "open write CLIENTS.REP.NEW", "write CLIENTS.REP.NEW", "flush CLIENTS.REP.NEW",
-                  "close CLIENTS.REP.NEW", "replace CLIENTS.REP by CLIENTS.REP.NEW",
-                  "remove CLIENTS.TRC", "remove CLIENTS.LER", "remove CLIENTS.REP"));
+  EXPECT_THAT(log,
+              ElementsAre("remove CLIENTS.ERR", "open read CLIENTS.CSV", "open read CLIENTS.TRC",
+                          "open read CLIENTS.LER", "open write CLIENTS.REP.NEW",
+                          "write CLIENTS.REP.NEW", "flush CLIENTS.REP.NEW", "close CLIENTS.REP.NEW",
+                          "replace CLIENTS.REP by CLIENTS.REP.NEW", "open read CLIENTS.REP",
+                          "open write CLIENTS.ERR", "remove CLIENTS.LEB", "remove CLIENTS.TRB",
+                          "open read CLIENTS.LER", "open write CLIENTS.LEB", "write CLIENTS.LEB",
+                          "close CLIENTS.LEB", "open read CLIENTS.TRC", "open write CLIENTS.TRB",
+                          "write CLIENTS.TRB", "close CLIENTS.TRB", "open write CLIENTS.LER",
+                          "open write CLIENTS.TRC", "write CLIENTS.TRC", "close CLIENTS.ERR",
+                          "close CLIENTS.LER", "close CLIENTS.TRC", "open read CLIENTS.REP",
+                          "open write CLIENTS.REP.NEW", "write CLIENTS.REP.NEW",
+                          "flush CLIENTS.REP.NEW", "close CLIENTS.REP.NEW",
+                          "replace CLIENTS.REP by CLIENTS.REP.NEW", "remove CLIENTS.TRC",
+                          "remove CLIENTS.LER", "remove CLIENTS.REP.NEW", "remove CLIENTS.REP"));
 }
 
 TEST(SideFiles, HaveEachTraceLineWrittenBeforeTheNextLineIsTaken) {

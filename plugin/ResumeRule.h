@@ -11,9 +11,10 @@ namespace imptable {
 /// Whether a run that asks for a resume resumes: the task's resume option is on, and its trace and
 /// rejected-lines files both hold something; with the trace option the trace alone is enough, or
 /// the state of an open chain of resumes. Never after a chain that is over.
+/// @throws RuntimeFault  the file fault, when a file that decides can't be looked at.
 bool CanResume(FileSystem& files, const RunState& run);
 
-/// Whether the file exists and holds something.
+/// Whether the file exists and holds something, as far as it can be looked at.
 bool IsNotEmpty(const FileSystem& files, const std::string& path);
 
 }  // namespace imptable

@@ -12,6 +12,7 @@
 #include "import/UpdateMode.h"
 #include "plugin/ResumeRule.h"
 #include "plugin/TaskLoading.h"
+#include "plugin/core/FileLook.h"
 #include "plugin/core/StampText.h"
 
 namespace imptable {
@@ -133,19 +134,39 @@ void RunDriver::PrepareSideFiles() {
   if (!run_.resume) EndChain();
 }
 
+bool RunDriver::Discard(std::string_view extension) {
+  FileSystem& files = module_.platform.files;
+  const std::string path = files.Locate(StoredSideFilePath(run_, extension));
+  if (!RemoveIfAny(files, path)) return true;
+  // Emptied it is as good as deleted.
+  std::error_code opening;
+  const auto file = files.OpenForWriting(path, WriteMode::kTruncate, opening);
+  return file && !file->Close();
+}
+
 void RunDriver::EndChain() {
   ResumeChain chain(module_.platform.files, StoredSideFilePath(run_, kChainExtension));
   // First of all, in one step: whenever the run dies, nothing half deleted is resumed.
-  chain.Void();
-  RemoveStored(kTraceExtension);
-  RemoveStored(kRejectedExtension);
-  chain.Remove();
+  if (chain.state() == ResumeChain::State::kOpen) chain.Void();
+  DeleteChain();
+}
+
+void RunDriver::DeleteChain() {
+  ResumeChain chain(module_.platform.files, StoredSideFilePath(run_, kChainExtension));
+  const bool trace_is_gone = Discard(kTraceExtension);
+  Discard(kRejectedExtension);
+  // With the trace option that trace alone would be resumed.
+  if (!trace_is_gone && run_.trace_option == 1) {
+    chain.Void();
+  } else {
+    chain.Remove();
+  }
 }
 
 RunDriver::FileState RunDriver::CheckDataFile(const std::string& path) {
   FileSystem& files = module_.platform.files;
   const std::string located = files.Locate(path);
-  const auto info = files.Query(located);
+  const auto info = LookAt(files, located);
   if (!info) {
     // A file that is there but can't be reached is a fault, not a missing file.
     std::error_code error;
@@ -184,7 +205,7 @@ void RunDriver::DeleteBeforeImport(FileState state) {
   if (run_.deletion_mode == kGlobalDeletion) RunGlobalDeletion(module_, state_.odbc);
   FileSystem& files = module_.platform.files;
   if (run_.deletion_mode == kSelectiveDeletion &&
-      files.Query(files.Locate(SideFilePath(run_, kSelectionExtension)))) {
+      LookAt(files, files.Locate(SideFilePath(run_, kSelectionExtension)))) {
     RunSelectiveDeletion(module_, state_.odbc);
   }
 }
@@ -209,6 +230,7 @@ void RunDriver::Import(FileState state) {
 
 void RunDriver::RecordOutcome() {
   module_.platform.message_loop.Yield();
+  // When it can't be looked at, what the import reported decides alone.
   if (IsNotEmpty(module_.platform.files, SideFilePath(run_, kErrorExtension))) {
     state_.odbc.error_reported = true;
   }
@@ -223,6 +245,14 @@ void RunDriver::RecordOutcome() {
   if (run_.trace_option == 1) WriteStatus();
   try {
     EndChain();
+  } catch (const RuntimeFault&) {
+    DeleteWhatCanBe();
+  }
+}
+
+void RunDriver::DeleteWhatCanBe() {
+  try {
+    DeleteChain();
   } catch (const RuntimeFault&) {
     // The import is done all the same. The next run ends the chain, or says why it can't.
   }

@@ -50,7 +50,10 @@ class RunDriver {
   void Finish();
 
   void RemoveStored(std::string_view extension);
+  bool Discard(std::string_view extension);
   void EndChain();
+  void DeleteChain();
+  void DeleteWhatCanBe();
   bool StopAskedFor();
   void Report(const std::string& text, ReportKind kind) { module_.WriteReport(text, kind); }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "tests/kit/ImportRun.h"
+#include "tests/kit/TextFile.h"
 
 namespace imptable {
 namespace {
@@ -178,6 +179,32 @@ TEST_F(RunFailures, ADataFileThatCannotBeReachedIsNotTakenForAMissingOne) {
   EXPECT_EQ(fault()->number(), FaultNumber::kPermissionDenied);
   EXPECT_EQ(fault()->detail(), run_.folder.path() + "NONE.CSV");
   ExpectOneEnd();
+}
+
+TEST_F(RunFailures, ATraceThatCannotBeDeletedAfterASuccessIsNotResumed) {
+  run_.Set("RecTrace", 1);
+  // The first seven are at the start.
+  run_.component.files.Fail(FileOperation::kRemove, 8,
+                            std::make_error_code(std::errc::permission_denied));
+  EXPECT_EQ(run_.Go(), 2);
+  EXPECT_THAT(run_.Trace(), IsEmpty()) << "emptied, as it stays";
+  run_.Source({"3;c", "4;d"});
+  EXPECT_EQ(run_.Go(kResumeRequest), 2);
+  EXPECT_THAT(run_.Executed(), ElementsAre("1='3' 2='c'", "1='4' 2='d'"));
+}
+
+TEST_F(RunFailures, AChainThatCannotBeDeclaredOverAfterASuccessIsDeletedAllTheSame) {
+  run_.Set("RecTrace", 1);
+  run_.folder.Write("CLIENTS.TRC", TextFile({"00000001000000000"}));
+  // The first flush is that of the chain's state at the start.
+  run_.component.files.Fail(FileOperation::kFlush, 2, std::make_error_code(std::errc::io_error));
+  EXPECT_EQ(run_.Go(kResumeRequest), 2);
+  EXPECT_THAT(run_.Executed(), ElementsAre("1='2' 2='b'"));
+  EXPECT_THAT(run_.FileNames(), testing::Not(Contains(HasSubstr(".REP"))));
+  EXPECT_THAT(run_.Trace(), ElementsAre("<none>"));
+  run_.Source({"3;c", "4;d"});
+  EXPECT_EQ(run_.Go(kResumeRequest), 2);
+  EXPECT_THAT(run_.Executed(), SizeIs(2));
 }
 
 TEST_F(RunFailures, AFaultWithinTheImportLetsTheRunGoOnToItsEnd) {

@@ -71,6 +71,16 @@ TEST_F(RunFiles, TakeADirectoryThatDoesNotExistForAMissingFile) {
                                       SystemPathSeparator() + "CLIENTS.CSV"));
 }
 
+TEST_F(RunFiles, TakeADirectoryThatIsAFileForAMissingFileToo) {
+  Write("none", "");
+  run_.Set("Dir", At("none"));
+  for (const int traced : {0, 1}) {
+    run_.Set("RecTrace", traced);
+    EXPECT_EQ(run_.Go(), 2) << traced;
+    EXPECT_THAT(run_.Report(), Contains(HasSubstr(" -->   Pas de Fichier ")));
+  }
+}
+
 TEST_F(RunFiles, FailTheRunWhenAnErrorFileIsLeftThoughTheDataFileIsMissing) {
   run_.component.files.Fail(FileOperation::kRemove, 1,
                             std::make_error_code(std::errc::permission_denied));
@@ -154,8 +164,10 @@ TEST_F(RunFiles, AreDeletedInOrderByTheAliasAsStored) {
   run_.Go();
   EXPECT_THAT(run_.component.files.log(),
               ElementsAre("remove " + At("C  .ERR"), "remove " + At("C  .TRC"),
-                          "remove " + At("C  .LER"), "open read " + At("C.CSV"),
-                          "remove " + At("C  .TRC"), "remove " + At("C  .LER")));
+                          "remove " + At("C  .LER"), "remove " + At("C  .REP.NEW"),
+                          "remove " + At("C  .REP"), "open read " + At("C.CSV"),
+                          "remove " + At("C  .TRC"), "remove " + At("C  .LER"),
+                          "remove " + At("C  .REP.NEW"), "remove " + At("C  .REP")));
 }
 
 TEST_F(RunFiles, HaveTheErrorsThatCountNamedByTheAliasWithoutTrailingBlanks) {
