@@ -1,0 +1,286 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <iostream>
+#include <memory>
+
+#include "tests/robustness/faults/Consequence.h"
+
+namespace imptable {
+namespace {
+
+constexpr std::string_view kScript =
+    "column CODE 4 INTEGER 10 0 0\n"
+    "column NOM 12 VARCHAR 30 0 1\n"
+    "key CODE 1 PK_CLIENT\n";
+
+/// More than any fault needs until its run's work is complete.
+constexpr int kMostRounds = 4;
+
+/// After so many findings the rest would tell nothing new.
+constexpr int kMostFindings = 5;
+
+struct Case {
+  Workload workload;
+  OperationGroup group;
+  bool traced_resume;  // "RecTrace"
+};
+
+std::string GroupName(OperationGroup group) {
+  switch (group) {
+    case OperationGroup::kFiles:
+      return "Files";
+    case OperationGroup::kRegistry:
+      return "Registry";
+    case OperationGroup::kHost:
+      return "Host";
+    case OperationGroup::kOdbc:
+      return "Odbc";
+  }
+  return {};
+}
+
+std::vector<Case> AllCases() {
+  std::vector<Case> cases;
+  for (const Workload& workload : AllWorkloads()) {
+    for (const OperationGroup group : {OperationGroup::kFiles, OperationGroup::kRegistry,
+                                       OperationGroup::kHost, OperationGroup::kOdbc}) {
+      cases.push_back({workload, group, false});
+      // Where files are written for a resume, and may be enough for one.
+      if (workload.record_errors == 1) cases.push_back({workload, group, true});
+    }
+  }
+  return cases;
+}
+
+std::string NameOf(const testing::TestParamInfo<Case>& info) {
+  return info.param.workload.name + GroupName(info.param.group) +
+         (info.param.traced_resume ? "Traced" : "");
+}
+
+/// There is nothing to spoil in the answer of a call that fails by itself, or in what is asked of a
+/// file that doesn't exist.
+bool MayHaveNothingToSpoil(const Fault& fault) {
+  return fault.effect == Effect::kInformation || fault.effect == Effect::kAnswerLost ||
+         fault.operation == Operation::kOpenRead || fault.operation == Operation::kRemove;
+}
+
+std::string Describe(const Fault& fault, const std::vector<Occurrence>& hits) {
+  std::string text(imptable::NameOf(fault.operation));
+  text += ' ' + std::to_string(fault.nth) + (fault.persists ? " and all after it " : " ");
+  text += imptable::NameOf(fault.effect);
+  if (hits.empty()) return text;
+  return text + ", while " + std::string(imptable::NameOf(hits.front().phase)) + ": " +
+         hits.front().about;
+}
+
+/// How many faults this program has injected, by operation.
+class Figures : public testing::Environment {
+ public:
+  static void Add(Operation operation) { ++counts_[static_cast<std::size_t>(operation)]; }
+
+  void TearDown() override {
+    int all = 0;
+    for (std::size_t number = 0; number < kOperations; ++number) {
+      if (counts_[number] == 0) continue;
+      all += counts_[number];
+      std::cout << imptable::NameOf(static_cast<Operation>(number)) << ": " << counts_[number]
+                << '\n';
+    }
+    std::cout << "ran: " << all << " faults\n";
+  }
+
+ private:
+  static inline std::array<int, kOperations> counts_{};
+};
+
+const testing::Environment* const kFigures = testing::AddGlobalTestEnvironment(new Figures);
+
+class EveryFault : public testing::TestWithParam<Case> {
+ protected:
+  static void SetUpTestSuite() {
+    source_ = std::make_unique<ScriptedDataSource>(ScriptedDataSource::Logging::kOff);
+    source_->Script(kScript);
+  }
+  static void TearDownTestSuite() { source_.reset(); }
+
+  const Workload& workload() const { return GetParam().workload; }
+
+  /// Every fault that can strike a run with these counts.
+  std::vector<Fault> FaultsOf(const FaultPlan& counted) const {
+    std::vector<Fault> faults;
+    for (std::size_t number = 0; number < kOperations; ++number) {
+      const auto operation = static_cast<Operation>(number);
+      if (GroupOf(operation) != GetParam().group) continue;
+      for (const Effect effect : EffectsOn(operation)) {
+        for (int nth = 1; nth <= counted.Count(operation); ++nth) {
+          faults.push_back({operation, nth, false, effect});
+          faults.push_back({operation, nth, true, effect});
+        }
+      }
+    }
+    return faults;
+  }
+
+  /// How many rows too many a line that is executed twice may leave.
+  static int RowsTooMany(const Fault& fault, const std::vector<Occurrence>& hits) {
+    if (fault.effect == Effect::kAnswerLost && fault.operation == Operation::kExecute) {
+      return static_cast<int>(hits.size());
+    }
+    // What was executed when its trace couldn't be written.
+    const bool untraced = std::any_of(hits.begin(), hits.end(), [](const Occurrence& hit) {
+      return hit.operation == Operation::kWrite && hit.about.ends_with(".TRC");
+    });
+    return untraced ? 1 : 0;
+  }
+
+  /// What somebody does who sees that a run stopped: begins again where it had not begun to touch
+  /// anything, with the rows as they were where the deletion broke off or nothing was kept for a
+  /// resume; else mends what was rejected and resumes, until the run is a success.
+  void Complete(FaultedTask& task, const RunRecord& struck, Consequence consequence,
+                int rows_too_many, std::vector<std::string>& objections) {
+    std::vector<std::string> lines = workload().SourceLines();
+    for (std::string& line : lines) line = workload().Mended(line);
+    const bool traced = GetParam().traced_resume && workload().record_errors == 1;
+    bool afresh = !struck.Says(" --> TRAITEMENT DE LA TABLE") && workload().resumes == 0;
+    RunStatus status = RunStatus::kFailed;
+    for (int round = 0; round < kMostRounds && status != RunStatus::kSucceeded; ++round) {
+      task.MendRejectedLines();
+      task.WriteSource(lines);
+      const bool half_deleted = round == 0 && consequence == Consequence::kFaultInDeletion;
+      if (half_deleted || (!afresh && !traced && !task.CanGoOn())) {
+        task.RestoreRows();
+        afresh = true;
+      }
+      status = task.Run(afresh ? 1 : 2, std::nullopt).status;
+      afresh = false;
+    }
+    if (status != RunStatus::kSucceeded) objections.push_back("no resume completes the work");
+    ObjectToRows(task, rows_too_many, objections);
+  }
+
+  void ObjectToRows(const FaultedTask& task, int rows_too_many,
+                    std::vector<std::string>& objections) const {
+    const std::vector<ClientTable::Row> wanted = workload().RowsAfter();
+    std::vector<ClientTable::Row> rows = task.table().Rows();
+    const auto all = static_cast<int>(rows.size());
+    std::vector<ClientTable::Row> missing;
+    std::set_difference(wanted.begin(), wanted.end(), rows.begin(), rows.end(),
+                        std::back_inserter(missing));
+    for (const auto& row : missing) {
+      objections.push_back("lost after the resume: " + std::to_string(row.first) + row.second);
+    }
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    std::vector<ClientTable::Row> strange;
+    std::set_difference(rows.begin(), rows.end(), wanted.begin(), wanted.end(),
+                        std::back_inserter(strange));
+    for (const auto& row : strange) {
+      objections.push_back("unwanted after the resume: " + std::to_string(row.first) + row.second);
+    }
+    if (all - static_cast<int>(rows.size()) > rows_too_many) {
+      objections.push_back(std::to_string(all - static_cast<int>(rows.size())) +
+                           " rows too many after the resume");
+    }
+  }
+
+  /// A resume that is asked for after a success starts afresh with what is there then.
+  void ImportLaterFile(FaultedTask& task, std::vector<std::string>& objections) const {
+    task.WriteSource({workload().LaterLine()});
+    const RunRecord later = task.Run(2, std::nullopt);
+    const auto effects = task.table().effects().find(workload().LaterCode());
+    if (later.status != RunStatus::kSucceeded || effects == task.table().effects().end()) {
+      objections.push_back("the next file isn't imported");
+    }
+  }
+
+  static std::unique_ptr<ScriptedDataSource> source_;
+};
+
+std::unique_ptr<ScriptedDataSource> EveryFault::source_;
+
+TEST_P(EveryFault, LeavesARunThatEndsSaysSoAndCanBeCompleted) {
+  FaultedTask undisturbed(*source_, workload(), GetParam().traced_resume);
+  const RunRecord plain = undisturbed.RunWorkload(std::nullopt);
+  const std::vector<Fault> faults = FaultsOf(undisturbed.plan());
+  ASSERT_FALSE(faults.empty());
+  int injected = 0;
+  int findings = 0;
+  for (const Fault& fault : faults) {
+    FaultedTask task(*source_, workload(), GetParam().traced_resume);
+    const RunRecord struck = task.RunWorkload(fault);
+    const std::vector<Occurrence> hits = task.plan().hits();
+    if (hits.empty() && MayHaveNothingToSpoil(fault)) continue;
+    ++injected;
+    Figures::Add(fault.operation);
+    std::vector<std::string> objections = Objections(fault, hits, workload(), plain, struck);
+    if (!hits.empty()) {
+      if (struck.status != RunStatus::kSucceeded) {
+        const Occurrence& decisive = DecisiveOf(fault, hits, workload());
+        Complete(task, struck, ConsequenceOf(fault, decisive, workload()), RowsTooMany(fault, hits),
+                 objections);
+      }
+      ImportLaterFile(task, objections);
+    }
+    if (const std::size_t kept = task.Unload()) {
+      objections.push_back(std::to_string(kept) + " handles are kept for ever");
+    }
+    if (objections.empty()) continue;
+    std::string text = Describe(fault, hits);
+    for (const std::string& objection : objections) text += "\n    " + objection;
+    text += "\n  its report:";
+    for (const std::string& line : struck.report) text += "\n    |" + line;
+    text += "\n  .ERR: " + struck.diagnostics + "\n  fault: " + struck.fault;
+    ADD_FAILURE() << text;
+    if (++findings == kMostFindings) break;
+  }
+  EXPECT_GT(injected, 0);
+}
+
+/// How often the driver's log names a call, with this text in its line.
+std::ptrdiff_t CountIn(const std::vector<std::string>& log, std::string_view call,
+                       std::string_view text = {}) {
+  return std::count_if(log.begin(), log.end(), [&](const std::string& line) {
+    return line.substr(0, line.find(' ')) == call && line.find(text) != std::string::npos;
+  });
+}
+
+bool IsFaulted(std::string_view function) {
+  for (std::size_t number = 0; number < kOperations; ++number) {
+    if (imptable::NameOf(static_cast<Operation>(number)) == function) return true;
+  }
+  return false;
+}
+
+TEST(FaultyCalls, AreAllThatTheDriverIsAskedFor) {
+  ScriptedDataSource source;
+  source.Script(kScript);
+  for (const Workload& workload : AllWorkloads()) {
+    if (workload.resumes > 0) continue;
+    source.ClearLog();
+    FaultedTask task(source, workload, false);
+    task.RunWorkload(std::nullopt);
+    EXPECT_EQ(task.Unload(), 0U);
+    const std::vector<std::string> log = source.LogLines();
+    for (std::size_t number = static_cast<std::size_t>(Operation::kAllocStmt);
+         number <= static_cast<std::size_t>(Operation::kRowCount); ++number) {
+      const auto operation = static_cast<Operation>(number);
+      EXPECT_EQ(CountIn(log, imptable::NameOf(operation)), task.plan().Count(operation))
+          << workload.name << ", " << imptable::NameOf(operation);
+    }
+    for (const std::string& line : log) {
+      EXPECT_TRUE(IsFaulted(line.substr(0, line.find(' ')))) << workload.name << ", " << line;
+    }
+    EXPECT_EQ(CountIn(log, "SQLAllocStmt"), CountIn(log, "SQLFreeStmt", " DROP"));
+    EXPECT_EQ(CountIn(log, "SQLAllocConnect"), CountIn(log, "SQLFreeConnect"));
+    EXPECT_EQ(CountIn(log, "SQLAllocEnv"), CountIn(log, "SQLFreeEnv"));
+  }
+}
+
+void PrintTo(const Case& each, std::ostream* out) { *out << each.workload.name; }
+
+INSTANTIATE_TEST_SUITE_P(, EveryFault, testing::ValuesIn(AllCases()), NameOf);
+
+}  // namespace
+}  // namespace imptable
