@@ -9,10 +9,13 @@ int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();
   imptable::KeepToolkitComplaints();
-  const auto toolkit = imptable::Toolkit::Start();
+  auto toolkit = imptable::Toolkit::Start();
   if (!toolkit) {
     std::cerr << "There is no screen: start it by tests/dialogs/with-screen.\n";
     return 1;
   }
-  return RUN_ALL_TESTS();
+  const int failed = RUN_ALL_TESTS();
+  toolkit.reset();
+  // Those of its end, which no test sees.
+  return imptable::TakeToolkitComplaints().empty() ? failed : 1;
 }
