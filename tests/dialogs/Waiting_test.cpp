@@ -17,7 +17,9 @@ using testing::SizeIs;
 class SlowDataSource : public testing::Test {
  protected:
   SlowDataSource() {
-    source_.Script("slow SQLDriverConnect 1500 ms\ntable SALES\ncolumn CODE 4 INTEGER 10 0 0\n");
+    source_.Script(
+        "slow SQLDriverConnect 1500 ms\ntable SALES\ncolumn CODE 4 INTEGER 10 0 0\n"
+        "index CODE 1 SALES_CODE 3 unique\n");
   }
 
   void Configure(const std::function<void(Person&)>& acts) {
@@ -42,22 +44,42 @@ class SlowDataSource : public testing::Test {
   ScriptedDataSource source_;
 };
 
-TEST_F(SlowDataSource, IsWaitedForUnderAnHourglass) {
-  Configure([this](Person& person) {
-    person.Aim("Command1");
+/// A button that connects and lists, the tab it is on, and the driver's function that then lists.
+struct Listing {
+  const char* button;
+  int tab;
+  const char* lists;
+};
+
+class SlowListing : public SlowDataSource, public testing::WithParamInterface<Listing> {};
+
+TEST_P(SlowListing, IsWaitedForUnderAnHourglass) {
+  const auto& [button, tab, lists] = GetParam();
+  Configure([&, button = button, tab = tab, lists = lists](Person& person) {
+    person.Click("optBCP(1)");
+    person.ClickTab(tab);
+    person.Aim(button);
     const PointerOnScreen pointer;
     const auto usual = pointer.Shape();
-    person.Click("Command1");
+    person.Click(button);
     pointer.WaitForOtherThan(usual);
-    EXPECT_THAT(source_.LogLines("SQLDriverConnect"), SizeIs(testing::Le(1)));
-    EXPECT_THAT(source_.LogLines("SQLTables"), SizeIs(0));
-    person.WaitForDialog("FrmTable");
-    person.Press("Escape");
+    EXPECT_THAT(source_.LogLines(lists), SizeIs(0));
+    if (tab == 0) {
+      person.WaitForDialog("FrmTable");
+      person.Press("Escape");
+    }
     person.WaitForDialog("FrmImpTable");
-    person.Aim("Command1");
+    person.Aim(button);
     pointer.WaitFor(usual);
+    EXPECT_THAT(source_.LogLines(lists), SizeIs(1));
   });
 }
+
+INSTANTIATE_TEST_SUITE_P(OfEachButton, SlowListing,
+                         testing::Values(Listing{"Command1", 0, "SQLTables"},
+                                         Listing{"cmdCle", 0, "SQLPrimaryKeys"},
+                                         Listing{"cmdInfo", 3, "SQLColumns"}),
+                         [](const auto& listing) { return std::string(listing.param.button); });
 
 TEST_F(SlowDataSource, IsAskedOnceHoweverOftenTheButtonIsPressed) {
   Configure([this](Person& person) {
