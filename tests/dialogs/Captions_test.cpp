@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <wx/dialog.h>
 
+#include <cstdlib>
 #include <tuple>
 
 #include "tests/dialogs/ClientTask.h"
@@ -76,6 +77,27 @@ TEST_P(Captions, AreNowhereCut) {
 INSTANTIATE_TEST_SUITE_P(EachLanguageAndSize, Captions,
                          testing::Combine(kEachLanguage, testing::Values("Sans 10", "Sans 15")),
                          CaptionsName);
+
+TEST(Letters, AreDrawnWithAllPixelsOfTheScreen) {
+  const char* const scale = std::getenv("GDK_SCALE");
+  DialogPlace place(kClientTable, Language::kEnglish);
+  place.Configure([&](Person& person) {
+    EXPECT_EQ(OnMainThread([] { return FrontDialog()->GetContentScaleFactor(); }),
+              scale == nullptr ? 1.0 : std::stod(scale));
+    person.Press("Escape");
+  });
+}
+
+TEST(Icons, AreThoseOfEveryDialog) {
+  DialogPlace place(kClientTable, Language::kEnglish);
+  SetUpClientTask(place);
+  place.Configure([&](Person& person) {
+    LookAtEach(person, place.boxes(), [](const std::string& dialog) {
+      EXPECT_FALSE(OnMainThread([] { return FrontDialog()->GetIcons().IsEmpty(); })) << dialog;
+    });
+    person.Press("Escape");
+  });
+}
 
 TEST(Letters, MakeTheDialogsGrowWithThem) {
   DialogPlace place(kClientTable, Language::kFrench);

@@ -6,6 +6,7 @@
 #include <wx/grid.h>
 #include <wx/listbox.h>
 #include <wx/listctrl.h>
+#include <wx/math.h>
 #include <wx/notebook.h>
 
 #include <chrono>
@@ -32,7 +33,9 @@ std::optional<wxRect> PlaceOf(const std::string& name) {
 
 /// Words for xdotool. A mouse that is there already moves all the same: what opened under one that
 /// rests doesn't know of it.
-std::vector<std::string> WordsToMoveTo(const wxPoint& point) {
+std::vector<std::string> WordsToMoveTo(const wxPoint& place) {
+  const double scale = OnMainThread([] { return FrontDialog()->GetContentScaleFactor(); });
+  const wxPoint point(wxRound(place.x * scale), wxRound(place.y * scale));
   const std::string x = std::to_string(point.x);
   return {"xdotool",
           "mousemove",

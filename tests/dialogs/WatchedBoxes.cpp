@@ -1,6 +1,9 @@
 #include "tests/dialogs/WatchedBoxes.h"
 
+#include <wx/dialog.h>
+
 #include <chrono>
+#include <optional>
 #include <stdexcept>
 #include <thread>
 
@@ -9,6 +12,20 @@
 #include "tests/dialogs/Person.h"
 
 namespace imptable {
+namespace {
+
+/// Between a box and the next one, or the dialog if there is any, keys go astray.
+void WaitForTheKeyboard() {
+  WaitFor(
+      [] {
+        wxDialog* const dialog = FrontDialog();
+        const bool somebody_has_it = dialog == nullptr || dialog->IsActive() || FrontBox();
+        return somebody_has_it ? std::optional<bool>(true) : std::nullopt;
+      },
+      "the keyboard");
+}
+
+}  // namespace
 
 void WatchedBoxes::Open(const char* kind, std::string_view text, std::string_view caption) {
   const std::lock_guard lock(mutex_);
@@ -60,6 +77,7 @@ std::string WatchedBoxes::Answer(const std::string& key) {
     }
   }
   if (is_open()) throw std::runtime_error("the box stays: " + said);
+  WaitForTheKeyboard();
   const std::lock_guard lock(mutex_);
   pending_.erase(pending_.begin());
   return said;
