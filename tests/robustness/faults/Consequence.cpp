@@ -231,6 +231,20 @@ bool IsRelease(Operation operation) {
          operation == Operation::kFreeConnect || operation == Operation::kFreeEnv;
 }
 
+bool IsCopy(const std::string& path) { return path.ends_with(".LEB") || path.ends_with(".TRB"); }
+
+/// Whether a file may go without being told to close: one that failed itself; those that a run has
+/// open when it stops; one that is made of another that can't be read, and is given up.
+bool MayBeDropped(const std::string& path, const std::vector<Occurrence>& hits,
+                  Consequence consequence) {
+  if (consequence == Consequence::kStopped) return true;
+  return std::any_of(hits.begin(), hits.end(), [&](const Occurrence& hit) {
+    if (hit.about == path) return true;
+    const bool given_up = path.ends_with(".NEW") || IsCopy(path) || IsCopy(hit.about);
+    return given_up && hit.operation == Operation::kRead;
+  });
+}
+
 }  // namespace
 
 Consequence ConsequenceOf(const Fault& fault, const Occurrence& hit, const Workload& workload) {
@@ -305,6 +319,9 @@ std::vector<std::string> Objections(const Fault& fault, const std::vector<Occurr
                 "success, but the rows aren't as they should be");
 
   const Consequence consequence = ConsequenceOf(fault, hit, workload);
+  for (const std::string& path : struck.dropped_files) {
+    reader.Expect(MayBeDropped(path, hits, consequence), path + " isn't told to close");
+  }
   ObjectToConsequence(consequence, hit, workload, plain, struck, reader);
   // Where all fail, the last one is as telling as the first.
   const bool mentioned = std::any_of(hits.begin(), hits.end(), [&](const Occurrence& each) {

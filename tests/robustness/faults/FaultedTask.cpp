@@ -116,6 +116,7 @@ std::string FaultedTask::FileText(const std::string& path) const {
 RunRecord FaultedTask::Run(std::int16_t request, std::optional<Fault> fault) {
   Events events;
   host_.lines.clear();
+  files_.ForgetDropped();
   calls_.connections_made = calls_.disconnects_tried = 0;
   ImpTable task(*state_, &events);
   task.InitializeProperties("T1", "S1", 0);
@@ -138,6 +139,7 @@ RunRecord FaultedTask::Run(std::int16_t request, std::optional<Fault> fault) {
   record.complete_was_last = events.last_is_complete;
   record.armed_timers = message_loop_.armed().size();
   record.open_files = files_.open_files();
+  record.dropped_files = files_.dropped();
   record.connections_made = calls_.connections_made;
   record.disconnects_tried = calls_.disconnects_tried;
   record.live_handles = calls_.live_handles();

@@ -39,6 +39,7 @@ struct RunRecord {
   bool complete_was_last = false;
   std::size_t armed_timers = 0;
   int open_files = 0;
+  std::vector<std::string> dropped_files;  // written, but not told to close
   int connections_made = 0;
   int disconnects_tried = 0;
   std::size_t live_handles = 0;

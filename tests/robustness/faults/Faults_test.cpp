@@ -223,6 +223,7 @@ std::unique_ptr<ScriptedDataSource> EveryFault::source_;
 TEST_P(EveryFault, LeavesARunThatEndsSaysSoAndCanBeCompleted) {
   FaultedTask undisturbed(*source_, workload(), GetParam().traced_resume);
   const RunRecord plain = undisturbed.RunWorkload(std::nullopt);
+  EXPECT_THAT(plain.dropped_files, testing::IsEmpty());
   const std::vector<Fault> faults = FaultsOf(undisturbed.plan());
   ASSERT_FALSE(faults.empty());
   int injected = 0;

@@ -46,6 +46,10 @@ class FaultyFiles::Output : public OutputFile {
   Output(FaultyFiles& owner, std::string path, std::unique_ptr<OutputFile> file)
       : owner_(owner), opened_(owner.open_files_), path_(std::move(path)), file_(std::move(file)) {}
 
+  ~Output() override {
+    if (!closed_) owner_.dropped_.push_back(path_);
+  }
+
   std::error_code Write(std::string_view bytes) override {
     const auto effect = owner_.plan_.Next(Operation::kWrite, path_);
     if (!effect) return file_->Write(bytes);
@@ -63,6 +67,7 @@ class FaultyFiles::Output : public OutputFile {
   }
 
   std::error_code Close() override {
+    closed_ = true;
     const std::error_code wanted = owner_.Next(Operation::kClose, path_);
     const std::error_code error = file_->Close();
     return wanted ? wanted : error;
@@ -73,6 +78,7 @@ class FaultyFiles::Output : public OutputFile {
   Opened opened_;
   std::string path_;
   std::unique_ptr<OutputFile> file_;
+  bool closed_ = false;
 };
 
 std::error_code FaultyFiles::Next(Operation operation, const std::string& path) const {

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "platform/FileSystem.h"
 #include "tests/robustness/faults/FaultPlan.h"
@@ -20,6 +21,11 @@ class FaultyFiles : public FileSystem {
   FaultyFiles(FileSystem& files, FaultPlan& plan) : files_(files), plan_(plan) {}
 
   int open_files() const { return open_files_; }
+
+  /// The files that were written and went without being told to close, so that nobody learnt
+  /// whether that worked.
+  const std::vector<std::string>& dropped() const { return dropped_; }
+  void ForgetDropped() { dropped_.clear(); }
 
   std::string Locate(std::string_view path) const override { return files_.Locate(path); }
   using FileSystem::Query;
@@ -44,6 +50,7 @@ class FaultyFiles : public FileSystem {
   FileSystem& files_;
   FaultPlan& plan_;
   int open_files_ = 0;
+  std::vector<std::string> dropped_;
 };
 
 }  // namespace imptable
