@@ -193,6 +193,20 @@ TEST_F(RunFailures, ATraceThatCannotBeDeletedAfterASuccessIsNotResumed) {
   EXPECT_THAT(run_.Executed(), ElementsAre("1='3' 2='c'", "1='4' 2='d'"));
 }
 
+TEST_F(RunFailures, ATraceThatCanNeitherBeDeletedNorEmptiedAfterASuccessIsDeclaredOver) {
+  run_.Set("RecTrace", 1);
+  const std::error_code denied = std::make_error_code(std::errc::permission_denied);
+  run_.component.files.Fail(FileOperation::kRemove, 8, denied);
+  run_.component.files.Fail(FileOperation::kOpenWrite, 4, denied);
+  EXPECT_EQ(run_.Go(), 2);
+  EXPECT_THAT(run_.Trace(), SizeIs(2));
+  EXPECT_EQ(run_.folder.Read("CLIENTS.REP"), "VOID\n");
+  run_.Source({"3;c", "4;d"});
+  EXPECT_EQ(run_.Go(kResumeRequest), 2);
+  EXPECT_THAT(run_.Executed(), ElementsAre("1='3' 2='c'", "1='4' 2='d'"));
+  EXPECT_THAT(run_.FileNames(), testing::Not(Contains(HasSubstr(".REP"))));
+}
+
 TEST_F(RunFailures, AChainThatCannotBeDeclaredOverAfterASuccessIsDeletedAllTheSame) {
   run_.Set("RecTrace", 1);
   run_.folder.Write("CLIENTS.TRC", TextFile({"00000001000000000"}));
