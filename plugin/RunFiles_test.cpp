@@ -162,12 +162,12 @@ TEST_F(RunFiles, AreDeletedInOrderByTheAliasAsStored) {
   ImportNothing();
   run_.Set("Alias", "C  ");
   run_.Go();
-  EXPECT_THAT(run_.component.files.log(),
-              ElementsAre("remove " + At("C  .ERR"), "remove " + At("C  .TRC"),
-                          "remove " + At("C  .LER"), "remove " + At("C  .REP.NEW"),
-                          "remove " + At("C  .REP"), "open read " + At("C.CSV"),
-                          "remove " + At("C  .TRC"), "remove " + At("C  .LER"),
-                          "remove " + At("C  .REP.NEW"), "remove " + At("C  .REP")));
+  EXPECT_THAT(
+      run_.component.files.log(),
+      ElementsAre("remove " + At("C  .ERR"), "remove " + At("C  .TRC"), "remove " + At("C  .LER"),
+                  "remove " + At("C  .REP.NEW"), "remove " + At("C  .REP"),
+                  "open read " + At("C.CSV"), "remove " + At("C  .TRC"), "remove " + At("C  .LER"),
+                  "remove " + At("C  .REP.NEW"), "remove " + At("C  .REP")));
 }
 
 TEST_F(RunFiles, HaveTheErrorsThatCountNamedByTheAliasWithoutTrailingBlanks) {
