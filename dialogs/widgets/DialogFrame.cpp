@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "dialogs/widgets/AccessKey.h"
 #include "dialogs/widgets/WidgetText.h"
 
 namespace imptable {
@@ -37,6 +38,9 @@ void FinishDialog(wxDialog& dialog, const ModuleCommun& module, wxSizer* content
   dialog.SetSizerAndFit(all);
   ok->Bind(wxEVT_BUTTON, [confirm = std::move(confirm)](wxCommandEvent&) { confirm(); });
   ok->SetDefault();
+  dialog.Bind(wxEVT_CHAR_HOOK, [&dialog](wxKeyEvent& event) {
+    if (!PressByAccessKey(dialog, event)) event.Skip();
+  });
   dialog.SetEscapeId(wxID_CANCEL);
   dialog.CentreOnParent();
 }

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "dialogs/ImpTableControls.h"
+#include "dialogs/widgets/AccessKey.h"
 #include "dialogs/widgets/ImpTableWindow.h"
 #include "dialogs/widgets/PasswordField.h"
 
@@ -122,7 +123,7 @@ void ImpTableWindow::OnKey(wxKeyEvent& event) {
     focus->Navigate(wxNavigationKeyEvent::IsForward);
   } else if (key == WXK_ESCAPE && !event.HasAnyModifiers()) {
     Later([this] { presenter_.Cancel(); });
-  } else {
+  } else if (!PressByAccessKey(*this, event)) {
     event.Skip();
   }
 }

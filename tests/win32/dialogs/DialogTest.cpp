@@ -11,21 +11,21 @@ constexpr const wchar_t* kScenario = L"SOFTWARE\\KALDO\\Scenarios\\S1";
 
 }  // namespace
 
-DialogTest::DialogTest() {
+DialogTest::DialogTest(const DialogWords& words) : words_(words) {
   database_.Execute("DROP TABLE IF EXISTS CLIENT");
   database_.Execute(
       "CREATE TABLE CLIENT (ID INTEGER PRIMARY KEY, NAME VARCHAR(20), BORN DATE, AMOUNT FLOAT)");
   folder_.Write("CLIENTS.CSV", "1;Anna;15/11/2006;12.5\r\n2;Bob;01/02/1999;3\r\n");
-  MakeTask(kEnglish, true);
+  MakeTask();
 }
 
 DialogTest::~DialogTest() { RegDeleteTreeW(HKEY_LOCAL_MACHINE, kScenario); }
 
-void DialogTest::MakeTask(int language, bool is_new) {
+void DialogTest::MakeTask(bool is_new) {
   const std::string report = folder_.path() + "report.txt";
-  EXPECT_EQ(
-      host_.Ask("task\tT1\t" + std::to_string(language) + '\t' + report + (is_new ? "\tnew" : "")),
-      "");
+  EXPECT_EQ(host_.Ask("task\tT1\t" + std::to_string(words_.language) + '\t' + report +
+                      (is_new ? "\tnew" : "")),
+            "");
 }
 
 HWND DialogTest::Show() {
@@ -39,35 +39,49 @@ std::string DialogTest::ShowAndCancel() {
   return host_.Answer();
 }
 
-void DialogTest::Configure() {
-  person_.Fill(L"Data source name", L"Shop");
-  person_.Fill(L"User", L"me");
-  person_.Click(L"List Tables");
-  EXPECT_EQ(person_.WaitForOther(), L"Select table");
+void DialogTest::Cancel(const std::string& outcome) {
+  person_.Click(words_.cancel);
+  EXPECT_EQ(host_.Answer(), outcome);
+}
+
+void DialogTest::FillFirstTab() {
+  person_.Fill(words_.source, L"Shop");
+  person_.Fill(words_.user, L"me");
+  person_.Click(words_.tables);
+  EXPECT_EQ(person_.WaitForOther(), words_.pick_table);
   ScreenPerson::Press(VK_DOWN);
   ScreenPerson::Press(VK_RETURN);
   person_.WaitForTaskDialog();
   EXPECT_TRUE(person_.SeesText(L"CLIENT"));
   person_.Fill(L"Alias", L"CLIENTS");
-  person_.Fill(L"Directory", Files());
+  person_.Fill(words_.directory, Files());
+}
+
+void DialogTest::Configure() {
+  FillFirstTab();
   person_.ClickTab(3);
   EXPECT_TRUE(person_.SeesText(L"1;Anna;15/11/2006;12.5"));
   person_.ClickTab(1);
-  person_.Click(L"Fixed");
-  EXPECT_EQ(person_.AnswerBox(), L"File contains 4 column(s)");
-  person_.Click(L"Delimited");
-  EXPECT_EQ(person_.AnswerBox(), L"File contains 4 column(s)");
-  EXPECT_EQ(person_.Sees(L"No. of columns"), L"4");
-  person_.Click(L"Decimal separator");
+  person_.Click(words_.fixed);
+  EXPECT_EQ(person_.AnswerBox(), words_.counted);
+  person_.Click(words_.delimited);
+  EXPECT_EQ(person_.AnswerBox(), words_.counted);
+  EXPECT_EQ(person_.Sees(words_.column_count), L"4");
+  person_.Click(words_.decimal_separator);
+  person_.Click(words_.destination_fields);
   person_.ClickTab(3);
-  constexpr int kDate = 3;
-  person_.ChooseType(2, kDate);
-  EXPECT_EQ(person_.WaitForOther(), L"Date format");
+  person_.ChooseType(2, TypeMenuLine::kDate);
+  EXPECT_EQ(person_.WaitForOther(), words_.date_format);
   person_.Click(L"jj?mm?aaaa");
-  person_.Click(L"Include");
-  person_.Fill(L"Include", L"/");
+  person_.Click(words_.with_separator);
+  person_.Fill(words_.with_separator, L"/");
   ScreenPerson::Press(VK_RETURN);
   person_.WaitForTaskDialog();
+  person_.Click(words_.column_details);
+  for (std::size_t row = 0; row < 4; ++row) {
+    person_.ClickCell(1, row, 3);
+    person_.ClickEntry(L"Col N\u00b0 " + std::to_wstring(row + 1));
+  }
 }
 
 std::wstring DialogTest::Files() const {
@@ -82,6 +96,12 @@ std::wstring DialogTest::Stored(const std::wstring& value, const std::wstring& s
   const LSTATUS status = RegGetValueW(HKEY_LOCAL_MACHINE, key.c_str(), value.c_str(), RRF_RT_REG_SZ,
                                       nullptr, text.data(), &size);
   return status == ERROR_SUCCESS ? text.data() : L"<none>";
+}
+
+void DialogTest::StoreVariable(const std::wstring& name, const std::wstring& value) {
+  const std::wstring key = std::wstring(kScenario) + L"\\Variables";
+  RegSetKeyValueW(HKEY_LOCAL_MACHINE, key.c_str(), name.c_str(), REG_SZ, value.c_str(),
+                  static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
 }
 
 HWND DialogTest::ActiveWindowOfHost() const {

@@ -37,6 +37,12 @@ void SendKey(WORD key, WORD scan, DWORD flags) {
   SendInput(1, &input, sizeof input);
 }
 
+/// Those between letters and numbers, not those of the number pad.
+DWORD KeyFlags(WORD key) {
+  const bool is_extended = key >= VK_PRIOR && key <= VK_DOWN;
+  return is_extended ? KEYEVENTF_EXTENDEDKEY : 0;
+}
+
 bool HasTabs(HWND window) { return FindIn(window, kTabs) != nullptr; }
 
 /// A box or option, whose mark is at its left.
@@ -169,6 +175,14 @@ void ScreenPerson::ClickTab(int tab) const {
   WaitUntil([&] { return AskWindow(tabs, TCM_GETCURSEL) == tab; }, "a tab");
 }
 
+void ScreenPerson::GoToTab(int tab) const {
+  const HWND tabs = WaitFor([&] { return FindIn(Front(), kTabs); }, "the tabs");
+  for (LRESULT at = AskWindow(tabs, TCM_GETCURSEL); at < tab; ++at) {
+    PressWith(VK_CONTROL, VK_NEXT);
+    WaitUntil([&] { return AskWindow(tabs, TCM_GETCURSEL) == at + 1; }, "the next tab");
+  }
+}
+
 void ScreenPerson::ClickCell(std::size_t grid, std::size_t row, std::size_t column) const {
   const auto look = [&]() -> std::optional<POINT> {
     const std::vector<HWND> grids = GridsIn(Front());
@@ -181,10 +195,24 @@ void ScreenPerson::ClickCell(std::size_t grid, std::size_t row, std::size_t colu
   ClickAt(*WaitFor(look, "a cell of a grid"));
 }
 
-void ScreenPerson::ChooseType(std::size_t row, int entry) const {
+void ScreenPerson::ChooseType(std::size_t row, TypeMenuLine line) const {
+  ClickCell(0, row, 1);
+  ChooseInMenu(line);
+}
+
+void ScreenPerson::ChooseInMenu(TypeMenuLine line) const {
+  WaitForMenu();
+  Press(VK_DOWN, static_cast<int>(line));
+  Press(VK_RETURN);
+  WaitForMenu(false);
+}
+
+void ScreenPerson::ChooseNumber(std::size_t row, NumberLine line) const {
   ClickCell(0, row, 1);
   WaitForMenu();
-  for (int step = 0; step < entry; ++step) Press(VK_DOWN);
+  Press(VK_DOWN, static_cast<int>(TypeMenuLine::kNumeric));
+  Press(VK_RIGHT);
+  Press(VK_DOWN, static_cast<int>(line));
   Press(VK_RETURN);
   WaitForMenu(false);
 }
@@ -226,6 +254,72 @@ bool ScreenPerson::IsChecked(const std::wstring& caption) const {
   return AskWindow(box, BM_GETCHECK) == BST_CHECKED;
 }
 
+void ScreenPerson::ClickVariableButton(const std::wstring& label) const {
+  const HWND button = WaitFor(
+      [&]() -> HWND {
+        const HWND field = FieldOf(Front(), label);
+        if (field == nullptr) return nullptr;
+        for (const HWND each : WindowsIn(Front())) {
+          const RECT place = PlaceOf(each);
+          const LONG line = MiddleOf(field).y;
+          const bool is_beside =
+              place.left >= PlaceOf(field).right - 1 && place.top < line && place.bottom > line;
+          if (is_beside && ClassOf(each) == L"Button" && TextOf(each) == L"@") return each;
+        }
+        return nullptr;
+      },
+      FromWide(L"the variable button of " + label));
+  ClickAt(MiddleOf(button));
+}
+
+bool ScreenPerson::IsMasked(const std::wstring& label) const {
+  const HWND field = WaitFor([&] { return FieldOf(Front(), label); }, FromWide(label));
+  return AskWindow(field, EM_GETPASSWORDCHAR) != 0;
+}
+
+HWND ScreenPerson::Focus() const {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  GetGUIThreadInfo(GetWindowThreadProcessId(host_, nullptr), &info);
+  return info.hwndFocus;
+}
+
+HWND ScreenPerson::ControlOf(const std::wstring& label) const {
+  const HWND button = FindIn(Front(), L"Button", label);
+  const bool is_frame =
+      button != nullptr && (GetWindowLongPtrW(button, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
+  return button != nullptr && !is_frame ? button : FieldOf(Front(), label);
+}
+
+void ScreenPerson::GoToWindow(const std::function<HWND()>& find, const std::string& what) const {
+  constexpr int kMostStops = 40;
+  for (int stop = 0; stop < kMostStops; ++stop) {
+    const HWND focus = WaitFor([&] { return Focus(); }, "any focus");
+    if (focus == WaitFor(find, what)) return;
+    Press(VK_TAB);
+    WaitUntil([&] { return Focus() != focus; }, "the focus to go on towards " + what);
+  }
+  throw std::runtime_error("Tab doesn't lead to " + what);
+}
+
+void ScreenPerson::GoTo(const std::wstring& label) const {
+  GoToWindow([&] { return ControlOf(label); }, FromWide(label));
+}
+
+void ScreenPerson::GoToGrid(std::size_t grid) const {
+  GoToWindow(
+      [&] {
+        const std::vector<HWND> grids = GridsIn(Front());
+        return grid < grids.size() ? grids[grid] : nullptr;
+      },
+      "a grid");
+}
+
+void ScreenPerson::WaitForFocus(const std::wstring& label) const {
+  WaitUntil([&] { return Focus() != nullptr && Focus() == ControlOf(label); },
+            FromWide(L"the focus in " + label));
+}
+
 HWND ScreenPerson::WaitForList() const {
   return WaitFor(
       [&]() -> HWND {
@@ -247,12 +341,22 @@ void ScreenPerson::ClickEntry(const std::wstring& entry) const {
   ClickAt(place);
 }
 
-void ScreenPerson::Press(int key) {
+void ScreenPerson::Press(int key, int times) {
   const auto code = static_cast<WORD>(key);
   const auto scan = static_cast<WORD>(MapVirtualKeyW(code, MAPVK_VK_TO_VSC));
-  SendKey(code, scan, 0);
-  SendKey(code, scan, KEYEVENTF_KEYUP);
-  std::this_thread::sleep_for(kGlance);
+  for (; times > 0; --times) {
+    SendKey(code, scan, KeyFlags(code));
+    SendKey(code, scan, KeyFlags(code) | KEYEVENTF_KEYUP);
+    std::this_thread::sleep_for(kGlance);
+  }
+}
+
+void ScreenPerson::PressWith(int held_key, int key) {
+  const auto held = static_cast<WORD>(held_key);
+  const auto scan = static_cast<WORD>(MapVirtualKeyW(held, MAPVK_VK_TO_VSC));
+  SendKey(held, scan, 0);
+  Press(key);
+  SendKey(held, scan, KEYEVENTF_KEYUP);
 }
 
 void ScreenPerson::Type(const std::wstring& text) {

@@ -8,6 +8,12 @@
 
 namespace imptable {
 
+/// A line of the menu of types that a click into the first grid opens, counted from its top.
+enum class TypeMenuLine : int { kText = 1, kNumeric, kDate, kBoolean, kLength, kDecimals };
+
+/// A line of its submenu of numbers.
+enum class NumberLine : int { kByte, kInteger, kLong, kSingle, kDouble };
+
 /// Somebody before the screen: moves the mouse, presses keys, and sees the windows of a process as
 /// Windows shows them: by their captions and places. Each member waits until what it needs is
 /// there, and throws std::runtime_error when that takes too long.
@@ -37,13 +43,18 @@ class ScreenPerson {
   /// A button, box or option by its caption in the window in front.
   void Click(const std::wstring& caption) const;
   void ClickTab(int tab) const;
+  /// Goes on to a tab by keys.
+  void GoToTab(int tab) const;
 
   /// Clicks into a cell. @param grid  counted from the left. @param row, column  from 0, without
   /// the header.
   void ClickCell(std::size_t grid, std::size_t row, std::size_t column) const;
 
-  /// Clicks into a cell of the first grid and goes down to an entry of the menu that opens.
-  void ChooseType(std::size_t row, int entry) const;
+  /// Clicks into a cell of the first grid and goes down to a line of the menu that opens.
+  void ChooseType(std::size_t row, TypeMenuLine line) const;
+  void ChooseNumber(std::size_t row, NumberLine line) const;
+  /// The same in a menu that opens by itself.
+  void ChooseInMenu(TypeMenuLine line) const;
 
   /// Waits until a menu is open, or no longer.
   void WaitForMenu(bool is_open = true) const;
@@ -59,6 +70,20 @@ class ScreenPerson {
 
   bool IsChecked(const std::wstring& caption) const;
 
+  /// Clicks the button "@" beside a field, which has the focus then, but for that of the sources.
+  void ClickVariableButton(const std::wstring& label) const;
+
+  /// Whether letters that are typed into the field can't be read.
+  bool IsMasked(const std::wstring& label) const;
+
+  /// Goes on by Tab until a field, button or option of this label has the focus.
+  void GoTo(const std::wstring& label) const;
+  /// The same for a grid, counted from the left.
+  void GoToGrid(std::size_t grid) const;
+
+  /// Waits until the field or control of this label has the focus.
+  void WaitForFocus(const std::wstring& label) const;
+
   /// Waits until a list is to be seen over the grid, with a selected entry. @return its window.
   HWND WaitForList() const;
 
@@ -66,7 +91,8 @@ class ScreenPerson {
   void ClickEntry(const std::wstring& entry) const;
 
   /// @param key  its virtual-key code.
-  static void Press(int key);
+  static void Press(int key, int times = 1);
+  static void PressWith(int held_key, int key);
   static void Type(const std::wstring& text);
 
   /// Saves the window in front, in the frame that the screen's window manager gives it, as a
@@ -74,6 +100,10 @@ class ScreenPerson {
   void TakePicture(const std::wstring& file) const;
 
  private:
+  HWND Focus() const;
+  HWND ControlOf(const std::wstring& label) const;
+  void GoToWindow(const std::function<HWND()>& find, const std::string& what) const;
+
   DWORD process_;
   HWND host_;
 };

@@ -1,21 +1,35 @@
-// Stands in for the system's ODBC administrator: makes the data source "Added" while its window is
-// shown for a moment.
+// Stands in for the system's ODBC administrator: when somebody closes its window, it makes the data
+// source "Added".
 
-#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <string>
-#include <thread>
 
 #include "platform/Windows_win32.h"
 
+namespace {
+
+LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM word, LPARAM pointer) {
+  if (message == WM_DESTROY) PostQuitMessage(0);
+  return DefWindowProcW(window, message, word, pointer);
+}
+
+}  // namespace
+
 int main() {
-  const HWND window =
-      CreateWindowExW(0, L"STATIC", L"Administrator", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 500, 300,
-                      100, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
-  std::this_thread::sleep_for(std::chrono::milliseconds(1500));
+  WNDCLASSW description{};
+  description.lpfnWndProc = &OnMessage;
+  description.hInstance = GetModuleHandleW(nullptr);
+  description.lpszClassName = L"StandInAdministrator";
+  RegisterClassW(&description);
+  const HWND window = CreateWindowExW(0, description.lpszClassName, L"Administrator",
+                                      WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 500, 300, 100, nullptr,
+                                      nullptr, description.hInstance, nullptr);
+  if (window == nullptr) return 1;
+  MSG message;
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
   const char* const sources = std::getenv("ODBCINI");
-  if (sources == nullptr || window == nullptr) return 1;
+  if (sources == nullptr) return 1;
   std::ofstream file(std::string("Z:") + sources, std::ios::app);
   file << "[Added]\nDriver=none\n" << std::flush;
   return file ? 0 : 1;

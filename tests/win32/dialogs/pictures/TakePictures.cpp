@@ -7,6 +7,7 @@
 #include <string>
 
 #include "plugin/automation/AutomationText.h"
+#include "tests/win32/dialogs/DialogWords.h"
 #include "tests/win32/dialogs/HostProcess.h"
 #include "tests/win32/dialogs/ScreenPerson.h"
 #include "tests/win32/dialogs/ShopDatabase.h"
@@ -17,25 +18,13 @@ namespace {
 
 constexpr int kTabCount = 4;
 
-/// What the person clicks on, as one language calls it.
-struct Captions {
-  int language;
-  const wchar_t* fixed;
-  const wchar_t* tables;
-  const wchar_t* update;
-  const wchar_t* keys;
-};
-
-constexpr Captions kFrench{0, L"Fixe", L"Liste Tables", L"Par UPDATE", L"Liste Cl\u00e9/Index"};
-constexpr Captions kEnglish{10000, L"Fixed", L"List Tables", L"Using UPDATE", L"Key/index list"};
-
 class Photographer {
  public:
-  Photographer(const Captions& captions, std::wstring folder)
-      : captions_(captions), folder_(std::move(folder)) {}
+  Photographer(const DialogWords& words, std::wstring folder)
+      : words_(words), folder_(std::move(folder)) {}
 
   void Work() {
-    host_.Ask("task\tT1\t" + std::to_string(captions_.language) + "\tC:\\report.txt");
+    host_.Ask("task\tT1\t" + std::to_string(words_.language) + "\tC:\\report.txt");
     host_.Tell("show");
     person_.WaitForTaskDialog();
     for (int tab = 0; tab < kTabCount; ++tab) {
@@ -63,30 +52,28 @@ class Photographer {
   }
 
   void TakeColumns() const {
-    constexpr int kDateEntry = 3;
-    person_.ChooseType(2, kDateEntry);
+    person_.ChooseType(2, TypeMenuLine::kDate);
     TakeAndLeave(L"date");
     person_.ClickCell(1, 1, 3);
     person_.WaitForList();
     Take(L"origin");
     Escape();
     person_.ClickTab(1);
-    person_.Click(captions_.fixed);
+    person_.Click(words_.fixed);
     person_.AnswerBox();
     person_.ClickTab(3);
-    constexpr int kLengthEntry = 5;
-    person_.ChooseType(1, kLengthEntry);
+    person_.ChooseType(1, TypeMenuLine::kLength);
     TakeAndLeave(L"number");
   }
 
   void TakePickers() const {
     person_.ClickTab(0);
-    person_.Click(captions_.tables);
+    person_.Click(words_.tables);
     person_.WaitForOther();
     ScreenPerson::Press(VK_DOWN);
     TakeAndLeave(L"tables");
-    person_.Click(captions_.update);
-    person_.Click(captions_.keys);
+    person_.Click(words_.by_update);
+    person_.Click(words_.keys);
     person_.WaitForOther();
     ScreenPerson::Press(VK_DOWN);
     TakeAndLeave(L"keys");
@@ -94,7 +81,7 @@ class Photographer {
     TakeAndLeave(L"variables");
   }
 
-  const Captions& captions_;
+  const DialogWords& words_;
   std::wstring folder_;
   HostProcess host_;
   const ScreenPerson person_{host_.id(), host_.window()};
