@@ -49,9 +49,13 @@ HostProcess::HostProcess() {
 }
 
 HostProcess::~HostProcess() {
-  TerminateProcess(process_.hProcess, 99);
-  WaitForSingleObject(process_.hProcess, kEndTime);
-  for (const HANDLE handle : {process_.hProcess, process_.hThread, input_, output_}) {
+  constexpr DWORD kQuitTime = 5000;
+  CloseHandle(input_);
+  if (WaitForSingleObject(process_.hProcess, kQuitTime) != WAIT_OBJECT_0) {
+    TerminateProcess(process_.hProcess, 99);
+    WaitForSingleObject(process_.hProcess, kEndTime);
+  }
+  for (const HANDLE handle : {process_.hProcess, process_.hThread, output_}) {
     CloseHandle(handle);
   }
 }

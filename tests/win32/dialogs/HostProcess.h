@@ -16,7 +16,7 @@ class HostProcess {
   HostProcess(const HostProcess&) = delete;
   HostProcess& operator=(const HostProcess&) = delete;
 
-  /// Ends it, whatever it does.
+  /// Asks it to quit, and ends it when it doesn't.
   ~HostProcess();
 
   HWND window() const { return window_; }

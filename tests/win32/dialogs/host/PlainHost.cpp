@@ -9,14 +9,17 @@
 #include <vector>
 
 #include "plugin/automation/AutomationText.h"
+#include "plugin/automation/testing/StandInHost.h"
 #include "tests/win32/component/ComponentDll.h"
 #include "tests/win32/dialogs/host/LineReader.h"
+#include "tests/win32/dialogs/host/ScarceMemory.h"
 #include "tests/win32/dialogs/host/WindowClasses.h"
 
 namespace imptable {
 namespace {
 
 constexpr UINT kLine = WM_APP;
+constexpr UINT kTickTime = 50;  // milliseconds
 constexpr const wchar_t* kClass = L"PlainHost";
 constexpr RECT kPlace{40, 30, 940, 330};
 
@@ -53,6 +56,7 @@ class PlainHost {
                               nullptr, nullptr, description.hInstance, nullptr);
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     SetForegroundWindow(window_);
+    SetTimer(window_, 1, kTickTime, nullptr);
   }
   PlainHost(const PlainHost&) = delete;
   PlainHost& operator=(const PlainHost&) = delete;
@@ -72,9 +76,14 @@ class PlainHost {
 
  private:
   static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM word, LPARAM pointer) {
-    if (message != kLine) return DefWindowProcW(window, message, word, pointer);
     auto* const host = reinterpret_cast<PlainHost*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    host->Do(Lines().Take());
+    if (message == kLine) {
+      host->Do(Lines().Take());
+    } else if (message == WM_TIMER) {
+      ++host->ticks_;
+    } else {
+      return DefWindowProcW(window, message, word, pointer);
+    }
     return 0;
   }
 
@@ -84,6 +93,8 @@ class PlainHost {
       PostQuitMessage(std::stoi(words.at(1)));
     } else if (command == "ping") {
       Say("pong");
+    } else if (command == "ticks") {
+      Say(std::to_string(ticks_));
     } else if (command == "classes") {
       Say(std::to_string(WindowClassesOf(dll_->handle())));
     } else if (command == "icons") {
@@ -91,8 +102,19 @@ class PlainHost {
       const bool are_there = SendMessageW(front, WM_GETICON, ICON_SMALL, 0) != 0 &&
                              SendMessageW(front, WM_GETICON, ICON_BIG, 0) != 0;
       Say(are_there ? "both" : "missing");
+    } else if (command == "may-unload") {
+      Say(dll_->CanUnloadNow() ? "may" : "may not");
     } else if (command == "unload") {
       Say(Unload());
+    } else if (command == "load") {
+      dll_ = std::make_unique<ComponentDll>();
+      Say("is there");
+    } else if (command == "library") {
+      MakeLibrary(words);
+      Say("is there");
+    } else if (command == "scarce-memory") {
+      RefuseBlocks(dll_->handle(), std::stoul(words.at(1)));
+      Say("refuses");
     } else {
       Say(DoWithTask(words));
     }
@@ -134,6 +156,7 @@ class PlainHost {
   /// task NAME LANGUAGE REPORT [new]
   HRESULT MakeTask(const std::vector<std::string>& words) {
     task_ = dll_->NewTask();
+    if (!task_) return E_FAIL;
     AutomationString name(ToWide(words.at(1)));
     AutomationString scenario(L"S1");
     AutomationString report(ToWide(words.at(3)));
@@ -146,6 +169,23 @@ class PlainHost {
     LONG mode = words.size() > 4 ? 0 : 1;
     if (SUCCEEDED(result)) result = task_->SetWorkingMode(&mode);
     return result;
+  }
+
+  /// library title TEXT: an object library of this host, which has a title for the dialog.
+  /// library no-title REASON, library no-variables REASON: one that fails at these.
+  void MakeLibrary(const std::vector<std::string>& words) {
+    library_ = std::make_unique<StandInHost>();
+    const std::string& text = words.at(2);
+    const auto fail = [text](auto) -> AutomationValue {
+      throw ScriptedFailure{.description = ToWide(text)};
+    };
+    if (words[1] == "title") {
+      library_->Answer("Wrappers", L"GetTitle", text);
+    } else if (words[1] == "no-title") {
+      library_->On("Wrappers", L"GetTitle") = fail;
+    } else {
+      library_->On("Variables", L"OpenNames") = fail;
+    }
   }
 
   HRESULT ShowElsewhere() const {
@@ -170,6 +210,8 @@ class PlainHost {
   }
 
   HWND window_ = nullptr;
+  int ticks_ = 0;
+  std::unique_ptr<StandInHost> library_;
   std::unique_ptr<ComponentDll> dll_ = std::make_unique<ComponentDll>();
   ComPointer<_ImpTable> task_;
 };
