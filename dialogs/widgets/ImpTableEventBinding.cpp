@@ -89,9 +89,12 @@ void ImpTableWindow::BindChoices() {
 
 void ImpTableWindow::BindButtons() {
   for (const ButtonAction& button : kButtons) {
-    controls_.at(button.name)->Bind(wxEVT_BUTTON, [this, action = button.action](wxCommandEvent&) {
+    wxWindow& control = *controls_.at(button.name);
+    control.Bind(wxEVT_BUTTON, [this, action = button.action](wxCommandEvent&) {
       Later([this, action] { (presenter_.*action)(); });
     });
+    // Before the button, which on Windows takes Enter for itself.
+    control.Bind(wxEVT_CHAR_HOOK, &ImpTableWindow::OnKey, this);
   }
 }
 
@@ -119,8 +122,8 @@ void ImpTableWindow::OnKey(wxKeyEvent& event) {
   const bool is_enter = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
   wxWindow* const focus = FindFocus();
   if (is_enter && !event.HasAnyModifiers() && focus != nullptr) {
-    // Enter goes on to the next control, as Tab does.
-    focus->Navigate(wxNavigationKeyEvent::IsForward);
+    // Enter goes on to the next control, as Tab does, not as the arrows among options.
+    focus->Navigate(wxNavigationKeyEvent::IsForward | wxNavigationKeyEvent::FromTab);
   } else if (key == WXK_ESCAPE && !event.HasAnyModifiers()) {
     Later([this] { presenter_.Cancel(); });
   } else if (!PressByAccessKey(*this, event)) {

@@ -17,6 +17,7 @@ namespace imptable {
 namespace {
 
 constexpr std::wstring_view kTabs = L"_wx_SysTabCtl32";
+constexpr std::wstring_view kSpinner = L"msctls_updown32";
 constexpr std::wstring_view kMenu = L"#32768";
 
 void ClickAt(const POINT& point) {
@@ -44,6 +45,12 @@ DWORD KeyFlags(WORD key) {
 }
 
 bool HasTabs(HWND window) { return FindIn(window, kTabs) != nullptr; }
+
+/// A dialog of text and buttons.
+bool IsMessageBox(HWND window) {
+  return !HasTabs(window) && FindIn(window, L"Static") != nullptr &&
+         FindIn(window, L"Edit") == nullptr && FindIn(window, L"ListBox") == nullptr;
+}
 
 /// A box or option, whose mark is at its left.
 bool IsMarked(HWND button) {
@@ -136,8 +143,7 @@ std::wstring ScreenPerson::WaitForOther() const {
 }
 
 std::wstring ScreenPerson::AnswerBox(int key) const {
-  WaitForOther();
-  const HWND box = Front();
+  const HWND box = WaitFor([&] { return IsMessageBox(Front()) ? Front() : nullptr; }, "a box");
   std::wstring text;
   for (const HWND each : WindowsIn(box)) {
     if (ClassOf(each) == L"Static") text += TextOf(each);
@@ -291,19 +297,20 @@ HWND ScreenPerson::ControlOf(const std::wstring& label) const {
   return button != nullptr && !is_frame ? button : FieldOf(Front(), label);
 }
 
-void ScreenPerson::GoToWindow(const std::function<HWND()>& find, const std::string& what) const {
+void ScreenPerson::GoToWindow(const std::function<HWND()>& find, const std::string& what,
+                              int key) const {
   constexpr int kMostStops = 40;
   for (int stop = 0; stop < kMostStops; ++stop) {
     const HWND focus = WaitFor([&] { return Focus(); }, "any focus");
     if (focus == WaitFor(find, what)) return;
-    Press(VK_TAB);
+    Press(key);
     WaitUntil([&] { return Focus() != focus; }, "the focus to go on towards " + what);
   }
-  throw std::runtime_error("Tab doesn't lead to " + what);
+  throw std::runtime_error("the focus doesn't get to " + what);
 }
 
-void ScreenPerson::GoTo(const std::wstring& label) const {
-  GoToWindow([&] { return ControlOf(label); }, FromWide(label));
+void ScreenPerson::GoTo(const std::wstring& label, int key) const {
+  GoToWindow([&] { return ControlOf(label); }, FromWide(label), key);
 }
 
 void ScreenPerson::GoToGrid(std::size_t grid) const {
@@ -312,7 +319,7 @@ void ScreenPerson::GoToGrid(std::size_t grid) const {
         const std::vector<HWND> grids = GridsIn(Front());
         return grid < grids.size() ? grids[grid] : nullptr;
       },
-      "a grid");
+      "a grid", VK_TAB);
 }
 
 void ScreenPerson::WaitForFocus(const std::wstring& label) const {
@@ -339,6 +346,22 @@ void ScreenPerson::ClickEntry(const std::wstring& entry) const {
   POINT place = MiddleOf(list);
   place.y = PlaceOf(list).top + static_cast<LONG>((found - first) * height + height / 2);
   ClickAt(place);
+}
+
+void ScreenPerson::DoubleClickFirstLine() const {
+  constexpr LONG kInLine = 10;
+  const HWND list = WaitFor([&] { return FindIn(Front(), L"SysListView32"); }, "a list");
+  const POINT place{MiddleOf(list).x, PlaceOf(list).top + kInLine};
+  ClickAt(place);
+  ClickAt(place);
+}
+
+void ScreenPerson::ClickSpinner(bool up) const {
+  const HWND spinner = WaitFor([&] { return FindIn(Front(), kSpinner); }, "a spinner");
+  const RECT place = PlaceOf(spinner);
+  POINT arrow = MiddleOf(spinner);
+  arrow.y += (up ? -1 : 1) * (place.bottom - place.top) / 4;
+  ClickAt(arrow);
 }
 
 void ScreenPerson::Press(int key, int times) {

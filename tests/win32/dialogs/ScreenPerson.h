@@ -76,8 +76,8 @@ class ScreenPerson {
   /// Whether letters that are typed into the field can't be read.
   bool IsMasked(const std::wstring& label) const;
 
-  /// Goes on by Tab until a field, button or option of this label has the focus.
-  void GoTo(const std::wstring& label) const;
+  /// Goes on by a key until a field, button or option of this label has the focus.
+  void GoTo(const std::wstring& label, int key = VK_TAB) const;
   /// The same for a grid, counted from the left.
   void GoToGrid(std::size_t grid) const;
 
@@ -89,6 +89,11 @@ class ScreenPerson {
 
   /// Clicks an entry of that list.
   void ClickEntry(const std::wstring& entry) const;
+  /// The first line of a list that isn't over a grid.
+  void DoubleClickFirstLine() const;
+
+  /// Clicks an arrow of the spinner in the window in front.
+  void ClickSpinner(bool up) const;
 
   /// @param key  its virtual-key code.
   static void Press(int key, int times = 1);
@@ -102,7 +107,7 @@ class ScreenPerson {
  private:
   HWND Focus() const;
   HWND ControlOf(const std::wstring& label) const;
-  void GoToWindow(const std::function<HWND()>& find, const std::string& what) const;
+  void GoToWindow(const std::function<HWND()>& find, const std::string& what, int key) const;
 
   DWORD process_;
   HWND host_;
