@@ -69,7 +69,7 @@ TEST_F(FieldsOfTheDialog, AreAskedForInTurnAndNothingIsSavedBefore) {
   person_.Click(L"Fixed");
   EXPECT_EQ(person_.AnswerBox(), L"File contains 4 column(s)");
   ExpectRefusal(L"Enter text field character length for column 1");
-  EXPECT_TRUE(person_.SeesText(L"1;Anna;15/11/2006;12.5")) << "on the last tab";
+  person_.WaitForText(L"1;Anna;15/11/2006;12.5");
   EXPECT_EQ(Stored(L"Login"), L"<none>");
   Cancel();
 }
@@ -80,14 +80,14 @@ TEST_F(FieldsOfTheDialog, AreEmptiedForAnotherSourceOnlyAfterAQuestion) {
   ChooseFirstSource();
   EXPECT_EQ(person_.AnswerBox('N'), L"Initialize associated parameters");
   person_.WaitForTaskDialog();
-  EXPECT_EQ(person_.Sees(L"User"), L"me");
-  EXPECT_TRUE(person_.SeesText(L"CLIENT"));
+  person_.WaitToSee(L"User", L"me");
+  person_.WaitForText(L"CLIENT");
   ChooseFirstSource();
   EXPECT_EQ(person_.AnswerBox('Y'), L"Initialize associated parameters");
   person_.WaitForTaskDialog();
-  EXPECT_EQ(person_.Sees(L"Data source name"), L"Shop");
-  EXPECT_EQ(person_.Sees(L"User"), L"");
-  EXPECT_EQ(person_.Sees(L"Alias"), L"");
+  person_.WaitToSee(L"Data source name", L"Shop");
+  person_.WaitToSee(L"User", L"");
+  person_.WaitToSee(L"Alias", L"");
   EXPECT_FALSE(person_.SeesText(L"CLIENT"));
   Cancel();
 }
@@ -102,14 +102,14 @@ TEST_F(FieldsOfTheDialog, TakeTheScenariosVariables) {
   ScreenPerson::Press(VK_RETURN);
   EXPECT_EQ(person_.AnswerBox('N'), L"Initialize associated parameters");
   person_.WaitForTaskDialog();
-  EXPECT_EQ(person_.Sees(L"Data source name"), L"@SOURCE");
+  person_.WaitToSee(L"Data source name", L"@SOURCE");
   person_.GoTo(L"User");
   person_.ClickVariableButton(L"User");
   EXPECT_EQ(person_.WaitForOther(), L"Select variable/constant");
   ScreenPerson::Press(VK_DOWN);
   ScreenPerson::Press(VK_RETURN);
   person_.WaitForTaskDialog();
-  EXPECT_EQ(person_.Sees(L"User"), L"@PERSON");
+  person_.WaitToSee(L"User", L"@PERSON");
   person_.Click(L"List Tables");
   EXPECT_EQ(person_.WaitForOther(), L"Select table");
   person_.DoubleClickFirstLine();
@@ -135,11 +135,11 @@ TEST_F(FieldsOfTheDialog, HideThePasswordButNotTheNameOfAVariable) {
   Show();
   person_.GoTo(L"Password");
   ScreenPerson::Type(L"me");
-  ScreenPerson::WaitUntil([&] { return person_.Sees(L"Password") == L"me"; }, "the password");
+  person_.WaitToSee(L"Password", L"me");
   EXPECT_TRUE(person_.IsMasked(L"Password"));
   ScreenPerson::Press(VK_HOME);
   ScreenPerson::Type(L"@");
-  ScreenPerson::WaitUntil([&] { return person_.Sees(L"Password") == L"@me"; }, "the variable");
+  person_.WaitToSee(L"Password", L"@me");
   ScreenPerson::WaitUntil([&] { return !person_.IsMasked(L"Password"); }, "readable letters");
   ScreenPerson::Press(VK_HOME);
   ScreenPerson::Press(VK_DELETE);
@@ -205,13 +205,13 @@ TEST_F(FieldsOfTheDialog, TakeAKeyFromTheListOfThoseThatTheTableHas) {
   ScreenPerson::Press(VK_DOWN);
   ScreenPerson::Press(VK_ESCAPE);
   person_.WaitForTaskDialog();
-  EXPECT_EQ(person_.Sees(L"Key used"), L"");
+  person_.WaitToSee(L"Key used", L"");
   person_.Click(L"Key/index list");
   person_.WaitForOther();
   ScreenPerson::Press(VK_DOWN);
   ScreenPerson::Press(VK_RETURN);
   person_.WaitForTaskDialog();
-  EXPECT_EQ(person_.Sees(L"Key used"), L"ID");
+  person_.WaitToSee(L"Key used", L"ID");
   database_.Execute("DROP TABLE CLIENT");
   database_.Execute("CREATE TABLE CLIENT (NAME VARCHAR(20))");
   person_.Click(L"Key/index list");

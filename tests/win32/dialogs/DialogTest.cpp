@@ -52,7 +52,7 @@ void DialogTest::FillFirstTab() {
   ScreenPerson::Press(VK_DOWN);
   ScreenPerson::Press(VK_RETURN);
   person_.WaitForTaskDialog();
-  EXPECT_TRUE(person_.SeesText(L"CLIENT"));
+  person_.WaitForText(L"CLIENT");
   person_.Fill(L"Alias", L"CLIENTS");
   person_.Fill(words_.directory, Files());
 }
@@ -60,13 +60,13 @@ void DialogTest::FillFirstTab() {
 void DialogTest::Configure() {
   FillFirstTab();
   person_.ClickTab(3);
-  EXPECT_TRUE(person_.SeesText(L"1;Anna;15/11/2006;12.5"));
+  person_.WaitForText(L"1;Anna;15/11/2006;12.5");
   person_.ClickTab(1);
   person_.Click(words_.fixed);
   EXPECT_EQ(person_.AnswerBox(), words_.counted);
   person_.Click(words_.delimited);
   EXPECT_EQ(person_.AnswerBox(), words_.counted);
-  EXPECT_EQ(person_.Sees(words_.column_count), L"4");
+  person_.WaitToSee(words_.column_count, L"4");
   person_.Click(words_.decimal_separator);
   person_.Click(words_.destination_fields);
   person_.ClickTab(3);

@@ -56,21 +56,21 @@ TEST_P(NewTaskOfTheComponent, IsMadeWithItsDialogAloneOpensAgainAndRuns) {
   ExpectStored();
 
   Show();
-  EXPECT_EQ(person_.Sees(words_.source), L"Shop");
-  EXPECT_EQ(person_.Sees(words_.user), L"me");
-  EXPECT_EQ(person_.Sees(L"Alias"), L"CLIENTS");
-  EXPECT_EQ(person_.Sees(words_.directory), Files());
+  person_.WaitToSee(words_.source, L"Shop");
+  person_.WaitToSee(words_.user, L"me");
+  person_.WaitToSee(L"Alias", L"CLIENTS");
+  person_.WaitToSee(words_.directory, Files());
   EXPECT_TRUE(person_.IsChecked(words_.alias_file));
   EXPECT_TRUE(person_.IsChecked(words_.by_insert));
   person_.ClickTab(1);
-  EXPECT_EQ(person_.Sees(words_.column_count), L"4");
+  person_.WaitToSee(words_.column_count, L"4");
   EXPECT_TRUE(person_.IsChecked(words_.delimited));
   EXPECT_TRUE(person_.IsChecked(words_.destination_fields));
   person_.ClickTab(3);
   person_.ChooseType(2, TypeMenuLine::kDate);
   EXPECT_EQ(person_.WaitForOther(), words_.date_format);
   EXPECT_TRUE(person_.IsChecked(L"jj?mm?aaaa"));
-  EXPECT_EQ(person_.Sees(words_.with_separator), L"/");
+  person_.WaitToSee(words_.with_separator, L"/");
   ScreenPerson::Press(VK_ESCAPE);
   person_.WaitForTaskDialog();
   Cancel("1");

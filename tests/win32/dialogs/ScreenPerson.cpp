@@ -11,6 +11,7 @@
 #include "plugin/automation/AutomationText.h"
 #include "tests/win32/dialogs/ScreenPicture.h"
 #include "tests/win32/dialogs/ScreenWindows.h"
+#include "tests/win32/dialogs/SeenControls.h"
 #include "tests/win32/dialogs/Waiting.h"
 
 namespace imptable {
@@ -57,54 +58,6 @@ bool IsMarked(HWND button) {
   const LONG_PTR kind = GetWindowLongPtrW(button, GWL_STYLE) & BS_TYPEMASK;
   return kind == BS_CHECKBOX || kind == BS_AUTOCHECKBOX || kind == BS_RADIOBUTTON ||
          kind == BS_AUTORADIOBUTTON;
-}
-
-/// One of the system's colours.
-std::uint32_t SystemColour(int number) {
-  const DWORD colour = GetSysColor(number);
-  return (std::uint32_t{GetRValue(colour)} << 16U) | (std::uint32_t{GetGValue(colour)} << 8U) |
-         GetBValue(colour);
-}
-
-/// Whether an entry is seen to be selected.
-bool HasHighlight(HWND list) {
-  const ScreenPicture picture(PlaceOf(list));
-  const std::uint32_t highlight = SystemColour(COLOR_HIGHLIGHT);
-  const int middle = picture.width() / 2;
-  for (int y = 0; y < picture.height(); ++y) {
-    if (picture.Colour(middle, y) == highlight) return true;
-  }
-  return false;
-}
-
-/// Where the lines between the cells are, along a line across a grid's window or down it.
-std::vector<int> LinesOf(const ScreenPicture& picture, bool is_across, int along) {
-  const std::uint32_t line = SystemColour(COLOR_BTNFACE);
-  std::vector<int> lines;
-  const int end = is_across ? picture.width() : picture.height();
-  for (int at = 0; at < end; ++at) {
-    if (picture.Colour(is_across ? at : along, is_across ? along : at) == line) {
-      lines.push_back(at);
-    }
-  }
-  return lines;
-}
-
-/// The middle of a cell within a grid's window; nothing while the grid isn't fully painted, which
-/// is seen by rows of different heights.
-std::optional<POINT> MiddleOfCell(const ScreenPicture& picture, std::size_t row,
-                                  std::size_t column) {
-  const std::vector<int> below = LinesOf(picture, false, 1);
-  if (row >= below.size()) return std::nullopt;
-  const int height = below[0] + 1;
-  for (std::size_t each = 0; each < below.size(); ++each) {
-    if (below[each] + 1 != static_cast<int>(each + 1) * height) return std::nullopt;
-  }
-  const int top = static_cast<int>(row) * height;
-  const std::vector<int> beside = LinesOf(picture, true, top + 1);
-  if (column >= beside.size() || beside != LinesOf(picture, true, 1)) return std::nullopt;
-  const int left = column == 0 ? 0 : beside[column - 1];
-  return POINT{(left + beside[column]) / 2, top + height / 2};
 }
 
 /// A window with the frame of openbox.
@@ -243,6 +196,14 @@ void ScreenPerson::Fill(const std::wstring& label, const std::wstring& text) con
 
 std::wstring ScreenPerson::Sees(const std::wstring& label) const {
   return TextOf(WaitFor([&] { return FieldOf(Front(), label); }, FromWide(label)));
+}
+
+void ScreenPerson::WaitToSee(const std::wstring& label, const std::wstring& text) const {
+  WaitUntil([&] { return Sees(label) == text; }, FromWide(text + L" in " + label));
+}
+
+void ScreenPerson::WaitForText(const std::wstring& text) const {
+  WaitUntil([&] { return SeesText(text); }, FromWide(text));
 }
 
 bool ScreenPerson::SeesText(const std::wstring& text) const {

@@ -62,9 +62,12 @@ class ScreenPerson {
   /// A field by the label at its left. Types in place of what it holds.
   void Fill(const std::wstring& label, const std::wstring& text) const;
   std::wstring Sees(const std::wstring& label) const;
+  /// Waits until it holds this text.
+  void WaitToSee(const std::wstring& label, const std::wstring& text) const;
 
   /// Whether a window inside the one in front shows this text.
   bool SeesText(const std::wstring& text) const;
+  void WaitForText(const std::wstring& text) const;
   /// Whether the list of the dialog's first combo box has this entry.
   bool OffersSource(const std::wstring& name) const;
 

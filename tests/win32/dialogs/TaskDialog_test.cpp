@@ -94,7 +94,7 @@ TEST_F(DialogOfTheComponent, WaitsForTheAdministratorAndListsItsNewSource) {
   SetForegroundWindow(dialog);
   person_.WaitForTaskDialog();
   ScreenPerson::WaitUntil([&] { return person_.OffersSource(L"Added"); }, "the new source");
-  EXPECT_EQ(person_.Sees(L"Data source name"), L"mine");
+  person_.WaitToSee(L"Data source name", L"mine");
   Cancel();
 }
 
