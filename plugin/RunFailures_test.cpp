@@ -200,7 +200,7 @@ TEST_F(RunFailures, ATraceThatCanNeitherBeDeletedNorEmptiedAfterASuccessIsDeclar
   run_.component.files.Fail(FileOperation::kOpenWrite, 4, denied);
   EXPECT_EQ(run_.Go(), 2);
   EXPECT_THAT(run_.Trace(), SizeIs(2));
-  EXPECT_EQ(run_.folder.Read("CLIENTS.REP"), "VOID\n");
+  EXPECT_EQ(run_.folder.Read("CLIENTS.REP"), "VOID" + std::string(SystemLineEnd()));
   run_.Source({"3;c", "4;d"});
   EXPECT_EQ(run_.Go(kResumeRequest), 2);
   EXPECT_THAT(run_.Executed(), ElementsAre("1='3' 2='c'", "1='4' 2='d'"));
