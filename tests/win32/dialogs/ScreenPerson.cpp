@@ -21,13 +21,23 @@ constexpr std::wstring_view kTabs = L"_wx_SysTabCtl32";
 constexpr std::wstring_view kSpinner = L"msctls_updown32";
 constexpr std::wstring_view kMenu = L"#32768";
 
+/// Says with each event where it happens: a pointer that is put somewhere may be put back by what
+/// the screen tells late.
+void MouseAt(const POINT& point, DWORD event) {
+  constexpr LONG kAll = 0x10000;  // stands for the whole screen
+  const auto part = [](LONG at, int size) {
+    return static_cast<DWORD>((at * kAll + size - 1) / size);
+  };
+  mouse_event(MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | event,
+              part(point.x, GetSystemMetrics(SM_CXSCREEN)),
+              part(point.y, GetSystemMetrics(SM_CYSCREEN)), 0, 0);
+  std::this_thread::sleep_for(kGlance);
+}
+
 void ClickAt(const POINT& point) {
-  SetCursorPos(point.x, point.y);
-  std::this_thread::sleep_for(kGlance);
-  mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
-  std::this_thread::sleep_for(kGlance);
-  mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
-  std::this_thread::sleep_for(kGlance);
+  MouseAt(point, 0);
+  MouseAt(point, MOUSEEVENTF_LEFTDOWN);
+  MouseAt(point, MOUSEEVENTF_LEFTUP);
 }
 
 void SendKey(WORD key, WORD scan, DWORD flags) {
@@ -177,12 +187,14 @@ void ScreenPerson::ChooseNumber(std::size_t row, NumberLine line) const {
 }
 
 void ScreenPerson::WaitForMenu(bool is_open) const {
-  WaitUntil(
-      [&] {
-        const HWND menu = FindWindowW(kMenu.data(), nullptr);
-        return is_open == (menu != nullptr && IsWindowVisible(menu) != FALSE);
-      },
-      "a menu");
+  const auto is_any_open = [] {
+    HWND menu = nullptr;
+    while ((menu = FindWindowExW(nullptr, menu, kMenu.data(), nullptr)) != nullptr) {
+      if (IsWindowVisible(menu) != FALSE) return true;
+    }
+    return false;
+  };
+  WaitUntil([&] { return is_open == is_any_open(); }, is_open ? "a menu" : "the end of a menu");
 }
 
 void ScreenPerson::Fill(const std::wstring& label, const std::wstring& text) const {
@@ -261,11 +273,15 @@ HWND ScreenPerson::ControlOf(const std::wstring& label) const {
 void ScreenPerson::GoToWindow(const std::function<HWND()>& find, const std::string& what,
                               int key) const {
   constexpr int kMostStops = 40;
+  constexpr int kGlancesAtFocus = 100;
   for (int stop = 0; stop < kMostStops; ++stop) {
     const HWND focus = WaitFor([&] { return Focus(); }, "any focus");
     if (focus == WaitFor(find, what)) return;
     Press(key);
-    WaitUntil([&] { return Focus() != focus; }, "the focus to go on towards " + what);
+    // A key that comes while the dialog still goes to a tab may have no effect.
+    for (int glance = 0; glance < kGlancesAtFocus && Focus() == focus; ++glance) {
+      std::this_thread::sleep_for(kGlance);
+    }
   }
   throw std::runtime_error("the focus doesn't get to " + what);
 }
