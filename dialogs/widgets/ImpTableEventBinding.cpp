@@ -13,6 +13,7 @@
 #include "dialogs/ImpTableControls.h"
 #include "dialogs/widgets/AccessKey.h"
 #include "dialogs/widgets/ImpTableWindow.h"
+#include "dialogs/widgets/InputTime.h"
 #include "dialogs/widgets/PasswordField.h"
 
 namespace imptable {
@@ -39,6 +40,10 @@ constexpr auto kButtons = std::to_array<ButtonAction>({
 bool IsTextControl(std::string_view name) {
   return std::any_of(kTextControls.begin(), kTextControls.end(),
                      [&](const TextControl& control) { return control.name == name; });
+}
+
+bool IsBefore(std::optional<std::uint32_t> time, std::optional<std::uint32_t> other) {
+  return time && other && static_cast<std::int32_t>(*time - *other) < 0;
 }
 
 }  // namespace
@@ -91,7 +96,14 @@ void ImpTableWindow::BindButtons() {
   for (const ButtonAction& button : kButtons) {
     wxWindow& control = *controls_.at(button.name);
     control.Bind(wxEVT_BUTTON, [this, action = button.action](wxCommandEvent&) {
-      Later([this, action] { (presenter_.*action)(); });
+      Later([this, action, pressed = TimeOfInput()] {
+        // Who presses a button while the work of another one keeps the dialog from looking doesn't
+        // mean to begin something after it.
+        const bool begins = action != &ImpTablePresenter::Cancel;
+        if (begins && IsBefore(pressed, work_done_)) return;
+        (presenter_.*action)();
+        work_done_ = PresentTime(*this);
+      });
     });
     // Before the button, which on Windows takes Enter for itself.
     control.Bind(wxEVT_CHAR_HOOK, &ImpTableWindow::OnKey, this);

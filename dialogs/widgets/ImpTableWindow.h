@@ -3,6 +3,7 @@
 
 #include <wx/dialog.h>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -73,6 +74,7 @@ class ImpTableWindow : private wxDialog, private ImpTableView, private ColumnDia
   std::vector<wxPanel*> pages_;
   std::unique_ptr<ColumnsPage> columns_;
   bool painting_ = false;
+  std::optional<std::uint32_t> work_done_;  // of the last button, as a time of input
 };
 
 }  // namespace imptable

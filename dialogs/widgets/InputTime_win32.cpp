@@ -1,0 +1,14 @@
+#include "dialogs/widgets/InputTime.h"
+#include "platform/Windows_win32.h"
+
+namespace imptable {
+
+std::optional<std::uint32_t> TimeOfInput() {
+  // A program that presses a button for its user makes no input.
+  if (InSendMessage() != FALSE) return std::nullopt;
+  return static_cast<std::uint32_t>(GetMessageTime());
+}
+
+std::optional<std::uint32_t> PresentTime(const wxWindow& /*window*/) { return GetTickCount(); }
+
+}  // namespace imptable
