@@ -168,7 +168,7 @@ RunDriver::FileState RunDriver::CheckDataFile(const std::string& path) {
   const std::string located = files.Locate(path);
   const auto info = LookAt(files, located);
   if (!info) {
-    // A file that is there but can't be reached is a fault, not a missing file.
+    // Neither is one missing that opening finds out of reach, or whose name no file can have.
     std::error_code error;
     files.OpenForReading(located, error);
     if (error && error != std::errc::no_such_file_or_directory &&

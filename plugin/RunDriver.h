@@ -50,9 +50,13 @@ class RunDriver {
   void Finish();
 
   void RemoveStored(std::string_view extension);
+  /// Deletes a side file, or empties it where it can't be deleted. @return whether one of these
+  /// did.
   bool Discard(std::string_view extension);
+  /// Declares the chain of resumes over, then deletes its files.
   void EndChain();
   void DeleteChain();
+  /// The same, as far as it goes: what fails is left to the next run.
   void DeleteWhatCanBe();
   bool StopAskedFor();
   void Report(const std::string& text, ReportKind kind) { module_.WriteReport(text, kind); }

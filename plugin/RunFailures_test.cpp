@@ -181,6 +181,14 @@ TEST_F(RunFailures, ADataFileThatCannotBeReachedIsNotTakenForAMissingOne) {
   ExpectOneEnd();
 }
 
+TEST_F(RunFailures, ADataFileWhoseNameNoFileCanHaveIsNotTakenForAMissingOne) {
+  run_.Set("Alias", std::string(300, 'A'));
+  EXPECT_EQ(run_.Go(), 1);
+  EXPECT_EQ(fault()->number(), FaultNumber::kBadFileName);
+  EXPECT_EQ(fault()->detail(), run_.folder.path() + std::string(300, 'A') + ".CSV");
+  ExpectOneEnd();
+}
+
 TEST_F(RunFailures, ATraceThatCannotBeDeletedAfterASuccessIsNotResumed) {
   run_.Set("RecTrace", 1);
   // The first seven are at the start.

@@ -39,18 +39,26 @@ struct Listing {
   const char* lists;
 };
 
-class SlowListing : public SlowDataSource, public testing::WithParamInterface<Listing> {};
+class SlowListing : public SlowDataSource, public testing::WithParamInterface<Listing> {
+ protected:
+  /// Presses the button and waits until the data source is waited for.
+  /// @return the pointer as it usually is.
+  static PointerOnScreen::Image Begin(Person& person, const PointerOnScreen& pointer) {
+    person.Click("optBCP(1)");
+    person.ClickTab(GetParam().tab);
+    person.Aim(GetParam().button);
+    PointerOnScreen::Image usual = pointer.Shape();
+    person.Click(GetParam().button);
+    pointer.WaitForOtherThan(usual);
+    return usual;
+  }
+};
 
 TEST_P(SlowListing, IsWaitedForUnderAnHourglass) {
   const auto& [button, tab, lists] = GetParam();
   Configure([&, button = button, tab = tab, lists = lists](Person& person) {
-    person.Click("optBCP(1)");
-    person.ClickTab(tab);
-    person.Aim(button);
     const PointerOnScreen pointer;
-    const auto usual = pointer.Shape();
-    person.Click(button);
-    pointer.WaitForOtherThan(usual);
+    const auto usual = Begin(person, pointer);
     EXPECT_THAT(source_.LogLines(lists), SizeIs(0));
     if (tab == 0) {
       person.WaitForDialog("FrmTable");
@@ -65,14 +73,8 @@ TEST_P(SlowListing, IsWaitedForUnderAnHourglass) {
 
 TEST_P(SlowListing, IsStartedOnceHoweverOftenItsButtonIsPressed) {
   const auto& [button, tab, lists] = GetParam();
-  Configure([&, button = button, tab = tab, lists = lists](Person& person) {
-    person.Click("optBCP(1)");
-    person.ClickTab(tab);
-    person.Aim(button);
-    const PointerOnScreen pointer;
-    const auto usual = pointer.Shape();
-    person.Click(button);
-    pointer.WaitForOtherThan(usual);
+  Configure([&, tab = tab, lists = lists](Person& person) {
+    Begin(person, PointerOnScreen());
     for (int again = 0; again < 3; ++again) person.ClickBlindly();
     if (tab == 0) {
       person.WaitForDialog("FrmTable");
