@@ -22,9 +22,7 @@ void Require(bool holds, const char* what) {
 BareLoop::BareLoop(ModuleState& state, const std::string& scenario, const std::string& task)
     : module_(state.commun), session_(state.odbc), table_(module_, session_) {
   module_.location = TasksKey(scenario);
-  module_.run.scenario = scenario;
-  module_.run.task = task;
-  LoadTaskIntoRun(module_);
+  TakeTask(module_, OpenTask(module_, scenario, task));
   session_.execution_mode = kDialogMode;
   const RunState& run = module_.run;
   Require(session_.ConnectDataSource(run.data_source, run.login, run.password), "no connection");

@@ -5,12 +5,6 @@
 #include "dialogs/HostReference.h"
 
 namespace imptable {
-namespace {
-
-/// In seconds: the windows stand still meanwhile.
-constexpr std::uint16_t kLoginTimeout = 15;
-
-}  // namespace
 
 ConnectedListing::ListedTable::ListedTable(RunState& run, std::string owner, std::string table)
     : run_(run), owner_(std::move(owner)), table_(std::move(table)) {
@@ -29,7 +23,6 @@ ConnectedListing::ConnectedListing(ModuleCommun& module, const std::string& scen
              ResolveReference(module, scenario, fields.table)),
       session_(module),
       catalogue_(module, session_) {
-  session_.login_timeout = kLoginTimeout;
   session_.ConnectDataSource(ResolveReference(module, scenario, fields.data_source),
                              ResolveReference(module, scenario, fields.user),
                              ResolveReference(module, scenario, fields.password));

@@ -2,6 +2,7 @@
 #define DIALOGS_DIALOG_SERVICES_H_
 
 #include <functional>
+#include <string>
 
 #include "dialogs/DialogBoxes.h"
 #include "dialogs/OdbcAdministrator.h"
@@ -18,6 +19,9 @@ struct DialogServices {
 
   /// Opens the host's help; empty when the host has none, cmdHelp is then disabled.
   std::function<void()> open_help = {};
+
+  /// What is asked when a task is to be saved without a user name; empty: it is refused.
+  std::string question_without_user = {};
 };
 
 /// Shows the hourglass while it lives.

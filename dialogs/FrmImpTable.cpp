@@ -310,7 +310,14 @@ bool ImpTablePresenter::Save() {
   bool done = false;
   Handle([&] {
     if (state_.txtDelimiteurFile.empty()) state_.txtDelimiteurFile = kDefaultSeparator;
-    if (Refuses(CheckTask(module_, saved_ || begun_, state_))) return;
+    const std::string& question = services_.question_without_user;
+    const UserName user_name = question.empty() ? UserName::kWanted : UserName::kMayBeMissing;
+    if (Refuses(CheckTask(module_, saved_ || begun_, state_, user_name))) return;
+    if (state_.txtLogin.empty() && !services_.boxes.Ask(question, state_.caption)) {
+      state_.tab = kParametersTab;
+      focus_ = "txtLogin";
+      return;
+    }
     columns_->TypeColumnCount(state_.textNbCol);
     ShowColumnCount();
     if (RefusesColumns()) return;

@@ -97,6 +97,20 @@ TEST_F(TaskDialogChecks, AskForAUser) {
   ExpectRefused(127, 0, "txtLogin");
 }
 
+TEST_F(TaskDialogChecks, AskWhetherAUserIsWantedWhereTheProgramSaysThatNoneMayBe) {
+  run_.services.question_without_user = "Without?";
+  run_.OpenComplete().OnText("txtLogin", "");
+  run_.boxes.answer = false;
+  run_.dialog().Confirm();
+  EXPECT_THAT(run_.Boxes(), ElementsAre("Ask|Importation Table|Without?"));
+  EXPECT_THAT(run_.Changes(), IsEmpty());
+  EXPECT_EQ(run_.shown().tab, 0);
+  EXPECT_THAT(run_.view.focused, ElementsAre("txtLogin"));
+  run_.boxes.answer = true;
+  run_.dialog().Confirm();
+  EXPECT_THAT(run_.Changes(), testing::Contains("T1|Login = "));
+}
+
 TEST_F(TaskDialogChecks, AskForATable) {
   run_.OpenComplete().OnText("txtTable", "");
   ExpectRefused(129, 0, "txtTable");

@@ -141,7 +141,8 @@ TEST_F(VariableButtons, TellTheReferenceOfTheirFieldAndItsValue) {
 /// A host that can serve nothing.
 class SilentHost : public TestHost {
  public:
-  std::string Variable(const KeyPath&, const std::string&, const std::string&) override {
+  std::optional<std::string> Variable(const KeyPath&, const std::string&,
+                                      const std::string&) override {
     throw RuntimeFault(FaultNumber::kNoHostObject, "variables");
   }
   std::vector<std::string> ReferenceNames(const KeyPath&, const std::string&,

@@ -7,7 +7,7 @@ namespace imptable {
 std::string ResolveReference(const ModuleCommun& module, const std::string& scenario,
                              const std::string& text) {
   if (!IsVariableReference(text)) return text;
-  return module.host.Variable(module.location, scenario, text.substr(1));
+  return module.host.Variable(module.location, scenario, text.substr(1)).value_or("");
 }
 
 }  // namespace imptable

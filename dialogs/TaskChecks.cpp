@@ -55,14 +55,15 @@ bool IsColumnCount(std::string_view text) {
 }  // namespace
 
 std::optional<Refusal> CheckTask(const ModuleCommun& module, bool existing,
-                                 const ImpTableState& state) {
+                                 const ImpTableState& state, UserName user_name) {
   if (!existing && state.txtTache.empty())
     return Refusal{kMessageNoName, kParametersTab, "txtTache"};
   if (!existing && TaskExists(module, state.txtTache)) {
     return Refusal{kMessageNameTaken, kParametersTab, "txtTache"};
   }
   if (state.Combo1.empty()) return kNoSource;
-  if (state.txtLogin.empty()) return Refusal{kMessageNoUser, kParametersTab, "txtLogin"};
+  if (state.txtLogin.empty() && user_name == UserName::kWanted)
+    return Refusal{kMessageNoUser, kParametersTab, "txtLogin"};
   if (state.txtTable.empty()) return kNoTable;
   if (IsEmptyOrBeginsBlank(state.txtAlias)) {
     return Refusal{kMessageNoFile, kParametersTab, "txtAlias"};

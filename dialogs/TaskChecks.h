@@ -20,11 +20,14 @@ struct Refusal {
   bool operator==(const Refusal&) const = default;
 };
 
+/// Some data sources know no users.
+enum class UserName { kWanted, kMayBeMissing };
+
 /// The checks before saving, but for those of the columns; the first that fails.
 /// @param existing  the task was saved before: its name may be there already.
 /// @throws RuntimeFault  when the registry can't be read.
 std::optional<Refusal> CheckTask(const ModuleCommun& module, bool existing,
-                                 const ImpTableState& state);
+                                 const ImpTableState& state, UserName user_name);
 
 /// The checks of the buttons that connect: a data source and, for those that need one, a table.
 std::optional<Refusal> CheckSource(const ImpTableState& state);

@@ -103,7 +103,10 @@ void TakeLast(CLI::Option* option) {
 void AddTaskCommands(CLI::App& app, CommandRequest& request) {
   CLI::App& run = AddCommand(app, "run");
   AddTask(run, request);
-  run.add_flag("--resume", request.resume);
+  CLI::Option* const resume = run.add_flag("--resume", request.resume);
+  run.add_flag("--auto", request.automatic)->excludes(resume);
+  run.add_flag("--changed-file", request.changed_file);
+  run.add_flag("--require-file", request.require_file);
   TakeLast(run.add_option("--report", request.report));
   run.add_flag("--quiet", request.quiet);
   run.add_flag("--json", request.json);
@@ -124,13 +127,28 @@ void AddTaskCommands(CLI::App& app, CommandRequest& request) {
   set.add_option("ASSIGNMENT", request.assignments)->required()->option_text("NAME=VALUE");
   set.add_flag("--stdin", request.value_from_input);
 
-  AddTask(AddCommand(app, "delete"), request);
+  CLI::App& unset = AddCommand(app, "unset");
+  AddTask(unset, request);
+  unset.add_option("NAME", request.names)->required();
+
+  for (const char* const name : {"copy", "rename"}) {
+    CLI::App& command = AddCommand(app, name);
+    AddTask(command, request);
+    command.add_option("SCENARIO2", request.other_scenario)->required();
+    command.add_option("TASK2", request.other_task)->required();
+  }
+
+  CLI::App& deletion = AddCommand(app, "delete");
+  deletion.add_option("SCENARIO", request.scenario)->required();
+  deletion.add_option("TASK", request.name);
+  deletion.add_flag("--yes", request.yes);
 
   CLI::App& variable = AddCommand(app, "variable");
   variable.add_option("SCENARIO", request.scenario)->required();
   variable.add_option("NAME", request.name);
   variable.add_flag("--show-password", request.show_password);
   variable.add_flag("--stdin", request.value_from_input);
+  variable.add_flag("--delete", request.remove);
 }
 
 void AddOtherCommands(CLI::App& app, CommandRequest& request) {
@@ -142,6 +160,7 @@ void AddOtherCommands(CLI::App& app, CommandRequest& request) {
   CLI::App& reg_export = AddCommand(reg, "export");
   reg_export.add_option("FILE", request.file)->required();
   reg_export.add_option("KEY", request.key);
+  reg_export.add_flag("--utf8", request.utf8);
 }
 
 /// All that can be given, and where the parser puts it.
@@ -207,12 +226,25 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
     }
   }
   // The parser takes a bracketed argument apart as a list; none of these is a value's name.
-  for (const std::string& assignment : line.request.assignments) {
-    if (line.error) break;
-    if (std::find(arguments.begin(), arguments.end(), assignment) == arguments.end()) {
-      line.error = HostError(ExitCode::kUsage, HostText::kUnknownSetting,
-                             {assignment.substr(0, assignment.find('='))});
+  for (const auto* const list : {&line.request.assignments, &line.request.names}) {
+    for (const std::string& name : *list) {
+      if (line.error) break;
+      if (std::find(arguments.begin(), arguments.end(), name) == arguments.end()) {
+        line.error = HostError(ExitCode::kUsage, HostText::kUnknownSetting,
+                               {name.substr(0, name.find('='))});
+      }
     }
+  }
+  const CommandRequest& request = line.request;
+  if (!line.error && request.changed_file && !request.resume && !request.automatic) {
+    line.error =
+        HostError(ExitCode::kUsage, HostText::kNeedsResume, {"--changed-file", "imptable run"});
+  }
+  line.request.registry = line.registry;
+  // Where the parser gave up, nothing says what it had come to.
+  if (line.error && request.command == "run" &&
+      std::find(arguments.begin(), arguments.end(), "--json") != arguments.end()) {
+    line.request.json = true;
   }
   if (line.error) line.outcome = CommandLine::Outcome::kError;
   return line;

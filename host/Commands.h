@@ -27,12 +27,17 @@ ExitCode GetSettings(HostContext& context, const CommandRequest& request,
                      const HostConsole& console);
 ExitCode SetSettings(HostContext& context, const CommandRequest& request,
                      const HostConsole& console);
-ExitCode DeleteTask(HostContext& context, const CommandRequest& request,
+ExitCode UnsetSettings(HostContext& context, const CommandRequest& request,
+                       const HostConsole& console);
+ExitCode CopyTask(HostContext& context, const CommandRequest& request, const HostConsole& console);
+ExitCode RenameTask(HostContext& context, const CommandRequest& request,
+                    const HostConsole& console);
+ExitCode DeleteKeys(HostContext& context, const CommandRequest& request,
                     const HostConsole& console);
 ExitCode HandleVariables(HostContext& context, const CommandRequest& request,
                          const HostConsole& console);
-ExitCode ListSources(HostContext& context, const CommandRequest& request,
-                     const HostConsole& console);
+/// Needs no registry.
+ExitCode ListSources(const HostTexts& texts, const HostConsole& console);
 ExitCode ImportRegistry(HostContext& context, const CommandRequest& request,
                         const HostConsole& console);
 ExitCode ExportRegistry(HostContext& context, const CommandRequest& request,

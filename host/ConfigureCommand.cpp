@@ -27,8 +27,8 @@ std::string ProgramPath() {
 
 ExitCode StartConfiguration(HostContext& context, const CommandRequest& request,
                             const HostConsole& console) {
-  RequireName(request.scenario);
-  RequireName(request.task);
+  RequireName(*context.encoding, request.scenario);
+  RequireName(*context.encoding, request.task);
   const bool english = context.texts.language() == Language::kEnglish;
   std::vector<std::string> words{kProgram,    "--registry",          context.registry_path,
                                  "--lang",    english ? "en" : "fr", request.scenario,

@@ -3,6 +3,7 @@
 
 #include <istream>
 #include <ostream>
+#include <string>
 #include <string_view>
 
 #include "platform/WarningBox.h"
@@ -28,7 +29,14 @@ struct HostConsole {
   bool asks = false;  // standard input is a terminal
 };
 
-/// One line on standard error, "imptable: " first; control characters become "?".
+enum class LineEnds { kGo, kStay };
+
+/// The text with "?" in place of control characters: those of ASCII and those, from U+0080 to
+/// U+009F, that some terminals obey as well.
+/// @param text  in the system's code page.
+std::string WithoutControls(std::string_view text, LineEnds line_ends = LineEnds::kGo);
+
+/// One line on standard error, "imptable: " first, without control characters.
 void PrintErrorLine(std::ostream& err, std::string_view text);
 
 /// Warnings as lines on standard error.

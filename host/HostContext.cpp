@@ -2,6 +2,7 @@
 
 #include "host/HostError.h"
 #include "host/KeyName.h"
+#include "host/NewRegistry.h"
 #include "host/RegistryLocation.h"
 #include "host/ShownValue.h"
 #include "plugin/ScenarioKeys.h"
@@ -19,7 +20,7 @@ HostContext::HostContext(const std::string& registry_file, std::optional<Languag
                          std::ostream& err, const HostWindows* windows)
     : registry_path(registry_file),
       encoding(SystemTextEncoding()),
-      store(registry_path, encoding->ToUtf8(DecimalSeparatorOfLocale())),
+      store(registry_path, FirstRegistryEdits(LanguageOfLocale())),
       registry(store, *encoding),
       message_loop(SystemMessageLoop()),
       clock(SystemClock()),
@@ -35,16 +36,22 @@ HostContext::HostContext(const std::string& registry_file, std::optional<Languag
   state.commun.language_offset = OffsetOf(texts.language());
 }
 
+void HostContext::RequireRegistry() const {
+  if (store.Exists()) return;
+  throw HostError(ExitCode::kMissing, HostText::kNoRegistry, {registry_path});
+}
+
 void HostContext::RequireScenario(const std::string& scenario) const {
-  RequireName(scenario);
+  RequireName(*encoding, scenario);
+  RequireRegistry();
   if (!store.KeyExists(ScenarioKey(ToUtf8(scenario)))) {
     throw HostError(ExitCode::kMissing, HostText::kNoScenario, {scenario});
   }
 }
 
 void HostContext::RequireTask(const std::string& scenario, const std::string& task) const {
-  RequireName(scenario);
-  RequireName(task);
+  RequireName(*encoding, scenario);
+  RequireName(*encoding, task);
   RequireScenario(scenario);
   if (!store.KeyExists(TaskKey(ToUtf8(scenario), ToUtf8(task)))) {
     throw HostError(ExitCode::kMissing, HostText::kNoTask, {task, scenario});

@@ -34,7 +34,7 @@ struct HostWindows {
 /// top of them.
 class HostContext {
  public:
-  /// Opens the registry file, which is created when there is none.
+  /// Opens the registry file; where there is none, the first write creates it.
   /// @param language  asked for by the user; without it the registry's, else French.
   /// @param err  borrowed; where warnings go in a program without windows.
   /// @param windows  of a program that has them, else null.
@@ -60,6 +60,9 @@ class HostContext {
 
   std::string ToUtf8(std::string_view text) const { return encoding->ToUtf8(text); }
   std::string FromUtf8(std::string_view text) const { return encoding->FromUtf8(text); }
+
+  /// @throws HostError  missing, when there is no registry file.
+  void RequireRegistry() const;
 
   /// Both take names in the system's code page.
   /// @throws HostError  wrong usage for a name that no key can have; missing.

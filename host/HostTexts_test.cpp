@@ -22,9 +22,10 @@ const Pair kPairs[] = {
 #undef HOST_TEXT
 };
 
-constexpr std::array kHelpedCommands{
-    "",    "run",    "configure", "describe", "actions", "status",     "list",      "get",
-    "set", "delete", "variable",  "sources",  "reg",     "reg import", "reg export"};
+constexpr std::array kHelpedCommands{"",       "run",        "configure", "describe", "actions",
+                                     "status", "list",       "get",       "set",      "unset",
+                                     "copy",   "rename",     "delete",    "variable", "sources",
+                                     "reg",    "reg import", "reg export"};
 
 bool Holds(const std::string& text, char number) {
   return text.find(std::string("%") + number) != std::string::npos;
@@ -94,6 +95,9 @@ TEST(HelpText, NamesEveryOption) {
     }
     EXPECT_NE(HelpText("set", language).find("--stdin"), std::string::npos);
     EXPECT_NE(HelpText("get", language).find("--show-password"), std::string::npos);
+    EXPECT_NE(variable.find("--delete"), std::string::npos);
+    EXPECT_NE(HelpText("delete", language).find("--yes"), std::string::npos);
+    EXPECT_NE(HelpText("reg export", language).find("--utf8"), std::string::npos);
   }
 }
 

@@ -60,6 +60,7 @@ TEST_F(HostedTask, IsDescribedUnderItsTitleAndWithItsSettings) {
 }
 
 TEST_F(HostedTask, TellsItsActionsFromItsOwnKeys) {
+  task.GetTaskDescription();  // sets the location that actions are read at
   EXPECT_EQ(task.GetActions(), "");
   registry.SetText(std::string(kTask) + "\\Action\\EXEIF", "Variable", "V");
   registry.SetText(std::string(kTask) + "\\Action\\EXEIF", "Valeur", "7");

@@ -51,7 +51,7 @@ std::optional<std::string> ReadLine(std::istream& in, bool typed) {
 
 std::optional<std::string> AskForLine(const HostConsole& console, const std::string& question) {
   const SilentTyping silence;  // before the question, or a quick answer would be shown
-  console.err << question << std::flush;
+  console.err << WithoutControls(question) << std::flush;
   std::optional<std::string> line = ReadLine(console.in, true);
   console.err << '\n' << std::flush;
   return line;

@@ -9,6 +9,7 @@
 namespace imptable {
 namespace {
 
+const std::string kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kLineEnd = "\r\n";
 
 // A line of bytes is folded as soon as it is this long, so that none is longer than 80 with its
@@ -89,8 +90,8 @@ std::string ValueLine(const NamedValue& entry) {
 
 }  // namespace
 
-std::string RegistryExportOf(const std::vector<StoredKey>& keys) {
-  std::string text = "\xEF\xBB\xBFWindows Registry Editor Version 5.00";
+std::string RegistryExportOf(const std::vector<StoredKey>& keys, ExportEncoding encoding) {
+  std::string text = "Windows Registry Editor Version 5.00";
   text += kLineEnd;
   text += kLineEnd;
   for (const StoredKey& stored : keys) {
@@ -105,11 +106,12 @@ std::string RegistryExportOf(const std::vector<StoredKey>& keys) {
     }
     text += kLineEnd;
   }
-  return Utf16FromUtf8(text);
+  return encoding == ExportEncoding::kUtf8 ? text : Utf16FromUtf8(kByteOrderMark + text);
 }
 
 std::optional<std::string> WriteRegistryExport(const RegistryStore& store,
-                                               const std::optional<KeyPath>& key) {
+                                               const std::optional<KeyPath>& key,
+                                               ExportEncoding encoding) {
   std::vector<StoredKey> keys;
   if (key) {
     keys = store.Tree(*key);
@@ -119,7 +121,7 @@ std::optional<std::string> WriteRegistryExport(const RegistryStore& store,
       for (StoredKey& stored : store.Tree({root.handle, ""})) keys.push_back(std::move(stored));
     }
   }
-  return RegistryExportOf(keys);
+  return RegistryExportOf(keys, encoding);
 }
 
 }  // namespace imptable

@@ -41,7 +41,7 @@ class ExportWriting : public testing::Test {
   }
 
   TemporaryFolder folder_;
-  RegistryStore store_{folder_.path() + "registry.db", ","};
+  RegistryStore store_{folder_.path() + "registry.db"};
 };
 
 TEST_F(ExportWriting, IsWhatTheRegistryEditorWrites) {
@@ -116,11 +116,6 @@ TEST_F(ExportWriting, TakesTheWholeRegistryWhenNoKeyIsNamed) {
             R"(Windows Registry Editor Version 5.00
 
 [HKEY_CURRENT_USER]
-
-[HKEY_CURRENT_USER\Control Panel]
-
-[HKEY_CURRENT_USER\Control Panel\International]
-"sDecimal"=","
 
 [HKEY_LOCAL_MACHINE]
 
@@ -231,23 +226,35 @@ TEST(ExportFiles, GiveTheSameRegistryAndTheSameBytesWhenReadBack) {
     SCOPED_TRACE(seed);
     TemporaryFolder folder;
     std::mt19937 random(seed);
-    RegistryStore first(folder.path() + "first.db", ",");
+    RegistryStore first(folder.path() + "first.db");
     FillAtRandom(first, random);
-    const std::string bytes = *WriteRegistryExport(first, std::nullopt);
-    longest = std::max(longest, bytes.size());
-
-    const auto parsed = ParseRegistryExport(bytes, "export.reg", encoding);
-    ASSERT_TRUE(std::holds_alternative<std::vector<RegistryEdit>>(parsed))
-        << "line " << std::get<RegistryExportError>(parsed).line;
-    RegistryStore second(folder.path() + "second.db", ".");
-    second.DeleteTree({kHkeyCurrentUser, ""});
-    second.Apply(std::get<std::vector<RegistryEdit>>(parsed));
-    ASSERT_EQ(*WriteRegistryExport(second, std::nullopt), bytes);
-    for (const StoredKey& key : first.Tree({kHkeyLocalMachine, ""})) {
-      ASSERT_EQ(second.Values(key.key), key.values);
+    for (const ExportEncoding form : {ExportEncoding::kUtf16, ExportEncoding::kUtf8}) {
+      const std::string bytes = *WriteRegistryExport(first, std::nullopt, form);
+      longest = std::max(longest, bytes.size());
+      const auto parsed = ParseRegistryExport(bytes, "export.reg", encoding);
+      ASSERT_TRUE(std::holds_alternative<std::vector<RegistryEdit>>(parsed))
+          << "line " << std::get<RegistryExportError>(parsed).line;
+      TemporaryFolder other;
+      RegistryStore second(other.path() + "second.db");
+      second.Apply(std::get<std::vector<RegistryEdit>>(parsed));
+      ASSERT_EQ(*WriteRegistryExport(second, std::nullopt, form), bytes);
+      for (const StoredKey& key : first.Tree({kHkeyLocalMachine, ""})) {
+        ASSERT_EQ(second.Values(key.key), key.values);
+      }
     }
   }
   EXPECT_GT(longest, 5000U);
+}
+
+TEST_F(ExportWriting, InUtf8IsTheSameTextWithoutAByteOrderMark) {
+  Set("Tâches", "Dir", Text("C:\\données\\"));
+  Set("Tâches", "Path", {RegistryType::kExpandableText, std::string("%é\0", 4)});
+  const KeyPath key{kHkeyLocalMachine, "Tâches"};
+  const std::string text = *WriteRegistryExport(store_, key, ExportEncoding::kUtf8);
+  EXPECT_EQ(text,
+            "Windows Registry Editor Version 5.00\r\n\r\n[HKEY_LOCAL_MACHINE\\Tâches]\r\n"
+            "\"Dir\"=\"C:\\\\données\\\\\"\r\n\"Path\"=hex(2):25,00,e9,00,00,00\r\n\r\n");
+  EXPECT_EQ("\xFF\xFE" + Utf16FromUtf8(text), *WriteRegistryExport(store_, key));
 }
 
 }  // namespace

@@ -1,9 +1,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/KeyName.h"
 #include "host/RegistryExportFile.h"
 #include "host/RegistryExportText.h"
 #include "host/RegistryRoots.h"
+#include "platform/RegistryPath.h"
+#include "platform/Utf16.h"
 
 namespace imptable {
 namespace {
@@ -172,9 +175,25 @@ class Parser {
       if (KeyPathFromName(root)) Fail(HostText::kExportEmptyKeyName);
       Fail(HostText::kExportUnknownRoot, {encoding_.FromUtf8(root)});
     }
+    if (!deletion) CheckKeyNames(key_->path);
     if (deletion && key_->path.empty()) Fail(HostText::kExportRootDeletion);
     edits_.push_back({deletion ? Action::kDeleteTree : Action::kCreateKey, *key_, "", {}});
     if (deletion) key_.reset();
+  }
+
+  void CheckKeyNames(std::string_view path) const {
+    const std::vector<std::string_view> names = PathParts(path);
+    if (names.size() > kDeepestKey) {
+      Fail(HostText::kExportTooDeep, {std::to_string(names.size()), std::to_string(kDeepestKey)});
+    }
+    for (const std::string_view name : names) CheckLength(name, kLongestKeyName);
+  }
+
+  void CheckLength(std::string_view name, std::size_t longest) const {
+    const std::size_t length = Utf16Length(name);
+    if (length > longest) {
+      Fail(HostText::kExportLongName, {std::to_string(length), std::to_string(longest)});
+    }
   }
 
   void ParseValue() {
@@ -184,6 +203,7 @@ class Parser {
         Fail(HostText::kExportStrangeLine);
       }
       edit.name = ParseQuoted();
+      CheckLength(edit.name, kLongestValueName);
     }
     if (!key_) Fail(HostText::kExportValueBeforeKey);
     edit.key = *key_;

@@ -4,11 +4,13 @@
 #include <variant>
 #include <vector>
 
+#include "host/ColumnOrder.h"
 #include "host/Commands.h"
 #include "host/HostError.h"
 #include "host/RegistryExportFile.h"
 #include "host/RegistryRoots.h"
 #include "host/ReplacedFile.h"
+#include "host/ReportPath.h"
 
 namespace imptable {
 namespace {
@@ -44,7 +46,11 @@ ExitCode ImportRegistry(HostContext& context, const CommandRequest& request,
                     {error->origin, std::to_string(error->line),
                      context.texts.Text(error->problem, error->arguments)});
   }
-  context.store.Apply(std::get<std::vector<RegistryEdit>>(parsed));
+  const auto& edits = std::get<std::vector<RegistryEdit>>(parsed);
+  context.store.Together([&] {
+    context.store.Apply(edits);
+    OrderColumnsOf(context.store, edits);
+  });
   return ExitCode::kDone;
 }
 
@@ -55,7 +61,12 @@ ExitCode ExportRegistry(HostContext& context, const CommandRequest& request,
     key = KeyPathFromName(context.ToUtf8(*request.key));
     if (!key) throw HostError(ExitCode::kUsage, HostText::kUnknownRoot, {*request.key});
   }
-  const std::optional<std::string> bytes = WriteRegistryExport(context.store, key);
+  context.RequireRegistry();
+  if (request.file != kStandardStream) {
+    RequireNoRegistryFile(request.file, context.registry_path, *context.files, *context.encoding);
+  }
+  const std::optional<std::string> bytes = WriteRegistryExport(
+      context.store, key, request.utf8 ? ExportEncoding::kUtf8 : ExportEncoding::kUtf16);
   if (!bytes) throw HostError(ExitCode::kMissing, HostText::kNoKey, {*request.key});
   if (request.file == kStandardStream) {
     console.out << *bytes;

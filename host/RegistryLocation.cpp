@@ -1,10 +1,8 @@
 #include "host/RegistryLocation.h"
 
-#include <langinfo.h>
 #include <pwd.h>
 #include <unistd.h>
 
-#include <clocale>
 #include <cstdlib>
 
 #include "host/HostError.h"
@@ -43,12 +41,15 @@ std::string RegistryFilePath(const std::optional<std::string>& option) {
   return RegistryFilePath({option, EnvironmentVariable, HomeOfUser});
 }
 
-std::string DecimalSeparatorOfLocale() {
-  const locale_t locale = newlocale(LC_NUMERIC_MASK, "", nullptr);
-  if (locale == nullptr) return ".";
-  const std::string separator = nl_langinfo_l(RADIXCHAR, locale);
-  freelocale(locale);
-  return separator.empty() ? "." : separator;
+Language LanguageOfLocale(
+    const std::function<std::optional<std::string>(const char* name)>& environment) {
+  for (const char* const name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    const std::string locale = environment(name).value_or(std::string());
+    if (!locale.empty()) return locale.starts_with("fr") ? Language::kFrench : Language::kEnglish;
+  }
+  return Language::kEnglish;
 }
+
+Language LanguageOfLocale() { return LanguageOfLocale(EnvironmentVariable); }
 
 }  // namespace imptable

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "host/HostTexts.h"
+
 namespace imptable {
 
 /// What the place of the registry file depends on. A variable that is empty counts as unset.
@@ -22,8 +24,12 @@ std::string RegistryFilePath(const RegistryLocationSources& sources);
 /// The same for this process.
 std::string RegistryFilePath(const std::optional<std::string>& option);
 
-/// The decimal separator of the environment's locale, which a new registry file starts with.
-std::string DecimalSeparatorOfLocale();
+/// The language of the environment's locale: French for "fr...", else English.
+Language LanguageOfLocale(
+    const std::function<std::optional<std::string>(const char* name)>& environment);
+
+/// The same for this process.
+Language LanguageOfLocale();
 
 }  // namespace imptable
 

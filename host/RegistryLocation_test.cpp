@@ -44,6 +44,24 @@ TEST(RegistryLocation, PassesOverARelativeDataFolder) {
             "/h/.local/share/imptable/registry.db");
 }
 
+Language LocaleLanguage(const Environment& environment) {
+  return LanguageOfLocale([&](const char* name) -> std::optional<std::string> {
+    const auto found = environment.find(name);
+    if (found == environment.end()) return std::nullopt;
+    return found->second;
+  });
+}
+
+TEST(LocaleLanguage, IsFrenchForFrenchLocalesAndEnglishForAllOthers) {
+  EXPECT_EQ(LocaleLanguage({}), Language::kEnglish);
+  EXPECT_EQ(LocaleLanguage({{"LANG", "fr_FR.UTF-8"}}), Language::kFrench);
+  EXPECT_EQ(LocaleLanguage({{"LANG", "fr"}}), Language::kFrench);
+  EXPECT_EQ(LocaleLanguage({{"LANG", "de_CH.UTF-8"}}), Language::kEnglish);
+  EXPECT_EQ(LocaleLanguage({{"LANG", "fr_FR"}, {"LC_MESSAGES", "en_US"}}), Language::kEnglish);
+  EXPECT_EQ(LocaleLanguage({{"LC_ALL", "fr_CA"}, {"LC_MESSAGES", "en_US"}}), Language::kFrench);
+  EXPECT_EQ(LocaleLanguage({{"LC_ALL", ""}, {"LANG", "fr_BE"}}), Language::kFrench);
+}
+
 TEST(RegistryLocation, IsAnErrorForAUserWithoutAHome) { EXPECT_THROW(Path({}, {}, ""), HostError); }
 
 }  // namespace

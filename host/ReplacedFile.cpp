@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
 
 #include "platform/FileSystem.h"
@@ -66,10 +67,19 @@ std::error_code WriteDirectly(const std::string& path, std::string_view bytes) {
   return file->Close();
 }
 
-/// The file itself where `path` is a link to it, so that the link stays.
+constexpr int kMostLinks = 40;  // as the system itself follows
+
+/// The file itself where `path` is a link to it, be it there already or not, so that the link
+/// stays.
 std::string Target(const std::string& path) {
   const std::unique_ptr<char, decltype(&free)> resolved(realpath(path.c_str(), nullptr), &free);
-  return resolved == nullptr ? path : resolved.get();
+  if (resolved != nullptr) return resolved.get();
+  std::filesystem::path target = path;
+  std::error_code error;
+  for (int links = 0; links < kMostLinks && std::filesystem::is_symlink(target, error); ++links) {
+    target = target.parent_path() / std::filesystem::read_symlink(target, error);
+  }
+  return target.string();
 }
 
 }  // namespace

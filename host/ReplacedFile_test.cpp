@@ -65,5 +65,16 @@ TEST_F(ReplacedFileTest, WritesDirectlyToWhatIsNoPlainFile) {
   EXPECT_EQ(ReplaceFile("/dev/full", "x"), std::errc::no_space_on_device);
 }
 
+TEST(ReplacedFiles, AreMadeWhereADanglingLinkLeads) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directory(folder.path() + "sub");
+  std::filesystem::create_symlink("sub/second", folder.path() + "first");
+  std::filesystem::create_symlink("target.reg", folder.path() + "sub/second");
+  EXPECT_FALSE(ReplaceFile(folder.path() + "first", "text"));
+  EXPECT_EQ(folder.Read("sub/target.reg"), "text");
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.path() + "first"));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.path() + "sub/second"));
+}
+
 }  // namespace
 }  // namespace imptable

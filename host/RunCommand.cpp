@@ -2,21 +2,26 @@
 #include <chrono>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "host/Commands.h"
 #include "host/HostError.h"
 #include "host/LiveDisplay.h"
 #include "host/LiveLine.h"
+#include "host/OwnCommand.h"
 #include "host/RegistryFailureText.h"
+#include "host/ReportPath.h"
 #include "host/RunOutcome.h"
+#include "host/RunStart.h"
 #include "host/RunSummary.h"
+#include "host/RunWarnings.h"
 #include "host/StopSignals.h"
 #include "host/TaskLock.h"
+#include "host/TaskOpening.h"
 #include "import/TaskFiles.h"
 #include "plugin/ImpTable.h"
-#include "plugin/ResumeOutlook.h"
 #include "plugin/ResumeRule.h"
-#include "plugin/ScenarioKeys.h"
 
 namespace imptable {
 namespace {
@@ -58,14 +63,6 @@ std::string DefaultReportPath(std::string task) {
   return task + ".txt";
 }
 
-void RefuseSurprisingResume(HostContext& context, const CommandRequest& request) {
-  const ResumeOutlook outlook =
-      LookAtResume(context.state, TasksKey(request.scenario), request.scenario, request.task);
-  if (outlook.resumes || outlook.traced_lines == 0) return;
-  throw HostError(ExitCode::kMissing, HostText::kResumeRefused,
-                  {request.task, context.texts.Number(outlook.traced_lines), outlook.trace_path});
-}
-
 void RequireWritableReport(HostContext& context, const std::string& path) {
   std::error_code error;
   const auto file = context.files->OpenForWriting(path, WriteMode::kAppend, error);
@@ -76,12 +73,32 @@ void RequireWritableReport(HostContext& context, const std::string& path) {
 }
 
 /// What a resume goes by may be out of sight for now; then the resume itself says so.
-bool MayResume(FileSystem& files, const RunState& run) {
+NextStep NextStepOf(FileSystem& files, const RunState& run) {
+  if (!run.resume && run.progress.read == 0) return NextStep::kAfresh;
+  if (run.resume_option == 0) return NextStep::kNone;
   try {
-    return CanResume(files, run);
+    if (CanResume(files, run)) return NextStep::kResume;
+    return IsNotEmpty(files, SideFilePath(run, kTraceExtension)) ? NextStep::kTraceThenResume
+                                                                 : NextStep::kNone;
   } catch (const RuntimeFault&) {
-    return true;
+    return NextStep::kResume;
   }
+}
+
+std::vector<std::string> SideFilesOf(const FileSystem& files, const RunState& run) {
+  std::vector<std::string> there;
+  for (const std::string_view extension :
+       {kErrorExtension, kRejectedExtension, kTraceExtension, kRejectedCopyExtension,
+        kTraceCopyExtension, kChainExtension}) {
+    std::string path = files.Locate(SideFilePath(run, extension));
+    if (files.Query(path)) there.push_back(std::move(path));
+  }
+  return there;
+}
+
+std::int64_t SecondsSince1970() {
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  return std::chrono::duration_cast<std::chrono::seconds>(now).count();
 }
 
 RunOutcome OutcomeOf(const HostContext& context, const CommandRequest& request,
@@ -100,7 +117,21 @@ RunOutcome OutcomeOf(const HostContext& context, const CommandRequest& request,
   outcome.side_files = SideFilePath(run, "");
   outcome.has_error_file = IsNotEmpty(*context.files, SideFilePath(run, kErrorExtension));
   outcome.has_rejected_file = IsNotEmpty(*context.files, SideFilePath(run, kRejectedExtension));
-  outcome.can_resume = MayResume(*context.files, run);
+  outcome.next = NextStepOf(*context.files, run);
+  outcome.set_trace_command = SetCommandFor(request, "RecTrace=1");
+  outcome.resume_command = RunCommandFor(request, "--resume");
+  outcome.resumed = run.resume;
+  outcome.source_path = context.files->Locate(DataFilePath(run, run.full_file_name == 1));
+  outcome.source_state = run.source_state;
+  outcome.table = run.table;
+  outcome.mode = run.mode;
+  outcome.ended = SecondsSince1970();
+  outcome.started = outcome.ended - static_cast<std::int64_t>(seconds);
+  outcome.files = SideFilesOf(*context.files, run);
+  const bool missing = run.source_state == SourceState::kMissing;
+  if (request.require_file && missing && outcome.ending == RunEnding::kDone) {
+    outcome.ending = RunEnding::kNoFile;
+  }
   if (run.fault) outcome.fault = module.FaultText(*run.fault);
   outcome.report_failed = context.library.report_failed();
   if (const auto& failure = context.registry.last_write_failure()) {
@@ -113,10 +144,22 @@ RunOutcome OutcomeOf(const HostContext& context, const CommandRequest& request,
 
 ExitCode RunTask(HostContext& context, const CommandRequest& request, const HostConsole& console) {
   context.RequireTask(request.scenario, request.task);
-  const TaskLock lock(context, request);
-  if (request.resume) RefuseSurprisingResume(context, request);
+  OpenTaskOnce(context, request.scenario, request.task);
+  RequireRunnable(context);
+  const std::optional<OpenedTask>& opened = context.state.commun.opened_task;
+  const TaskLock lock(context.texts, opened);
+  const RunStart begin = DecideStart(context, request);
   const std::string report = request.report.value_or(DefaultReportPath(request.task));
+  RequireReportOfItsOwn(report, request.report ? ReportName::kGiven : ReportName::kDefault,
+                        FilesOfRun(opened ? *opened : OpenedTask(), context.registry_path),
+                        *context.files, *context.encoding);
   RequireWritableReport(context, report);
+  if (begin.given_up) PrintErrorLine(console.err, *begin.given_up);
+  std::vector<std::string> warnings;
+  if (opened) warnings = RunWarnings(*opened, *context.files, context.texts);
+  for (const std::string& warning : warnings) {
+    PrintErrorLine(console.err, context.texts.Text(HostText::kWarning, {warning}));
+  }
 
   RunState& run = context.state.commun.run;
   std::optional<LiveLine> line;
@@ -126,19 +169,21 @@ ExitCode RunTask(HostContext& context, const CommandRequest& request, const Host
   RunWatcher watcher(run.progress, line ? &*line : nullptr);
   LiveDisplay display;
   const SteadyClock::time_point start = SteadyClock::now();
-  const StopSignals signals(run.stop_requested);
+  const StopSignals signals(run.stop_requested,
+                            [&context] { context.state.odbc.cancellation.Cancel(); });
   {
     ImpTable task(context.state, &watcher);
     task.InitializeProperties(request.task, request.scenario, OffsetOf(context.texts.language()));
     task.SetReportFilePath(report);
     task.Bouton = &display;
-    task.Run(request.resume ? kResumeRequest : kFreshRequest);
+    task.Run(begin.resumes ? kResumeRequest : kFreshRequest);
   }
   line.reset();
 
-  const RunOutcome outcome = OutcomeOf(context, request, report, SecondsSince(start));
+  RunOutcome outcome = OutcomeOf(context, request, report, SecondsSince(start));
+  outcome.warnings = std::move(warnings);
   if (request.json) {
-    console.out << SummaryJson(outcome, *context.encoding);
+    console.out << SummaryJson(outcome, context.texts);
   } else if (!request.quiet) {
     console.out << SummaryText(outcome, context.texts, console.colours);
   }

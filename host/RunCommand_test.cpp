@@ -87,6 +87,18 @@ TEST_F(RunCommand, PrintsOneJsonObjectForScripts) {
   EXPECT_GE(object["seconds"], 0);
 }
 
+TEST_F(RunCommand, WarnsOfWhatItTakesNoNoticeOf) {
+  session.Run({"set", "S", "T", "Suppression=2"});
+  const auto result = Run({"--json"});
+  EXPECT_EQ(result.code, 0);
+  const auto object = nlohmann::json::parse(result.out);
+  ASSERT_EQ(object["warnings"].size(), 1U);
+  EXPECT_THAT(object["warnings"][0].get<std::string>(),
+              HasSubstr("no file " + session.folder.path() + "CLIENTS.SUP"));
+  EXPECT_EQ(result.err, "imptable: warning: " + object["warnings"][0].get<std::string>() + "\n");
+  EXPECT_EQ(object["inserted"], 3);
+}
+
 TEST_F(RunCommand, IsCode1AndNamesTheSideFilesWhenLinesWereRejected) {
   Driver("on SQLExecute 2 return -1 diag 23000 2627 \"duplicate key\"");
   const auto result = Run();
@@ -110,8 +122,12 @@ TEST_F(RunCommand, GoesOnFromRejectedLinesWithResume) {
   EXPECT_EQ(object["inserted"], 1);
 }
 
-TEST_F(RunCommand, RunsAfreshWithResumeWhenThereIsNothingToResume) {
-  EXPECT_EQ(Run({"--resume"}).code, 0);
+TEST_F(RunCommand, RefusesAResumeWhenThereIsNothingToResume) {
+  const auto result = Run({"--resume"});
+  EXPECT_EQ(result.code, 3);
+  EXPECT_THAT(result.err, AllOf(MatchesRegex(kOneLine), HasSubstr("nothing to resume")));
+  EXPECT_THAT(source.LogLines(), IsEmpty());
+  EXPECT_FALSE(session.folder.Exists("report.txt"));
 }
 
 TEST_F(RunCommand, RefusesAResumeThatWouldStartAfreshBeforeAnythingIsTouched) {
@@ -120,22 +136,21 @@ TEST_F(RunCommand, RefusesAResumeThatWouldStartAfreshBeforeAnythingIsTouched) {
   EXPECT_EQ(result.code, 3);
   EXPECT_EQ(result.out, "");
   EXPECT_THAT(result.err, MatchesRegex(kOneLine));
-  EXPECT_THAT(result.err, AllOf(HasSubstr("2 line(s)"), HasSubstr("run without --resume"),
-                                HasSubstr("RecTrace")));
+  EXPECT_THAT(result.err, AllOf(HasSubstr("2 line(s)"),
+                                HasSubstr(": imptable --registry " + session.registry() +
+                                          " set S T RecTrace=1, then imptable --registry " +
+                                          session.registry() + " run S T --resume\n")));
   EXPECT_FALSE(session.folder.Exists("report.txt"));
   EXPECT_TRUE(session.folder.Exists("CLIENTS.TRC"));
   EXPECT_EQ(Status(), "0\n");
   EXPECT_THAT(source.LogLines(), IsEmpty());
 }
 
-TEST_F(RunCommand, RefusesAResumeThatWouldForgetAChainCutOffBeforeItsFirstLine) {
-  session.folder.Write("CLIENTS.REP", "REP 1\n000000020\nEND 00000005\n");
-  const auto result = Run({"--resume"});
-  EXPECT_EQ(result.code, 3);
-  EXPECT_THAT(result.err, MatchesRegex(kOneLine));
-  EXPECT_THAT(result.err, AllOf(HasSubstr("5 line(s)"), HasSubstr("CLIENTS.REP")));
-  EXPECT_TRUE(session.folder.Exists("CLIENTS.REP"));
-  EXPECT_THAT(source.LogLines(), IsEmpty());
+TEST_F(RunCommand, ResumesAChainCutOffBeforeItsFirstLineWithoutATrace) {
+  session.folder.Write("CLIENTS.REP", "REP 1\n000000020\nEND 00000002\n");
+  const auto result = Run({"--resume", "--json"});
+  EXPECT_EQ(result.code, 0) << result.err;
+  EXPECT_EQ(nlohmann::json::parse(result.out)["inserted"], 2);
 }
 
 TEST_F(RunCommand, ResumesFromATraceAloneWhenTheTaskSaysSo) {
@@ -178,7 +193,9 @@ TEST_F(RunCommand, IsCode1WhenTheDeletionBeforeTheImportFailed) {
 }
 
 TEST_F(RunCommand, IsCode4WhenAFaultStoppedTheRun) {
-  session.Run({"set", "S", "T", "Erreurs=many"});
+  session.Run(
+      {"reg", "import", "-"},
+      "REGEDIT4\n\n[HKLM\\SOFTWARE\\KALDO\\Scenarios\\S\\Taches\\T]\n\"Erreurs\"=\"many\"\n");
   const auto result = Run();
   EXPECT_EQ(result.code, 4);
   EXPECT_THAT(result.err, MatchesRegex(kOneLine));
@@ -290,7 +307,7 @@ TEST_F(RunCommand, IsCode130WhenInterruptedAndLeavesTheSignalsAsTheyWere) {
   EXPECT_EQ(result.code, 130);
   EXPECT_THAT(result.out, HasSubstr("Interrupted: scenario S, task T\n"));
   EXPECT_THAT(result.err, MatchesRegex(kOneLine));
-  EXPECT_THAT(result.err, HasSubstr("task \"T\": interrupted after 0 line(s)"));
+  EXPECT_THAT(result.err, HasSubstr("task \"T\": interrupted before its first line"));
   struct sigaction after {};
   sigaction(SIGINT, nullptr, &after);
   EXPECT_EQ(after.sa_handler, before.sa_handler);

@@ -13,25 +13,32 @@
 #include "host/HostError.h"
 #include "host/RegistryFailureText.h"
 #include "host/RegistryLocation.h"
+#include "host/RunSummary.h"
 
 namespace imptable {
 namespace {
 
 constexpr auto kCommands = std::to_array<HostCommand>({
     {"run", RunTask},
-    {"configure", StartConfiguration},
+    {"configure", StartConfiguration, true},
     {"describe", PrintDescription},
     {"actions", PrintActions},
     {"status", ShowStatus},
     {"list", ListNames},
     {"get", GetSettings},
-    {"set", SetSettings},
-    {"delete", DeleteTask},
-    {"variable", HandleVariables},
-    {"sources", ListSources},
-    {"reg import", ImportRegistry},
+    {"set", SetSettings, true},
+    {"unset", UnsetSettings},
+    {"copy", CopyTask},
+    {"rename", RenameTask},
+    {"delete", DeleteKeys},
+    {"variable", HandleVariables, true},
+    {"reg import", ImportRegistry, true},
     {"reg export", ExportRegistry},
 });
+
+constexpr auto kPlainCommands = std::to_array<PlainCommand>({{"sources", ListSources}});
+
+bool IsThere(const std::string& path) { return access(path.c_str(), F_OK) == 0; }
 
 /// The language for what is said before or without a command. Never creates a registry file, and a
 /// faulty one is for a command to complain about.
@@ -40,7 +47,7 @@ Language LanguageWithoutCommand(const CommandLine& line) {
   try {
     const std::string path = RegistryFilePath(line.registry);
     if (access(path.c_str(), R_OK) != 0) return Language::kFrench;
-    return LanguageIn(RegistryStore(path, "."));
+    return LanguageIn(RegistryStore(path));
   } catch (const std::exception&) {
     return Language::kFrench;
   }
@@ -84,6 +91,10 @@ class Invocation {
 
   ExitCode Fail(ExitCode code, const std::string& text) {
     PrintErrorLine(console_.err, text);
+    const CommandRequest& request = line_.request;
+    if (request.command == "run" && request.json) {
+      console_.out << RefusalJson(request, code, text, *encoding_) << std::flush;
+    }
     return code;
   }
 
@@ -102,15 +113,26 @@ class Invocation {
       case CommandLine::Outcome::kCommand:
         break;
     }
-    HostContext context(RegistryFilePath(line_.registry), line_.language, console_.err,
-                        program_.windows);
-    language_ = context.texts.language();
-    for (const HostCommand& command : program_.commands) {
+    for (const PlainCommand& command : program_.plain_commands) {
       if (command.name != line_.request.command) continue;
-      return Flushed(command.carry_out(context, line_.request, console_));
+      language_ = LanguageWithoutCommand(line_);
+      return Flushed(command.carry_out(Texts(), console_));
+    }
+    for (const HostCommand& command : program_.commands) {
+      if (command.name == line_.request.command) return Flushed(CarryOutOnRegistry(command));
     }
     throw HostError(ExitCode::kUsage, HostText::kUnknownCommand,
                     {line_.request.command, "imptable"});
+  }
+
+  ExitCode CarryOutOnRegistry(const HostCommand& command) {
+    const std::string path = RegistryFilePath(line_.registry);
+    std::optional<Language> language = line_.language;
+    // What a new registry will be set to is already the language of the command that makes it.
+    if (!language && command.makes_registry && !IsThere(path)) language = LanguageOfLocale();
+    HostContext context(path, language, console_.err, program_.windows);
+    language_ = context.texts.language();
+    return command.carry_out(context, line_.request, console_);
   }
 
   /// A result that didn't get out is no success; a run that was done stays done.
@@ -131,7 +153,7 @@ class Invocation {
 
 }  // namespace
 
-HostProgram CommandProgram() { return {kCommands}; }
+HostProgram CommandProgram() { return {kCommands, kPlainCommands}; }
 
 int RunHost(const std::vector<std::string>& arguments, const HostConsole& console,
             const HostProgram& program) {

@@ -18,11 +18,19 @@ namespace imptable {
 struct HostCommand {
   std::string_view name;
   ExitCode (*carry_out)(HostContext&, const CommandRequest&, const HostConsole&);
+  bool makes_registry = false;  // where there is none
+};
+
+/// A command that needs no registry.
+struct PlainCommand {
+  std::string_view name;
+  ExitCode (*carry_out)(const HostTexts&, const HostConsole&);
 };
 
 /// One of the host's programs.
 struct HostProgram {
   std::span<const HostCommand> commands;
+  std::span<const PlainCommand> plain_commands = {};
   const HostWindows* windows = nullptr;  // null for a program without windows
 };
 

@@ -23,6 +23,8 @@ RunOutcome Ended(RunEnding ending, RunStatus status) {
   outcome.report = "T.txt";
   outcome.data_source = "db";
   outcome.side_files = "/data/CLIENTS";
+  outcome.set_trace_command = "imptable set S T RecTrace=1";
+  outcome.resume_command = "imptable run S T --resume";
   return outcome;
 }
 
@@ -84,9 +86,9 @@ TEST_F(RunOutcomeTest, IsCode1AndNamesTheFilesOfRejectedLines) {
   outcome.progress.errors = 1200;
   EXPECT_EQ(ExitCodeOf(outcome), ExitCode::kRunFailed);
   EXPECT_EQ(Line(outcome),
-            "task \"T\": 1,200 line(s) rejected, see /data/CLIENTS.ERR: mend the file, then run "
-            "again");
-  outcome.can_resume = true;
+            "task \"T\": 1,200 line(s) rejected, see /data/CLIENTS.ERR: mend them in a file of "
+            "their own and import that alone, the others are done (RecErreurs=0)");
+  outcome.next = NextStep::kResume;
   EXPECT_EQ(Line(outcome),
             "task \"T\": 1,200 line(s) rejected, see /data/CLIENTS.ERR: mend /data/CLIENTS.LER, "
             "then run again with --resume");
@@ -101,9 +103,13 @@ TEST_F(RunOutcomeTest, IsCode1AndNamesTheCauseOfEveryOtherFailure) {
   outcome.ending = RunEnding::kModeFaulted;
   outcome.fault = "Disk full";
   EXPECT_EQ(Line(outcome), "task \"T\": Disk full: see the report T.txt");
-  outcome.can_resume = true;
+  outcome.next = NextStep::kResume;
   EXPECT_EQ(Line(outcome),
             "task \"T\": Disk full: see the report T.txt, then run again with --resume");
+  outcome.next = NextStep::kTraceThenResume;
+  EXPECT_EQ(Line(outcome),
+            "task \"T\": Disk full: see the report T.txt; to go on from there: imptable set S T "
+            "RecTrace=1, then imptable run S T --resume");
   outcome.ending = RunEnding::kErrors;
   EXPECT_THAT(Line(outcome), Not(HasSubstr(".ERR")));
   outcome.has_error_file = true;
@@ -147,13 +153,19 @@ TEST_F(RunOutcomeTest, NamesItsCauseEvenWhenTheReportAndTheRegistryLackIt) {
 TEST_F(RunOutcomeTest, IsCode130WhenInterruptedAndSaysHowToGoOn) {
   RunOutcome outcome = Ended(RunEnding::kInterrupted, RunStatus::kFailed);
   outcome.progress.read = 7;
-  outcome.can_resume = true;
+  outcome.next = NextStep::kResume;
   outcome.report_failed = true;
   EXPECT_EQ(ExitCodeOf(outcome), ExitCode::kInterrupted);
   EXPECT_EQ(Line(outcome),
             "task \"T\": interrupted after 7 line(s): run again with --resume to go on from there");
-  outcome.can_resume = false;
-  EXPECT_THAT(Line(outcome), HasSubstr("run without --resume to start afresh"));
+  outcome.next = NextStep::kTraceThenResume;
+  EXPECT_EQ(Line(outcome),
+            "task \"T\": interrupted after 7 line(s), none rejected: to go on from there: imptable "
+            "set S T RecTrace=1, then imptable run S T --resume");
+  outcome.next = NextStep::kAfresh;
+  EXPECT_THAT(Line(outcome), HasSubstr("before its first line: run it again"));
+  outcome.next = NextStep::kNone;
+  EXPECT_THAT(Line(outcome), HasSubstr("take the lines that are done out of the data file"));
 }
 
 TEST_F(RunOutcomeTest, IsSummedUpInAFewLines) {
@@ -168,7 +180,7 @@ TEST_F(RunOutcomeTest, IsSummedUpInAFewLines) {
   outcome.seconds = 2.34;
   outcome.has_error_file = true;
   outcome.has_rejected_file = true;
-  outcome.can_resume = true;
+  outcome.next = NextStep::kResume;
   EXPECT_EQ(SummaryText(outcome, english, false),
             "Finished with rejected lines: scenario S, task T\n"
             "  read      1,000\n"
@@ -207,19 +219,67 @@ TEST_F(RunOutcomeTest, IsOneJsonObjectForScripts) {
                       .errors = 4,
                       .ignored = 5,
                       .skipped = 6};
+  outcome.progress.unmatched = 8;
+  outcome.progress.deleted_before = 9;
   outcome.seconds = 1.23456;
-  EXPECT_EQ(SummaryJson(outcome, encoding),
-            "{\"scenario\":\"S\",\"task\":\"T\",\"status\":3,\"read\":7,\"inserted\":1,"
-            "\"modified\":2,\"deleted\":3,\"errors\":4,\"ignored\":5,\"skipped\":6,"
-            "\"seconds\":1.235,\"report\":\"T.txt\"}\n");
+  outcome.source_path = "/data/CLIENTS.CSV";
+  outcome.source_state = SourceState::kPresent;
+  outcome.table = "CLIENT";
+  outcome.mode = 3;
+  outcome.started = 1163579400;
+  outcome.ended = 1163579401;
+  outcome.resumed = true;
+  outcome.next = NextStep::kResume;
+  outcome.files = {"/data/CLIENTS.ERR", "/data/CLIENTS.LER"};
+  outcome.warnings = {"\"Mode\""};
+  EXPECT_EQ(
+      SummaryJson(outcome, english),
+      "{\"scenario\":\"S\",\"task\":\"T\",\"status\":3,\"read\":7,\"inserted\":1,"
+      "\"modified\":2,\"deleted\":3,\"errors\":4,\"ignored\":5,\"skipped\":6,"
+      "\"seconds\":1.235,\"report\":\"T.txt\",\"code\":1,\"resumed\":true,"
+      "\"file\":{\"path\":\"/data/CLIENTS.CSV\",\"state\":\"read\"},\"table\":\"CLIENT\","
+      "\"mode\":\"UPDATE/INSERT\",\"started\":\"2006-11-15T08:30:00Z\","
+      "\"ended\":\"2006-11-15T08:30:01Z\",\"ended_by\":\"end\","
+      "\"message\":\"task \\\"T\\\": 4 line(s) rejected, see /data/CLIENTS.ERR: mend "
+      "/data/CLIENTS.LER, then run again with --resume\",\"before\":9,\"unmatched\":8,"
+      "\"files\":[\"/data/CLIENTS.ERR\",\"/data/CLIENTS.LER\"],\"warnings\":[\"\\\"Mode\\\"\"]}\n");
 }
 
 TEST_F(RunOutcomeTest, IsJsonInUtf8WhateverTheNamesHold) {
   RunOutcome outcome = Ended(RunEnding::kDone, RunStatus::kSucceeded);
   outcome.task = "\xE9t\xE9\"\n";
   const Latin1TextEncoding latin1;
-  EXPECT_EQ(nlohmann::json::parse(SummaryJson(outcome, latin1))["task"], "été\"\n");
-  EXPECT_NO_THROW(SummaryJson(outcome, encoding));
+  const HostTexts in_latin1(Language::kFrench, latin1);
+  EXPECT_EQ(nlohmann::json::parse(SummaryJson(outcome, in_latin1))["task"], "été\"\n");
+  EXPECT_NO_THROW(SummaryJson(outcome, english));
+}
+
+TEST_F(RunOutcomeTest, SaysInJsonHowItEndedAndWhatItFound) {
+  struct Case {
+    RunEnding ending;
+    const char* ended_by;
+  };
+  RunOutcome outcome;
+  outcome.source_path = "/data/CLIENTS.CSV";
+  for (const Case& each :
+       {Case{RunEnding::kDone, "end"}, Case{RunEnding::kRejected, "end"},
+        Case{RunEnding::kErrorLimit, "limit"}, Case{RunEnding::kInterrupted, "interruption"},
+        Case{RunEnding::kNoConnection, "fault"}, Case{RunEnding::kStopped, "fault"},
+        Case{RunEnding::kModeFaulted, "fault"}, Case{RunEnding::kDeletionFailed, "fault"}}) {
+    outcome.ending = each.ending;
+    const auto object = nlohmann::json::parse(SummaryJson(outcome, english));
+    EXPECT_EQ(object["ended_by"], each.ended_by);
+    EXPECT_EQ(object["message"].is_null(), each.ending == RunEnding::kDone);
+    EXPECT_TRUE(object["file"]["state"].is_null());
+  }
+  outcome.progress.deleted_before.reset();
+  outcome.source_state = SourceState::kMissing;
+  auto object = nlohmann::json::parse(SummaryJson(outcome, english));
+  EXPECT_TRUE(object["before"].is_null());
+  EXPECT_EQ(object["file"]["state"], "missing");
+  outcome.source_state = SourceState::kEmpty;
+  object = nlohmann::json::parse(SummaryJson(outcome, english));
+  EXPECT_EQ(object["file"]["state"], "empty");
 }
 
 }  // namespace

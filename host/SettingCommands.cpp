@@ -1,14 +1,18 @@
 #include <algorithm>
+#include <cstdint>
 #include <initializer_list>
+#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "host/Assignment.h"
+#include "host/ColumnOrder.h"
 #include "host/Commands.h"
 #include "host/HostError.h"
 #include "host/InputValue.h"
 #include "host/KeyName.h"
+#include "host/SettingRules.h"
 #include "host/SettingsTable.h"
 #include "host/ShownPassword.h"
 #include "host/ShownValue.h"
@@ -19,6 +23,9 @@
 
 namespace imptable {
 namespace {
+
+constexpr std::string_view kFormatName = "FormatFile";
+constexpr std::int32_t kDelimitedFormat = 1;
 
 /// Takes and gives UTF-8.
 std::string ShownSetting(const CommandRequest& request, std::string_view name,
@@ -46,27 +53,66 @@ RegistryEdit SetEdit(const KeyPath& key, std::string name, RegistryValue value) 
   return {RegistryEdit::Action::kSetValue, key, std::move(name), std::move(value)};
 }
 
-/// What one NAME=VALUE writes.
-/// @param text  in the system's code page.
+/// @param name  in the system's code page.
+/// @throws HostError  wrong usage, when no task has a value of this name.
+SettingPlace RequireSetting(const HostContext& context, const std::string& name) {
+  const std::optional<SettingPlace> place = FindSetting(context.ToUtf8(name));
+  if (!place)
+    throw HostError(ExitCode::kUsage, HostText::kUnknownSetting, {name.substr(0, name.find('='))});
+  return *place;
+}
+
+KeyPath KeyOf(const KeyPath& task, const SettingPlace& place) {
+  return place.subkey.empty() ? task : Subkey(task, place.subkey);
+}
+
+/// NAME=VALUE with the place that it names.
+struct PlacedAssignment {
+  Assignment assignment;
+  SettingPlace place;
+};
+
 /// @throws HostError  wrong usage.
-RegistryEdit EditFor(const HostContext& context, const KeyPath& task, const std::string& text) {
-  const std::optional<Assignment> assignment = AssignmentFrom(text);
-  if (!assignment) {
-    throw HostError(ExitCode::kUsage, HostText::kNotAnAssignment, {text, "imptable set"});
+std::vector<PlacedAssignment> Placed(const HostContext& context,
+                                     const std::vector<std::string>& texts) {
+  std::vector<PlacedAssignment> placed;
+  for (const std::string& text : texts) {
+    std::optional<Assignment> assignment = AssignmentFrom(text);
+    if (!assignment) {
+      throw HostError(ExitCode::kUsage, HostText::kNotAnAssignment, {text, "imptable set"});
+    }
+    SettingPlace place = RequireSetting(context, assignment->name);
+    placed.push_back({std::move(*assignment), std::move(place)});
   }
-  const std::optional<SettingPlace> place = FindSetting(context.ToUtf8(assignment->name));
-  if (!place) {
-    throw HostError(ExitCode::kUsage, HostText::kUnknownSetting, {assignment->name});
+  return placed;
+}
+
+/// Whether the task's file is of fixed width once the assignments are made; nullopt when neither
+/// they nor the task say so: then a layout may come before the format.
+std::optional<bool> IsFixedWidth(const HostContext& context, const KeyPath& task,
+                                 const std::vector<PlacedAssignment>& assignments) {
+  std::optional<std::int32_t> format;
+  if (const auto stored = context.store.Read(task, kFormatName)) format = NumberOf(*stored);
+  for (const PlacedAssignment& each : assignments) {
+    if (each.place.name == kFormatName) format = NumberFromText(each.assignment.value);
   }
-  const KeyPath key = place->subkey.empty() ? task : Subkey(task, place->subkey);
-  if (place->type != RegistryType::kNumber) {
-    return SetEdit(key, place->name, TextValue(context.ToUtf8(assignment->value)));
+  if (!format) return std::nullopt;
+  return *format != kDelimitedFormat;
+}
+
+/// What the assignments write.
+/// @throws HostError  wrong usage.
+std::vector<RegistryEdit> EditsFor(const HostContext& context, const KeyPath& task,
+                                   const std::vector<std::string>& texts) {
+  const std::vector<PlacedAssignment> assignments = Placed(context, texts);
+  const SettingRules rules{*context.encoding, IsFixedWidth(context, task, assignments)};
+  std::vector<RegistryEdit> edits;
+  edits.reserve(assignments.size());
+  for (const auto& [assignment, place] : assignments) {
+    edits.push_back(SetEdit(KeyOf(task, place), place.name,
+                            rules.Stored(place, assignment.name, assignment.value)));
   }
-  const std::optional<std::int32_t> number = NumberFromText(assignment->value);
-  if (!number) {
-    throw HostError(ExitCode::kUsage, HostText::kNotANumber, {assignment->name, assignment->value});
-  }
-  return SetEdit(key, place->name, NumberValue(*number));
+  return edits;
 }
 
 /// The assignments, complete with the value that standard input gives.
@@ -79,19 +125,20 @@ std::vector<std::string> WithInputValue(const HostContext& context, const Comman
   if (bare == assignments.end() || std::any_of(bare + 1, assignments.end(), is_bare)) {
     throw HostError(ExitCode::kUsage, HostText::kNoNameForInput, {"imptable set"});
   }
-  if (!FindSetting(context.ToUtf8(*bare))) {
-    throw HostError(ExitCode::kUsage, HostText::kUnknownSetting, {*bare});
-  }
+  RequireSetting(context, *bare);
   *bare += '=' + ReadInputValue(console, context.texts, *bare);
   return assignments;
 }
 
+RegistryEdit ModificationStamp(const HostContext& context, const KeyPath& task) {
+  return SetEdit(task, "ModifiéLe", TextValue(StampText(context.clock->Now())));
+}
+
 /// What the configuration dialog writes besides the settings themselves.
 std::vector<RegistryEdit> EditsOfSaving(const HostContext& context, const KeyPath& task) {
-  const RegistryValue now = TextValue(StampText(context.clock->Now()));
-  if (context.store.KeyExists(task)) return {SetEdit(task, "ModifiéLe", now)};
+  if (context.store.KeyExists(task)) return {ModificationStamp(context, task)};
   return {SetEdit(task, "Type", NumberValue(kWrapperType)), SetEdit(task, "Etat", NumberValue(0)),
-          SetEdit(task, "CréeLe", now)};
+          SetEdit(task, "CréeLe", TextValue(StampText(context.clock->Now())))};
 }
 
 }  // namespace
@@ -120,14 +167,32 @@ ExitCode GetSettings(HostContext& context, const CommandRequest& request,
 
 ExitCode SetSettings(HostContext& context, const CommandRequest& request,
                      const HostConsole& console) {
-  RequireName(request.scenario);
-  RequireName(request.task);
+  RequireName(*context.encoding, request.scenario);
+  RequireName(*context.encoding, request.task);
   const KeyPath task = TaskKey(context.ToUtf8(request.scenario), context.ToUtf8(request.task));
-  std::vector<RegistryEdit> edits = EditsOfSaving(context, task);
-  for (const std::string& assignment : WithInputValue(context, request, console)) {
-    edits.push_back(EditFor(context, task, assignment));
+  const std::vector<RegistryEdit> edits =
+      EditsFor(context, task, WithInputValue(context, request, console));
+  context.store.Together([&] {
+    context.store.Apply(EditsOfSaving(context, task));
+    context.store.Apply(edits);
+    OrderColumnsOf(context.store, edits);
+  });
+  return ExitCode::kDone;
+}
+
+ExitCode UnsetSettings(HostContext& context, const CommandRequest& request, const HostConsole&) {
+  const KeyPath task = TaskKey(context.ToUtf8(request.scenario), context.ToUtf8(request.task));
+  std::vector<RegistryEdit> edits{ModificationStamp(context, task)};
+  for (const std::string& name : request.names) {
+    const SettingPlace place = RequireSetting(context, name);
+    edits.push_back(
+        {RegistryEdit::Action::kDeleteValue, KeyOf(task, place), place.name, RegistryValue{}});
   }
-  context.store.Apply(edits);
+  context.RequireTask(request.scenario, request.task);
+  context.store.Together([&] {
+    context.RequireTask(request.scenario, request.task);
+    context.store.Apply(edits);
+  });
   return ExitCode::kDone;
 }
 

@@ -12,29 +12,64 @@ namespace {
 struct Setting {
   std::string_view name;
   RegistryType type;
+  SettingText text;
+  NumberRange range;
 };
+
+constexpr Setting Text(std::string_view name, SettingText text) {
+  return {name, RegistryType::kText, text, {}};
+}
+
+constexpr Setting Number(std::string_view name, NumberRange range) {
+  return {name, RegistryType::kNumber, SettingText::kAny, range};
+}
+
+constexpr NumberRange kAnyNumber{};
+constexpr NumberRange kShortNumber{-32768, 32767};  // what a run reads most of them as
 
 // Names and types are what the component and the host read: never change.
 constexpr auto kSettings = std::to_array<Setting>({
-    {"Base Cible", RegistryType::kText},     {"Login", RegistryType::kText},
-    {"Password", RegistryType::kText},       {"Owner", RegistryType::kText},
-    {"Table", RegistryType::kText},          {"Alias", RegistryType::kText},
-    {"Comment", RegistryType::kText},        {"Dir", RegistryType::kText},
-    {"Mode", RegistryType::kNumber},         {"Suppression", RegistryType::kNumber},
-    {"Cle/Index", RegistryType::kText},      {"PrimKey", RegistryType::kNumber},
-    {"DupKey", RegistryType::kNumber},       {"CodErr", RegistryType::kText},
-    {"Erreurs", RegistryType::kText},        {"RecErreurs", RegistryType::kNumber},
-    {"FicErr", RegistryType::kNumber},       {"SiVide", RegistryType::kNumber},
-    {"SepDec", RegistryType::kNumber},       {"Null", RegistryType::kNumber},
-    {"Param", RegistryType::kNumber},        {"NombreColonnes", RegistryType::kNumber},
-    {"DelimiteurFile", RegistryType::kText}, {"FormatFile", RegistryType::kNumber},
-    {"UseAlias", RegistryType::kNumber},     {"RecTrace", RegistryType::kNumber},
-    {"Etat", RegistryType::kNumber},         {"ExecuteLe", RegistryType::kText},
-    {"CréeLe", RegistryType::kText},         {"ModifiéLe", RegistryType::kText},
-    {"Type", RegistryType::kNumber},
+    Text("Base Cible", SettingText::kReferable),
+    Text("Login", SettingText::kReferable),
+    Text("Password", SettingText::kReferable),
+    Text("Owner", SettingText::kReferable),
+    Text("Table", SettingText::kReferable),
+    Text("Alias", SettingText::kReferable),
+    Text("Comment", SettingText::kAny),
+    Text("Dir", SettingText::kReferable),
+    Number("Mode", {0, 4}),
+    Number("Suppression", {0, 2}),
+    Text("Cle/Index", SettingText::kReferable),
+    Number("PrimKey", kShortNumber),
+    Number("DupKey", kShortNumber),
+    Text("CodErr", SettingText::kErrorCode),
+    Text("Erreurs", SettingText::kErrorLimit),
+    Number("RecErreurs", kShortNumber),
+    Number("FicErr", kAnyNumber),
+    Number("SiVide", kShortNumber),
+    Number("SepDec", kShortNumber),
+    Number("Null", kShortNumber),
+    Number("Param", kShortNumber),
+    Number("NombreColonnes", {0, 32767}),
+    Text("DelimiteurFile", SettingText::kAny),
+    Number("FormatFile", kShortNumber),
+    Number("UseAlias", kShortNumber),
+    Number("RecTrace", kShortNumber),
+    Number("Etat", kAnyNumber),
+    Text("ExecuteLe", SettingText::kAny),
+    Text("CréeLe", SettingText::kAny),
+    Text("ModifiéLe", SettingText::kAny),
+    Number("Type", kAnyNumber),
 });
 
-constexpr std::array kColumnSubkeys{kColumnsSubkey, kFieldsSubkey};
+/// A subkey with one text per column.
+struct ColumnSubkey {
+  std::string_view name;
+  SettingText text;
+};
+
+constexpr std::array<ColumnSubkey, 2> kColumnSubkeys{
+    {{kColumnsSubkey, SettingText::kColumn}, {kFieldsSubkey, SettingText::kField}}};
 
 bool IsColumnNumber(std::string_view text) {
   if (text.empty() || text.front() < '1' || text.front() > '9') return false;
@@ -47,16 +82,17 @@ std::optional<SettingPlace> FindSetting(std::string_view name) {
   const std::string folded = FoldName(name);
   for (const Setting& setting : kSettings) {
     if (FoldName(setting.name) == folded) {
-      return SettingPlace{"", std::string(setting.name), setting.type};
+      return SettingPlace{"", std::string(setting.name), setting.type, setting.text, setting.range};
     }
   }
   const std::size_t separator = name.find('\\');
   if (separator == std::string_view::npos) return std::nullopt;
   const std::string folded_subkey = FoldName(name.substr(0, separator));
   const std::string_view number = name.substr(separator + 1);
-  for (const std::string_view subkey : kColumnSubkeys) {
-    if (FoldName(subkey) == folded_subkey && IsColumnNumber(number)) {
-      return SettingPlace{std::string(subkey), std::string(number), RegistryType::kText};
+  for (const ColumnSubkey& subkey : kColumnSubkeys) {
+    if (FoldName(subkey.name) == folded_subkey && IsColumnNumber(number)) {
+      return SettingPlace{
+          std::string(subkey.name), std::string(number), RegistryType::kText, subkey.text, {}};
     }
   }
   return std::nullopt;

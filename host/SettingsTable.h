@@ -1,6 +1,8 @@
 #ifndef HOST_SETTINGS_TABLE_H_
 #define HOST_SETTINGS_TABLE_H_
 
+#include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,11 +15,29 @@ namespace imptable {
 inline constexpr std::string_view kColumnsSubkey = "Colonnes";
 inline constexpr std::string_view kFieldsSubkey = "Champs";
 
-/// Where a setting is stored and as what.
+/// What a setting's text has to be for a run to take it.
+enum class SettingText : std::uint8_t {
+  kAny,
+  kReferable,   // any, or "@" and the name of a variable
+  kErrorCode,   // a number, or "@" and the name of a variable
+  kErrorLimit,  // a number of errors
+  kColumn,      // of the data file
+  kField,       // of the table
+};
+
+/// The whole numbers that a setting may have.
+struct NumberRange {
+  std::int32_t least = std::numeric_limits<std::int32_t>::min();
+  std::int32_t most = std::numeric_limits<std::int32_t>::max();
+};
+
+/// Where a setting is stored, as what, and what it may be.
 struct SettingPlace {
   std::string subkey;  // of the task's key; empty for the task's key itself
   std::string name;
   RegistryType type = RegistryType::kText;
+  SettingText text = SettingText::kAny;  // of a text
+  NumberRange range;                     // of a number
 };
 
 /// Finds a setting by its value name, without regard to case: a value of the task's key or

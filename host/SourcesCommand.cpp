@@ -16,7 +16,7 @@ std::string EnvironmentVariable(const char* name, const char* otherwise) {
 
 }  // namespace
 
-ExitCode ListSources(HostContext& context, const CommandRequest&, const HostConsole& console) {
+ExitCode ListSources(const HostTexts& texts, const HostConsole& console) {
   bool found = false;
   ListDataSources([&](const std::string& name) {
     found = true;
@@ -25,8 +25,10 @@ ExitCode ListSources(HostContext& context, const CommandRequest&, const HostCons
   if (found) return ExitCode::kDone;
   // More than an error's one line: it is no error, and an example needs its line breaks.
   console.err << "imptable: "
-              << SourceHint(InstalledDrivers(), EnvironmentVariable("ODBCINI", "~/.odbc.ini"),
-                            EnvironmentVariable("HOME", "/home/me"), context.texts)
+              << WithoutControls(
+                     SourceHint(InstalledDrivers(), EnvironmentVariable("ODBCINI", "~/.odbc.ini"),
+                                EnvironmentVariable("HOME", "/home/me"), texts),
+                     LineEnds::kStay)
               << '\n';
   return ExitCode::kDone;
 }

@@ -12,6 +12,7 @@ ExitCode PrintFromComponent(HostContext& context, const CommandRequest& request,
   context.RequireTask(request.scenario, request.task);
   ImpTable task(context.state, nullptr);
   task.InitializeProperties(request.task, request.scenario, OffsetOf(context.texts.language()));
+  context.state.commun.location = TasksKey(request.scenario);
   console.out << (task.*text)() << '\n';
   return ExitCode::kDone;
 }
@@ -41,6 +42,7 @@ ExitCode ShowStatus(HostContext& context, const CommandRequest& request,
 ExitCode ListNames(HostContext& context, const CommandRequest& request,
                    const HostConsole& console) {
   KeyPath parent = ScenariosKey();
+  if (!request.name) context.RequireRegistry();
   if (request.name) {
     context.RequireScenario(*request.name);
     parent = TasksKey(context.ToUtf8(*request.name));
@@ -48,12 +50,6 @@ ExitCode ListNames(HostContext& context, const CommandRequest& request,
   for (const std::string& name : context.store.SubkeyNames(parent)) {
     console.out << context.FromUtf8(name) << '\n';
   }
-  return ExitCode::kDone;
-}
-
-ExitCode DeleteTask(HostContext& context, const CommandRequest& request, const HostConsole&) {
-  context.RequireTask(request.scenario, request.task);
-  context.store.DeleteTree(TaskKey(context.ToUtf8(request.scenario), context.ToUtf8(request.task)));
   return ExitCode::kDone;
 }
 

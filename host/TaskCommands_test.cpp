@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <filesystem>
+
 #include "host/testing/HostSession.h"
 
 namespace imptable {
@@ -40,7 +42,6 @@ class TaskCommands : public testing::Test {
 };
 
 TEST_F(TaskCommands, ListScenariosAndTheirTasks) {
-  EXPECT_EQ(Printed({"list"}), "");
   Printed({"set", "Été", "B", "Mode=0"});
   Printed({"set", "Été", "a", "Mode=0"});
   Printed({"variable", "Empty", "V=1"});
@@ -153,7 +154,7 @@ TEST_F(TaskCommands, SetWritesAllValuesOrNone) {
   EXPECT_THAT(Refused(2, {"set", "S", "T", "Mode=1", "Null=2147483648"}), HasSubstr("\"Null\""));
   EXPECT_THAT(Refused(2, {"set", "S", "T", "Mode=1", "Null"}), HasSubstr("\"Null\""));
   EXPECT_THAT(Refused(2, {"set", "S", "T", "Colonnes\\01=1"}), HasSubstr("Colonnes\\01"));
-  EXPECT_EQ(Printed({"list"}), "");
+  EXPECT_FALSE(session.folder.Exists("registry.db"));
 }
 
 TEST_F(TaskCommands, RefuseNamesThatNoKeyCanHave) {
@@ -171,7 +172,7 @@ TEST_F(TaskCommands, GetShowsValuesAsTheyWereFirstWrittenThenTheColumns) {
   Printed({"set", "S", "T", "ModifiéLe=m", "Table=C", "Colonnes\\1=1", "Comment="});
   EXPECT_EQ(Printed({"get", "S", "T"}),
             "Type=50\nEtat=0\nCréeLe=c\nTable=C\nAlias=A\nModifiéLe=m\nComment=\n"
-            "Colonnes\\2=7,1,,,\nColonnes\\1=1\nChamps\\1=x,,y\n");
+            "Colonnes\\1=1\nColonnes\\2=7,1,,,\nChamps\\1=x,,y\n");
 }
 
 TEST_F(TaskCommands, GetShowsOneBareValueWhateverItsCase) {
@@ -194,15 +195,31 @@ TEST_F(TaskCommands, VariableListsShowsAndSetsVariables) {
 }
 
 TEST_F(TaskCommands, PutALineBreakInANameOnOneLineOfTheMessage) {
+  Printed({"set", "S", "T", "Mode=0"});
   EXPECT_THAT(Refused(3, {"list", "a\nb"}), HasSubstr("\"a?b\""));
 }
 
+TEST_F(TaskCommands, PutNoControlCharacterOnTheTerminal) {
+  Printed({"set", "S", "T", "Mode=0"});
+  EXPECT_THAT(Refused(3, {"list",
+                          "\x1B[2Ja\u009B2Jb\x9B"
+                          "c\u00E9\u00A0"}),
+              HasSubstr("\"?[2Ja?2Jb?c\u00E9\u00A0\""));
+}
+
 TEST(HostLanguage, IsTheOptionsElseTheRegistrysElseFrench) {
-  const HostSession session;
+  HostSession session;
   const auto error = [&](std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), {"--registry", session.registry()});
     return HostSession::RunAsIs(arguments).err;
   };
+  EXPECT_THAT(error({"list", "X"}), StartsWith("imptable: pas de fichier du registre"));
+  EXPECT_EQ(session
+                .Run({"reg", "import", "-"},
+                     "REGEDIT4\n\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\KALDO\\Configuration]"
+                     "\n\"Lang\"=-\n")
+                .code,
+            0);
   EXPECT_THAT(error({"list", "X"}), StartsWith("imptable: pas de scénario"));
   EXPECT_THAT(error({"--lang", "en", "list", "X"}), StartsWith("imptable: no scenario"));
   const auto imported =
@@ -213,6 +230,37 @@ TEST(HostLanguage, IsTheOptionsElseTheRegistrysElseFrench) {
   EXPECT_THAT(error({"list", "X"}), StartsWith("imptable: no scenario"));
   EXPECT_THAT(error({"--lang", "fr", "list", "X"}), StartsWith("imptable: pas de scénario"));
   EXPECT_THAT(error({"nonsense"}), StartsWith("imptable: unknown command"));
+}
+
+TEST(HostLanguage, OfANewRegistryIsThatOfTheLocale) {
+  for (const auto& [locale, value] :
+       {std::pair("fr_FR.UTF-8", "0"), {"fr", "0"}, {"C", "10000"}, {"de_DE.UTF-8", "10000"}}) {
+    const HostSession session;
+    const ScopedVariable variable("LC_ALL", locale);
+    const auto call = [&](std::vector<std::string> arguments) {
+      arguments.insert(arguments.begin(), {"--registry", session.registry()});
+      return HostSession::RunAsIs(arguments);
+    };
+    const bool french = std::string_view(value) == "0";
+    EXPECT_THAT(call({"set", "S", "T", "Mode=9"}).err, HasSubstr(french ? "donner" : "give"));
+    EXPECT_EQ(call({"set", "S", "T", "Mode=0"}).code, 0);
+    EXPECT_THAT(call({"list", "X"}).err,
+                StartsWith(french ? "imptable: pas de scénario" : "imptable: no scenario"))
+        << locale;
+    const auto text =
+        call({"reg", "export", "-", "HKLM\\SOFTWARE\\KALDO\\Configuration", "--utf8"});
+    EXPECT_THAT(text.out,
+                HasSubstr(french ? "\"Lang\"=dword:00000000" : "\"Lang\"=dword:00002710"));
+  }
+}
+
+TEST(HostRegistry, OfAnyLocaleBeginsWithThePointThatDriversExpect) {
+  HostSession session;
+  const ScopedVariable variable("LC_ALL", "fr_FR.UTF-8");
+  EXPECT_EQ(session.Run({"set", "S", "T", "Mode=0"}).code, 0);
+  EXPECT_THAT(
+      session.Run({"reg", "export", "-", "HKCU", "--utf8"}).out,
+      HasSubstr("[HKEY_CURRENT_USER\\Control Panel\\International]\r\n\"sDecimal\"=\".\"\r\n"));
 }
 
 TEST(HostHelp, GoesToStandardOutputInTheLanguageAskedFor) {
@@ -244,10 +292,50 @@ TEST(HostUsage, IsCode2InOneLineAndTouchesNothing) {
 
 TEST(HostRegistry, IsCreatedForItsOwnerOnly) {
   HostSession session;
-  EXPECT_EQ(session.Run({"list"}).code, 0);
+  EXPECT_EQ(session.Run({"variable", "S", "V=1"}).code, 0);
   struct stat status {};
   ASSERT_EQ(stat(session.registry().c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 07777, 0600U);
+}
+
+TEST(HostRegistry, ThatIsNotThereIsCode3ForEveryCommandThatMakesNone) {
+  HostSession session;
+  for (const std::vector<std::string>& command :
+       std::vector<std::vector<std::string>>{{"run", "S", "T"},
+                                             {"describe", "S", "T"},
+                                             {"actions", "S", "T"},
+                                             {"status", "S", "T"},
+                                             {"list"},
+                                             {"list", "S"},
+                                             {"get", "S", "T"},
+                                             {"get", "S", "T", "Mode"},
+                                             {"unset", "S", "T", "Mode"},
+                                             {"copy", "S", "T", "S", "U"},
+                                             {"rename", "S", "T", "S", "U"},
+                                             {"delete", "S", "T"},
+                                             {"delete", "S", "--yes"},
+                                             {"variable", "S"},
+                                             {"variable", "S", "V"},
+                                             {"variable", "S", "V", "--delete"},
+                                             {"reg", "export", "-"},
+                                             {"reg", "export", "-", "HKLM"}}) {
+    const auto result = session.Run(command);
+    EXPECT_EQ(result.code, 3) << command.front();
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err,
+              "imptable: no registry file \"" + session.registry() +
+                  "\": make it with \"imptable set\" or \"imptable reg import\", or name "
+                  "another one with --registry\n");
+  }
+  EXPECT_TRUE(std::filesystem::is_empty(session.folder.path()));
+}
+
+TEST(HostRegistry, IsNotNeededForTheDataSources) {
+  HostSession session;
+  const ScopedVariable sources("ODBCINI", session.folder.Write("odbc.ini", "[Shop]\nDriver=x\n"));
+  const ScopedVariable system("ODBCSYSINI", session.folder.path());
+  EXPECT_EQ(session.Run({"sources"}).out, "Shop\n");
+  EXPECT_FALSE(session.folder.Exists("registry.db"));
 }
 
 TEST(HostRegistry, ThatCannotBeUsedIsCode4AndNamed) {

@@ -3,9 +3,9 @@
 
 #include <optional>
 
-#include "host/CommandRequest.h"
-#include "host/HostContext.h"
+#include "host/HostTexts.h"
 #include "platform/LockFile_linux.h"
+#include "plugin/core/RunState.h"
 
 namespace imptable {
 
@@ -17,7 +17,8 @@ class TaskLock {
   /// Touches nothing else.
   /// @throws HostError  missing, when another run has the lock; fault, when what stands in its
   /// place can't be locked.
-  TaskLock(HostContext& context, const CommandRequest& request);
+  /// @param task  as opened; without one there is no lock.
+  TaskLock(const HostTexts& texts, const std::optional<OpenedTask>& task);
 
  private:
   std::optional<LockFile> file_;

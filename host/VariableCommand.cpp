@@ -20,22 +20,42 @@ std::optional<Assignment> RequestedAssignment(const HostContext& context,
   if (!request.name || assignment) {
     throw HostError(ExitCode::kUsage, HostText::kNoNameForInput, {"imptable variable"});
   }
-  RequireName(*request.name);
+  RequireName(*context.encoding, *request.name);
   return Assignment{*request.name, ReadInputValue(console, context.texts, *request.name)};
+}
+
+/// --delete stands for one name and nothing else.
+void RefuseMixedRequest(const CommandRequest& request) {
+  if (!request.remove) return;
+  if (!request.name || request.value_from_input || AssignmentFrom(*request.name)) {
+    throw HostError(ExitCode::kUsage, HostText::kNoNameToDelete, {"imptable variable"});
+  }
+}
+
+ExitCode DeleteVariable(HostContext& context, const CommandRequest& request,
+                        const KeyPath& variables) {
+  RequireName(*context.encoding, *request.name);
+  context.RequireScenario(request.scenario);
+  if (!context.store.DeleteValue(variables, context.ToUtf8(*request.name))) {
+    throw HostError(ExitCode::kMissing, HostText::kNoVariable, {*request.name, request.scenario});
+  }
+  return ExitCode::kDone;
 }
 
 }  // namespace
 
 ExitCode HandleVariables(HostContext& context, const CommandRequest& request,
                          const HostConsole& console) {
-  RequireName(request.scenario);
+  RequireName(*context.encoding, request.scenario);
+  RefuseMixedRequest(request);
   const KeyPath variables = VariablesKey(context.ToUtf8(request.scenario));
   if (const auto assignment = RequestedAssignment(context, request, console)) {
-    RequireName(assignment->name);
+    RequireName(*context.encoding, assignment->name);
     context.store.Write(variables, context.ToUtf8(assignment->name),
                         TextValue(context.ToUtf8(assignment->value)));
     return ExitCode::kDone;
   }
+  if (request.remove) return DeleteVariable(context, request, variables);
   const PasswordVariables passwords(context.store, context.ToUtf8(request.scenario));
   const auto shown = [&](std::string_view name, const RegistryValue& value) {
     return passwords.Include(name) && !request.show_password ? HiddenForm(value)
@@ -49,7 +69,7 @@ ExitCode HandleVariables(HostContext& context, const CommandRequest& request,
     }
     return ExitCode::kDone;
   }
-  RequireName(*request.name);
+  RequireName(*context.encoding, *request.name);
   context.RequireScenario(request.scenario);
   const std::string name = context.ToUtf8(*request.name);
   const std::optional<RegistryValue> value = context.store.Read(variables, name);

@@ -2,7 +2,6 @@
 
 #include <charconv>
 #include <limits>
-#include <optional>
 
 #include "plugin/core/Blanks.h"
 #include "plugin/core/RuntimeFault.h"
@@ -84,6 +83,9 @@ ColumnDefinition ParseColumnDefinition(const std::string& entry, std::size_t num
 
 constexpr std::string_view kFieldPrefix = "(Col)";
 
+/// The last item of a value of "Champs".
+std::string_view OriginItem(std::string_view value) { return value.substr(value.rfind(',') + 1); }
+
 }  // namespace
 
 std::vector<ColumnDefinition> ParseColumnLayout(const std::vector<std::string>& entries,
@@ -96,11 +98,17 @@ std::vector<ColumnDefinition> ParseColumnLayout(const std::vector<std::string>& 
   return layout;
 }
 
+std::optional<std::string> VariableOfOrigin(std::string_view value) {
+  const std::string_view item = OriginItem(value);
+  if (!item.starts_with('@')) return std::nullopt;
+  return std::string(item.substr(1));
+}
+
 ColumnOrigin ParseColumnOrigin(std::string_view value, std::string_view name) {
-  const std::string_view item = value.substr(value.rfind(',') + 1);
-  if (item == "Null") return {ColumnOrigin::Kind::kNull, 0, {}};
-  if (item.starts_with('@')) {
-    return {ColumnOrigin::Kind::kVariable, 0, std::string(item.substr(1))};
+  const std::string_view item = OriginItem(value);
+  if (item == kNullText) return {ColumnOrigin::Kind::kNull, 0, {}};
+  if (auto variable = VariableOfOrigin(value)) {
+    return {ColumnOrigin::Kind::kVariable, 0, *std::move(variable)};
   }
   if (!item.starts_with(kFieldPrefix)) {
     return {ColumnOrigin::Kind::kConstant, 0, std::string(item)};

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,9 @@ struct ColumnDefinition {
 std::vector<ColumnDefinition> ParseColumnLayout(const std::vector<std::string>& entries,
                                                 bool fixed_width);
 
+/// The value that stands for none: an origin, and any value that is the same text. Never change.
+inline constexpr std::string_view kNullText = "Null";
+
 /// Where a table column's value comes from.
 struct ColumnOrigin {
   enum class Kind : std::uint8_t { kField, kNull, kVariable, kConstant };
@@ -52,6 +56,10 @@ struct ColumnOrigin {
 /// @throws RuntimeFault  type mismatch when "(Col)" is followed by no number; index out of range
 /// when that number is 0.
 ColumnOrigin ParseColumnOrigin(std::string_view value, std::string_view name);
+
+/// The variable, without "@", that a value of "Champs" takes its origin from; nullopt for another
+/// origin.
+std::optional<std::string> VariableOfOrigin(std::string_view value);
 
 }  // namespace imptable
 

@@ -2,8 +2,9 @@
 
 #include <optional>
 
-#include "import/ImportLoop.h"
+#include "import/Execution.h"
 #include "import/KeyColumns.h"
+#include "import/KeyValues.h"
 
 namespace imptable {
 namespace {
@@ -34,19 +35,20 @@ class DeleteMode final : public ModeRoutine {
       session_.ReportError(delete_.raw());
       return false;
     }
-    parser_.emplace(table_.MakeParser());
+    parser_.emplace(table_.MakeKeyedParser());
+    key_values_.emplace(module_, session_, table_);
     return true;
   }
 
   RecordParser& Parser() override { return *parser_; }
 
   LineResult ExecuteLine() override {
-    if (Succeeded(SQLExecute(delete_.raw()))) {
-      const bool changed = SaysChanged(ChangedRows(session_, delete_.raw()));
-      return {false, changed ? &module_.run.progress.deleted : nullptr};
-    }
-    session_.ReportError(delete_.raw());
-    return {true, nullptr};
+    if (!key_values_->Check()) return {true, nullptr};
+    const Execution execution = ExecuteKeyed(session_, delete_.raw());
+    if (execution.refused) return {true, nullptr};
+    RunProgress& progress = module_.run.progress;
+    if (execution.changed()) return {false, &progress.deleted};
+    return {false, execution.rows == 0 ? &progress.unmatched : nullptr};
   }
 
   void DropStatements() override {
@@ -68,13 +70,13 @@ class DeleteMode final : public ModeRoutine {
   TargetTable table_;
   Statement delete_;
   std::optional<RecordParser> parser_;
+  std::optional<KeyValues> key_values_;
 };
 
 }  // namespace
 
-void RunDeleteMode(ModuleCommun& module, OdbcSession& session, bool complete_name) {
-  DeleteMode mode(module, session);
-  RunImportMode(module, session, mode, complete_name);
+std::unique_ptr<ModeRoutine> MakeDeleteMode(ModuleCommun& module, OdbcSession& session) {
+  return std::make_unique<DeleteMode>(module, session);
 }
 
 }  // namespace imptable

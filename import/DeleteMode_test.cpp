@@ -141,7 +141,8 @@ TEST(DeleteMode, LooksForKeysWhateverColumnsAreIgnored) {
 
 TEST(DeleteMode, LooksForAKeyThatIsItselfIgnored) {
   KeyedRun run(kByDelete);
-  run.Assign({"CODE,INTEGER,Ignore", "NOM,VARCHAR,(Col)2"});
+  run.Table("column CODE 12 VARCHAR 10 0 0\ncolumn NOM 12 VARCHAR 30 0 1\n");
+  run.Assign({"CODE,VARCHAR,Ignore", "NOM,VARCHAR,(Col)2"});
   run.Source({"1;a"});
   EXPECT_EQ(run.Go(), 2);
   EXPECT_THAT(run.Executed(), ElementsAre("1='Ignore'"))
@@ -203,6 +204,8 @@ TEST(DeleteMode, CountsADuplicateThatTheTaskIgnoresAsAnError) {
   EXPECT_EQ(run.Go(), 3);
   EXPECT_EQ(run.progress().errors, 2);
   EXPECT_THAT(run.Rejected(), ElementsAre("1;a", "2;b"));
+  EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 2627) duplicate",
+                                        "15/11/2006 08:30:00.... Ligne  2 ( 7) no"));
 }
 
 TEST(DeleteMode, EndsAtTheFirstCallThatFails) {

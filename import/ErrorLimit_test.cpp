@@ -9,6 +9,7 @@ namespace {
 
 using testing::Contains;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 using testing::StartsWith;
@@ -59,20 +60,30 @@ TEST(ErrorLimit, IsAHundredUnlessTheTaskSaysOtherwise) {
   EXPECT_EQ(run.progress().read, 101);
 }
 
-TEST(ErrorLimit, BelowZeroEndsAfterTheFirstLine) {
+TEST(ErrorLimit, MayBeTheLargestNumberOfSixteenBits) {
   ImportRun run;
-  run.Set("Erreurs", "-1");
-  run.Source({"1;a", "2;b"});
+  run.Set("Erreurs", "32767");
+  run.Source({"1;a"});
   EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().read, 1);
 }
 
-TEST(ErrorLimit, FitsSixteenBits) {
-  RunState run;
-  run.error_limit = 32767;
-  EXPECT_EQ(ErrorLimitOf(run), 32767);
-  run.error_limit = 32768;
-  EXPECT_THROW(ErrorLimitOf(run), RuntimeFault);
+TEST(ErrorLimit, BelowZeroIsRefusedLikeOneTooLargeBeforeAnythingIsTouched) {
+  for (const char* limit : {"-1", "-32768", "-40000", "32768"}) {
+    ImportRun run;
+    run.Set("Erreurs", limit);
+    run.Set("Suppression", 1);
+    run.Source({"1;a", "2;b"});
+    for (const char* file : {"CLIENTS.ERR", "CLIENTS.LER", "CLIENTS.TRC"}) {
+      run.folder.Write(file, "of the last run\n");
+    }
+    EXPECT_EQ(run.Go(), 3) << limit;
+    EXPECT_EQ(run.progress().read, 0) << limit;
+    EXPECT_THAT(run.source.LogLines("SQLExecDirect"), IsEmpty()) << limit;
+    EXPECT_THAT(run.Report(), Contains(HasSubstr(std::string("\"Erreurs\" = \"") + limit)));
+    for (const char* file : {"CLIENTS.ERR", "CLIENTS.LER", "CLIENTS.TRC"}) {
+      EXPECT_EQ(run.folder.Read(file), "of the last run\n") << limit << file;
+    }
+  }
 }
 
 TEST(ErrorLimit, BeyondSixteenBitsIsAFaultBeforeTheFirstLine) {

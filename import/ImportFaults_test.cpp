@@ -70,14 +70,15 @@ TEST(ImportFaults, TellThatTheSourceFailsInItsMiddle) {
   ImportRun run;
   std::vector<std::string> lines(20'000, "1;" + std::string(20, 'a'));
   run.Source(lines);
-  run.component.files.Fail(FileOperation::kRead, 2, std::make_error_code(std::errc::io_error));
+  // Sixteen reads are of what says which source it is.
+  run.component.files.Fail(FileOperation::kRead, 18, std::make_error_code(std::errc::io_error));
   EXPECT_EQ(run.Go(), 3);
   ExpectFault(run,
               "57 ,Erreur d'entrée/sortie du périphérique : " + run.folder.path() + "CLIENTS.CSV");
   const std::size_t whole = (std::size_t{256} << 10U) / (lines[0].size() + 1);
   EXPECT_EQ(run.progress().inserted, static_cast<std::int64_t>(whole));
   EXPECT_THAT(run.Trace(), SizeIs(whole)) << "what was done before is on record";
-  EXPECT_EQ(Closes(run), 3U);
+  EXPECT_EQ(Closes(run), 4U);
 }
 
 TEST(ImportFaults, TellThatTheSourceBecameShorterAndImportNoTornLine) {
@@ -134,8 +135,8 @@ TEST(ImportFaults, TellWhichSideFileCannotBeOpened) {
 }
 
 TEST(ImportFaults, TellThatTheDiskIsFullAtEachWriteOfEachSideFile) {
-  // The writes: trace of line 1; diagnostic, line and trace of line 2 (not parsed); diagnostic,
-  // line and trace of line 3 (refused); trace of line 4.
+  // The writes: state of the chain; trace of line 1; diagnostic, line and trace of line 2 (not
+  // parsed); diagnostic, line and trace of line 3 (refused); trace of line 4.
   struct Case {
     int write;
     const char* file;
@@ -144,14 +145,15 @@ TEST(ImportFaults, TellThatTheDiskIsFullAtEachWriteOfEachSideFile) {
     std::int64_t errors;
     std::size_t traced;
   };
-  for (const Case& each : {Case{1, "CLIENTS.TRC", 1, 0, 0, 0},
-                           {2, "CLIENTS.ERR", 2, 1, 0, 1},
-                           {3, "CLIENTS.LER", 2, 1, 1, 1},
-                           {4, "CLIENTS.TRC", 2, 1, 1, 1},
-                           {5, "CLIENTS.ERR", 3, 1, 1, 2},
-                           {6, "CLIENTS.LER", 3, 1, 2, 2},
-                           {7, "CLIENTS.TRC", 3, 1, 2, 2},
-                           {8, "CLIENTS.TRC", 4, 1, 2, 3}}) {
+  for (const Case& each : {Case{1, "CLIENTS.REP.NEW", 0, 0, 0, 0},
+                           {2, "CLIENTS.TRC", 1, 0, 0, 0},
+                           {3, "CLIENTS.ERR", 2, 1, 0, 1},
+                           {4, "CLIENTS.LER", 2, 1, 1, 1},
+                           {5, "CLIENTS.TRC", 2, 1, 1, 1},
+                           {6, "CLIENTS.ERR", 3, 1, 1, 2},
+                           {7, "CLIENTS.LER", 3, 1, 2, 2},
+                           {8, "CLIENTS.TRC", 3, 1, 2, 2},
+                           {9, "CLIENTS.TRC", 4, 1, 2, 3}}) {
     SCOPED_TRACE(each.write);
     ImportRun run;
     run.Source({"1;a", "2;b;x", "3;c", "4;d", "5;e"});
@@ -163,14 +165,14 @@ TEST(ImportFaults, TellThatTheDiskIsFullAtEachWriteOfEachSideFile) {
     EXPECT_EQ(run.progress().inserted, each.inserted);
     EXPECT_EQ(run.progress().errors, each.errors);
     EXPECT_THAT(run.Trace(), SizeIs(each.traced));
-    EXPECT_EQ(Closes(run), 3U);
+    EXPECT_EQ(Closes(run), each.write == 1 ? 3U : 4U);
   }
 }
 
 TEST(ImportFaults, LeaveFilesThatAResumeGoesOnFrom) {
   // The diagnostic, the line and the trace of line 2: without the trace the line counts as not
   // done.
-  for (const int write : {4, 5, 6}) {
+  for (const int write : {5, 6, 7}) {
     SCOPED_TRACE(write);
     ImportRun run;
     run.Source({"1;a;x", "2;b;x", "3;c"});
@@ -178,11 +180,11 @@ TEST(ImportFaults, LeaveFilesThatAResumeGoesOnFrom) {
     EXPECT_EQ(run.Go(), 3);
     EXPECT_THAT(run.Trace(), ElementsAre("00000001100000001"));
     const std::string rejected = run.folder.Read("CLIENTS.LER");
-    EXPECT_EQ(rejected, write == 6 ? TextFile({"1;a;x", "2;b;x"}) : TextFile({"1;a;x"}));
+    EXPECT_EQ(rejected, write == 7 ? TextFile({"1;a;x", "2;b;x"}) : TextFile({"1;a;x"}));
     run.folder.Write("CLIENTS.LER", "1;mended\n" + rejected.substr(rejected.find('\n') + 1));
-    run.Source({"1;a;x", "2;b", "3;c"});
-    EXPECT_EQ(run.Go(2), 2);
-    EXPECT_THAT(run.Executed(), ElementsAre("1='1' 2='mended'", "1='2' 2='b'", "1='3' 2='c'"));
+    EXPECT_EQ(run.Go(2), 3);
+    EXPECT_THAT(run.Executed(), ElementsAre("1='1' 2='mended'", "1='3' 2='c'"));
+    EXPECT_THAT(run.Rejected(), ElementsAre("2;b;x"));
   }
 }
 
@@ -191,17 +193,18 @@ TEST(ImportFaults, TellWhichSideFileCannotBeClosed) {
   for (std::size_t n = 0; n < names.size(); ++n) {
     ImportRun run;
     run.Source({"1;a"});
-    run.component.files.Fail(FileOperation::kClose, static_cast<int>(n) + 1, kDiskFull);
+    // The state of the chain is closed before, at its beginning and when it is marked.
+    run.component.files.Fail(FileOperation::kClose, static_cast<int>(n) + 3, kDiskFull);
     EXPECT_EQ(run.Go(), 3) << names[n];
     ExpectFault(run, "61 ,Disque plein : " + run.folder.path() + names[n]);
-    EXPECT_EQ(Closes(run), 3U) << "the others are closed all the same";
+    EXPECT_EQ(Closes(run), 5U) << "the others are closed all the same";
   }
 }
 
 TEST(ImportFaults, TellOfTheFirstOfSeveralFilesThatCannotBeClosed) {
   ImportRun run;
   run.Source({"1;a"});
-  run.component.files.FailFrom(FileOperation::kClose, 1, kDiskFull);
+  run.component.files.FailFrom(FileOperation::kClose, 2, kDiskFull);
   EXPECT_EQ(run.Go(), 3);
   ExpectFault(run, "61 ,Disque plein : " + run.folder.path() + "CLIENTS.ERR");
 }
@@ -212,19 +215,19 @@ TEST(ImportFaults, TellThatAResumeCannotKeepWhatTheEarlierRunLeftAndLeaveItAlone
     int nth;
     const char* file;
   };
-  for (const Case& each : {Case{FileOperation::kOpenRead, 2, "CLIENTS.TRC"},
-                           {FileOperation::kOpenRead, 3, "CLIENTS.LER"},
+  for (const Case& each : {Case{FileOperation::kOpenRead, 6, "CLIENTS.TRC"},
+                           {FileOperation::kOpenRead, 7, "CLIENTS.LER"},
                            {FileOperation::kOpenWrite, 1, "CLIENTS.REP.NEW"},
                            {FileOperation::kWrite, 1, "CLIENTS.REP.NEW"},
                            {FileOperation::kFlush, 1, "CLIENTS.REP.NEW"},
                            {FileOperation::kClose, 1, "CLIENTS.REP.NEW"},
                            {FileOperation::kReplace, 1, "CLIENTS.REP"},
-                           {FileOperation::kOpenRead, 4, "CLIENTS.REP"},
-                           {FileOperation::kOpenRead, 5, "CLIENTS.LER"},
+                           {FileOperation::kOpenRead, 8, "CLIENTS.REP"},
+                           {FileOperation::kOpenRead, 9, "CLIENTS.LER"},
                            {FileOperation::kOpenWrite, 3, "CLIENTS.LEB"},
                            {FileOperation::kWrite, 2, "CLIENTS.LEB"},
                            {FileOperation::kClose, 2, "CLIENTS.LEB"},
-                           {FileOperation::kOpenRead, 6, "CLIENTS.TRC"},
+                           {FileOperation::kOpenRead, 10, "CLIENTS.TRC"},
                            {FileOperation::kOpenWrite, 4, "CLIENTS.TRB"},
                            {FileOperation::kWrite, 3, "CLIENTS.TRB"},
                            {FileOperation::kClose, 3, "CLIENTS.TRB"}}) {
@@ -238,6 +241,23 @@ TEST(ImportFaults, TellThatAResumeCannotKeepWhatTheEarlierRunLeftAndLeaveItAlone
     ExpectFault(run, "61 ,Disque plein : " + run.folder.path() + each.file);
     EXPECT_THAT(run.Executed(), IsEmpty());
     EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002100000001"));
+    EXPECT_THAT(run.Rejected(), ElementsAre("2;mended"));
+  }
+}
+
+TEST(ImportFaults, EndARunThatCannotLookAtWhatItIsToResume) {
+  for (const int opening : {1, 2}) {
+    ImportRun run;
+    run.Source({"1;a", "2;b"});
+    run.folder.Write("CLIENTS.TRC", TextFile({"00000001000000000", "00000002100000001"}));
+    run.folder.Write("CLIENTS.LER", TextFile({"2;mended"}));
+    run.folder.Write("CLIENTS.ERR", "why\n");
+    run.component.files.Fail(FileOperation::kOpenRead, opening, kDiskFull);
+    EXPECT_EQ(run.Go(2), 1);
+    EXPECT_THAT(FaultLines(run),
+                ElementsAre(" -->   Erreur lors du traitement - N° 61 ,Disque plein : " +
+                            run.folder.path() + (opening == 1 ? "CLIENTS.TRC" : "CLIENTS.LER")));
+    EXPECT_EQ(run.folder.Read("CLIENTS.ERR"), "why\n") << "nothing is touched";
     EXPECT_THAT(run.Rejected(), ElementsAre("2;mended"));
   }
 }
@@ -257,7 +277,7 @@ TEST(ImportFaults, SayInEnglishWhatFailed) {
   ImportRun run;
   run.component.registry.SetNumber("SOFTWARE\\KALDO\\Configuration", "Lang", kEnglishOffset);
   run.Source({"1;a"});
-  run.component.files.FailFrom(FileOperation::kWrite, 1, kDiskFull);
+  run.component.files.FailFrom(FileOperation::kWrite, 2, kDiskFull);
   EXPECT_EQ(run.Go(), 3);
   EXPECT_THAT(FaultLines(run), ElementsAre(" -->   Error during processing - N° 61 ,Disk full : " +
                                            run.folder.path() + "CLIENTS.TRC"));

@@ -2,9 +2,12 @@
 #define IMPORT_IMPORT_LOOP_H_
 
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <string_view>
 
 #include "import/RecordParser.h"
+#include "import/SideFiles.h"
 #include "odbc/ModuleODBC.h"
 
 namespace imptable {
@@ -24,6 +27,10 @@ class ModeRoutine {
 
   /// Number of the catalogue text that opens the mode's report.
   virtual std::int32_t BannerMessage() const = 0;
+
+  /// What the mode itself asks of the settings.
+  /// @throws RuntimeFault  naming the setting.
+  virtual void CheckSettings() const {}
 
   /// Everything that is known before the first line: columns, statements, bindings, parser.
   /// @return false when there is nothing to run; the reason has been reported.
@@ -46,15 +53,54 @@ class ModeRoutine {
   virtual bool FaultFailsDeletion() const { return true; }
 };
 
-/// Runs one import mode from its banner to its closing counts. A fault inside it is reported and
-/// the mode goes on with its closing step.
-/// @param complete_name  whether the alias is the source's complete file name.
-void RunImportMode(ModuleCommun& module, OdbcSession& session, ModeRoutine& mode,
-                   bool complete_name);
+/// One import mode at work. Its steps are apart, so that the run can delete what is to go first
+/// once nothing that can be known stands against the import. What the steps before Run have to
+/// report comes after the mode's banner. A fault inside the mode is reported and the mode goes on
+/// with its closing step.
+class ImportLoop {
+ public:
+  /// @param module, session  borrowed.
+  ImportLoop(ModuleCommun& module, OdbcSession& session, std::unique_ptr<ModeRoutine> mode);
+  ImportLoop(const ImportLoop&) = delete;
+  ImportLoop& operator=(const ImportLoop&) = delete;
+  ~ImportLoop();
 
-/// The number of errors that a run may have, as the modes hold it.
-/// @throws RuntimeFault  overflow when it doesn't fit 16 bits.
-std::int16_t ErrorLimitOf(const RunState& run);
+  /// Checks the settings, opens the source and, in a resumed run, takes the state of its chain;
+  /// empties nothing. @return false when that failed; Run then reports why.
+  bool Check();
+
+  /// Opens the side files and prepares the mode: columns, key, statements. To be called after a
+  /// Check that found nothing. @return as Check.
+  bool Prepare();
+
+  /// From the banner to the closing counts; reads the lines when the steps before found nothing.
+  void Run();
+
+  /// In place of Run: closes everything and leaves no side file behind that this run made.
+  void Abandon();
+
+ private:
+  class HeldReport;
+
+  /// @param steps  give what Guarded gives; a fault in them is reported and gives false.
+  template <typename Steps>
+  bool Guarded(Steps steps);
+  void ReadLines();
+  void RequireWhole(const LineReader& source) const;
+  void RestorePrevious();
+  void ImportLine(RecordParser& parser, std::string_view line);
+  void ReportFault(const RuntimeFault& fault);
+  void ReportCounts();
+
+  ModuleCommun& module_;
+  OdbcSession& session_;
+  std::unique_ptr<ModeRoutine> mode_;
+  std::unique_ptr<HeldReport> held_;
+  SideFiles files_;
+  std::int16_t error_limit_ = 0;
+  bool ready_ = false;    // nothing stands against reading the lines
+  bool reading_ = false;  // the mode has come to its lines
+};
 
 }  // namespace imptable
 

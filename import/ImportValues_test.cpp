@@ -96,10 +96,11 @@ TEST(ImportValues, LeaveAssignmentsAloneThatTheTaskDoesNotUse) {
 
 TEST(ImportValues, AreNullPastTheLastAssignmentAndTheLastField) {
   ImportRun run;
-  run.Assign({"(Col)7"});
-  run.Source({"one;two"});
+  run.Driver("column VILLE 12 VARCHAR 30 0 1");
+  run.Assign({"(Col)2", "(Col)7"});
+  run.Source({"one;two", "one"});
   EXPECT_EQ(run.Go(), 2);
-  EXPECT_THAT(run.Executed(), ElementsAre("1=NULL 2=NULL"));
+  EXPECT_THAT(run.Executed(), ElementsAre("1='two' 2=NULL 3=NULL", "1=NULL 2=NULL 3=NULL"));
 }
 
 TEST(ImportValues, SkipAColumnWhoseAssignmentEndsInIgnore) {
@@ -112,12 +113,35 @@ TEST(ImportValues, SkipAColumnWhoseAssignmentEndsInIgnore) {
   EXPECT_THAT(run.Executed(), ElementsAre("1='one'"));
 }
 
-TEST(ImportValues, KeepATextNullOfTheFile) {
+TEST(ImportValues, AreNullWhereTheFileSaysNull) {
+  for (const int blanks_are_null : {0, 1}) {
+    ImportRun run;
+    run.Set("Null", blanks_are_null);
+    run.Source({"Null;a", "1;Null", "Null;Null", "1;Null ", "1; Null", "1;null", "1;NullNull"});
+    run.Go();
+    EXPECT_THAT(run.Executed(),
+                ElementsAre("1=NULL 2='a'", "1='1' 2=NULL", "1=NULL 2=NULL",
+                            blanks_are_null == 1 ? "1='1' 2=NULL" : "1='1' 2='Null '",
+                            "1='1' 2=' Null'", "1='1' 2='null'", "1='1' 2='NullNull'"));
+  }
+}
+
+TEST(ImportValues, AreNullWhereTheFileSaysNullInADateOrANumberWithDecimals) {
   ImportRun run;
-  run.Set("Null", 1);
-  run.Source({"Null;Null"});
-  run.Go();
-  EXPECT_THAT(run.Executed(), ElementsAre("1='Null' 2='Null'"));
+  run.Driver("column JOUR 9 DATE 10 0 1");
+  run.Columns({"6,2", "1", "7,14,,,"});
+  run.Source({"Null;a;20061115", "150;Null;Null"});
+  EXPECT_EQ(run.Go(), 2);
+  EXPECT_THAT(run.Executed(), ElementsAre("1=NULL 2='a' 3={2006-11-15}", "1='1.50' 2=NULL 3=NULL"));
+}
+
+TEST(ImportValues, AreNullWhereAVariableSaysNull) {
+  ImportRun run;
+  run.component.host.variables["EMPTY"] = "Null";
+  run.Assign({"(Col)1", "@EMPTY"});
+  run.Source({"1;a"});
+  EXPECT_EQ(run.Go(), 2);
+  EXPECT_THAT(run.Executed(), ElementsAre("1='1' 2=NULL"));
 }
 
 TEST(ImportValues, AreNullWhenEmpty) {

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "import/ImportLoop.h"
+#include "import/Execution.h"
 #include "import/TargetTable.h"
 
 namespace imptable {
@@ -19,6 +19,11 @@ class InsertMode final : public ModeRoutine {
 
   std::int32_t BannerMessage() const override { return kMessageBanner; }
 
+  void CheckSettings() const override {
+    // A code that is no number would let every duplicate count as an error: say so at once.
+    if (module_.run.duplicate_key == 1) AsInt32(module_.run.error_code, "CodErr");
+  }
+
   bool Prepare() override {
     if (!table_.Load(true)) return false;
     if (session_.statement.Allocate(session_.connection) != SQL_SUCCESS) {
@@ -31,22 +36,16 @@ class InsertMode final : public ModeRoutine {
       throw RuntimeFault(FaultNumber::kInvalidArgument, "\"Table\" = \"" + module_.run.table + '"');
     }
     parser_.emplace(table_.MakeParser());
-    // A code that is no number would let every duplicate count as an error: say so at once.
-    if (module_.run.duplicate_key == 1) AsInt32(module_.run.error_code, "CodErr");
     return true;
   }
 
   RecordParser& Parser() override { return *parser_; }
 
   LineResult ExecuteLine() override {
-    const SQLHSTMT statement = session_.statement.raw();
     RunProgress& progress = module_.run.progress;
-    if (Succeeded(SQLExecute(statement))) return {false, &progress.inserted};
-    bool duplicate_ignored = false;
-    session_.ReportOdbcError(session_.connection, statement, session_.execution_mode,
-                             duplicate_ignored);
-    if (duplicate_ignored) return {false, &progress.ignored};
-    return {true, nullptr};
+    const Execution insert = ExecuteInsert(session_, session_.statement.raw(), true);
+    if (insert.refused) return {true, nullptr};
+    return {false, insert.duplicate_ignored ? &progress.ignored : &progress.inserted};
   }
 
   void DropStatements() override { session_.statement.Drop(); }
@@ -68,10 +67,9 @@ class InsertMode final : public ModeRoutine {
 
 }  // namespace
 
-void RunInsertMode(ModuleCommun& module, OdbcSession& session, bool complete_name) {
+std::unique_ptr<ModeRoutine> MakeInsertMode(ModuleCommun& module, OdbcSession& session) {
   session.line_number = 0;
-  InsertMode mode(module, session);
-  RunImportMode(module, session, mode, complete_name);
+  return std::make_unique<InsertMode>(module, session);
 }
 
 }  // namespace imptable

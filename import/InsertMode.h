@@ -1,13 +1,15 @@
 #ifndef IMPORT_INSERT_MODE_H_
 #define IMPORT_INSERT_MODE_H_
 
-#include "odbc/ModuleODBC.h"
+#include <memory>
+
+#include "import/ImportLoop.h"
 
 namespace imptable {
 
 /// Inserts every line of the source into the target table, with one prepared statement.
-/// @param complete_name  whether the alias is the source's complete file name.
-void RunInsertMode(ModuleCommun& module, OdbcSession& session, bool complete_name);
+/// Both are borrowed.
+std::unique_ptr<ModeRoutine> MakeInsertMode(ModuleCommun& module, OdbcSession& session);
 
 }  // namespace imptable
 

@@ -126,12 +126,18 @@ TEST(InsertResume, TakesNumbersThatTheTracePassesOverForDone) {
   EXPECT_EQ(run.progress().skipped, 3);
 }
 
-TEST(InsertResume, TakesTheSourceLineWhenTheRejectedOnesAreExhausted) {
+TEST(InsertResume, RefusesRejectedLinesThatAreFewerThanTheTraceSays) {
   ImportRun run;
   run.Source({"1;a", "2;b", "3;c"});
   Left(run, "00000001100000001\n00000002100000002\n00000003100000003\n", "1;m\n");
-  EXPECT_EQ(run.Go(kResume), 2);
-  EXPECT_THAT(run.Executed(), ElementsAre("1='1' 2='m'", "1='2' 2='b'", "1='3' 2='c'"));
+  EXPECT_EQ(run.Go(kResume), 1);
+  EXPECT_THAT(run.Executed(), IsEmpty());
+  EXPECT_EQ(run.folder.Read("CLIENTS.LER"), "1;m\n");
+  EXPECT_EQ(run.Report().back(),
+            " -->   Erreur lors du traitement - N° 321 ,Format de fichier incorrect : " +
+                run.folder.path() + "CLIENTS.LER, 1; " + run.folder.path() +
+                "CLIENTS.TRC, 3 : ces nombres de lignes devraient être égaux : ni ajouter ni "
+                "enlever de ligne rejetée");
 }
 
 TEST(InsertResume, LeavesTheEarlierFilesAloneWhenTheirTraceIsDamaged) {
@@ -140,17 +146,16 @@ TEST(InsertResume, LeavesTheEarlierFilesAloneWhenTheirTraceIsDamaged) {
     run.Source({"1;a", "2;b", "3;c"});
     const std::string trace = "00000001000000000\n" + damaged + "\n00000003100000002\n";
     Left(run, trace, "2;m\n3;n\n");
-    EXPECT_EQ(run.Go(kResume), 3);
+    EXPECT_EQ(run.Go(kResume), 1);
     EXPECT_THAT(run.Executed(), IsEmpty());
     EXPECT_EQ(run.folder.Read("CLIENTS.TRC"), trace);
     EXPECT_EQ(run.folder.Read("CLIENTS.LER"), "2;m\n3;n\n");
     const auto& lines = run.component.host.lines;
-    ASSERT_THAT(lines, SizeIs(9));
-    EXPECT_EQ(lines[5].text,
+    ASSERT_THAT(lines, SizeIs(4));
+    EXPECT_EQ(lines[3].text,
               " -->   Erreur lors du traitement - N° 13 ,Incompatibilité de type : " +
                   run.folder.path() + "CLIENTS.TRC, 2");
-    EXPECT_EQ(lines[5].kind, ReportKind::kError);
-    EXPECT_EQ(lines[6].text, " ----->    0 enreg(s) lu(s)");
+    EXPECT_EQ(lines[3].kind, ReportKind::kError);
   }
 }
 

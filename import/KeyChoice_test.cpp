@@ -56,7 +56,7 @@ class KeyChoice : public testing::TestWithParam<ModeCase> {
 
 TEST_P(KeyChoice, TakesTheColumnsOfTheSettingInTheOrderWritten) {
   run_.Table(
-      "column SITE 12 VARCHAR 4 0 0\ncolumn CODE 4 INTEGER 10 0 0\ncolumn NOM 12 VARCHAR 30 0 1\n"
+      "column SITE 12 VARCHAR 4 0 0\ncolumn CODE 12 VARCHAR 9 0 0\ncolumn NOM 12 VARCHAR 30 0 1\n"
       "key NOM 1 PK\n");
   run_.Set("Cle/Index", "CODE,SITE");
   EXPECT_EQ(Where(), " WHERE CODE = ? AND SITE = ?");

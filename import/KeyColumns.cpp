@@ -60,17 +60,10 @@ SQLRETURN BindKeys(TargetTable& table, SQLHSTMT statement, SQLUSMALLINT number,
                                      [&](const TableColumn& each) { return each.name == key; });
     if (column == columns.end()) throw RuntimeFault(FaultNumber::kIndexOutOfRange, key);
     const SQLRETURN code =
-        table.Bind(statement, number++, static_cast<std::size_t>(column - columns.begin()));
+        table.BindKey(statement, number++, static_cast<std::size_t>(column - columns.begin()));
     if (code != SQL_SUCCESS) return code;
   }
   return SQL_SUCCESS;
-}
-
-SQLLEN ChangedRows(OdbcSession& session, SQLHSTMT statement) {
-  SQLLEN rows = 0;
-  if (SQLRowCount(statement, &rows) == SQL_SUCCESS) return rows;
-  session.ReportError(statement);
-  return 0;
 }
 
 }  // namespace imptable

@@ -22,12 +22,6 @@ std::string KeyCondition(const OdbcSession& session, const std::vector<std::stri
 SQLRETURN BindKeys(TargetTable& table, SQLHSTMT statement, SQLUSMALLINT number,
                    const std::vector<std::string>& keys);
 
-/// The number of rows that the last execution changed; 0 after a reported failure.
-SQLLEN ChangedRows(OdbcSession& session, SQLHSTMT statement);
-
-/// Whether a row count says that at least one row was changed: -1 says nothing.
-inline bool SaysChanged(SQLLEN rows) { return rows != 0 && rows != -1; }
-
 }  // namespace imptable
 
 #endif  // IMPORT_KEY_COLUMNS_H_

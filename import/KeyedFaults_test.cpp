@@ -31,7 +31,7 @@ class KeyedFaults : public testing::TestWithParam<FaultCase> {
 TEST_P(KeyedFaults, AreReportedOnceAndTheModeCloses) {
   KeyedRun run(Mode());
   run.Source({"1;a", "2;b", "3;c"});
-  run.component.files.FailFrom(FileOperation::kWrite, 2,
+  run.component.files.FailFrom(FileOperation::kWrite, 3,
                                std::make_error_code(std::errc::no_space_on_device));
   EXPECT_EQ(run.Go(), 3);
   const auto lines = run.ModeLines();

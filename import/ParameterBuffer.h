@@ -20,8 +20,10 @@ struct ParameterBuffer {
   SQLLEN number_indicator = SQL_NULL_DATA;
   SQLLEN date_indicator = SQL_NULL_DATA;
   double number = 0;
-  SQL_TIMESTAMP_STRUCT date{};  // its first members are those of a date alone
-  std::array<char, kParameterTextBytes> text{};
+  SQL_TIMESTAMP_STRUCT date{};                       // its first members are those of a date alone
+  std::array<char, kParameterTextBytes + 1> text{};  // a NUL ends it: some drivers read on to one
+  bool cut = false;                                  // the text was longer
+  bool unreadable = false;  // the text is a value that the number can't take
 
   /// A text longer than the buffer is cut, in UTF-8 never within a character; an empty one is null.
   void SetText(std::string_view value, bool utf8) {
@@ -29,14 +31,30 @@ struct ParameterBuffer {
       text_indicator = SQL_NULL_DATA;
       return;
     }
-    if (value.size() > kParameterTextBytes) value = CutToBuffer(value, utf8);
+    cut = value.size() > kParameterTextBytes;
+    if (cut) value = CutToBuffer(value, utf8);
     std::memcpy(text.data(), value.data(), value.size());
+    text[value.size()] = '\0';
     text_indicator = static_cast<SQLLEN>(value.size());
+  }
+
+  /// Empty for a null.
+  std::string_view Text() const {
+    return {text.data(), static_cast<std::size_t>(text_indicator < 0 ? 0 : text_indicator)};
   }
 
   void SetNumber(double value) {
     number = value;
     number_indicator = 0;
+    text_indicator = SQL_NULL_DATA;
+    unreadable = false;
+  }
+
+  /// The number is null; the text says what was to be read.
+  void SetUnreadableNumber(std::string_view value, bool utf8) {
+    SetText(value, utf8);
+    number_indicator = SQL_NULL_DATA;
+    unreadable = true;
   }
 
   void SetDate(const SQL_TIMESTAMP_STRUCT& value) {
@@ -44,7 +62,10 @@ struct ParameterBuffer {
     date_indicator = 0;
   }
 
-  void SetNull() { text_indicator = number_indicator = date_indicator = SQL_NULL_DATA; }
+  void SetNull() {
+    text_indicator = number_indicator = date_indicator = SQL_NULL_DATA;
+    unreadable = false;
+  }
 
  private:
   static std::string_view CutToBuffer(std::string_view value, bool utf8);

@@ -66,7 +66,8 @@ class Deletion {
     Guarded(kMessageGlobalFault, [this] {
       if (!Allocate()) return;
       const std::string text = "TRUNCATE TABLE " + TableReference(module_, session_);
-      if (SQLExecDirect(Raw(), SqlText(text), SQL_NTS) == SQL_SUCCESS) {
+      if (session_.ExecuteText(Raw(), text) == SQL_SUCCESS) {
+        module_.run.progress.deleted_before.reset();
         module_.platform.message_loop.Yield();
       } else {
         Fail();
@@ -100,7 +101,7 @@ class Deletion {
     } catch (const std::bad_alloc&) {
       fault = RuntimeFault(FaultNumber::kOutOfMemory);
     }
-    session_.statement.Drop();
+    statement_.Drop();
     if (!fault) return;
     session_.error_reported = true;
     module_.run.fault = fault;
@@ -113,10 +114,10 @@ class Deletion {
     module_.WriteReport(module_.MessageText(message) + value, ReportKind::kInformation);
   }
 
-  SQLHSTMT Raw() const { return session_.statement.raw(); }
+  SQLHSTMT Raw() const { return statement_.raw(); }
 
   bool Allocate() {
-    if (session_.statement.Allocate(session_.connection) == SQL_SUCCESS) return true;
+    if (statement_.Allocate(session_.connection) == SQL_SUCCESS) return true;
     session_.ReportError();
     module_.run.pre_deletion_failed = true;
     return false;
@@ -196,23 +197,27 @@ class Deletion {
         "DELETE FROM " + TableReference(module_, session_) + " WHERE " + conditions;
     if (!Allocate()) return false;
     Report(kMessageQuery, text);
-    if (SQLExecDirect(Raw(), SqlText(text), SQL_NTS) != SQL_SUCCESS) return Fail();
+    if (session_.ExecuteText(Raw(), text) != SQL_SUCCESS) return Fail();
     SQLLEN rows = 0;
     if (SQLRowCount(Raw(), &rows) != SQL_SUCCESS) return Fail();
+    std::optional<std::int64_t>& deleted = module_.run.progress.deleted_before;
     if (rows == -1) {
+      deleted.reset();
       Report(kMessageNoneDeleted);
     } else {
+      if (deleted) *deleted += rows;
       module_.WriteReport(
           std::string(kCountPrefix) + SignedText(rows) + module_.MessageText(kMessageDeleted),
           ReportKind::kInformation);
     }
     module_.platform.message_loop.Yield();
-    session_.statement.Drop();
+    statement_.Drop();
     return true;
   }
 
   ModuleCommun& module_;
   OdbcSession& session_;
+  Statement statement_;  // the session's is the import's, which is prepared by now
   std::vector<TableColumn> columns_;
   std::string path_;
 };

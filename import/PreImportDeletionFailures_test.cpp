@@ -65,12 +65,13 @@ TEST(DeletionFailures, ByTheDriverSkipTheImport) {
     const char* failure;
     bool query;
   };
-  for (const Case& each : {Case{"on SQLAllocStmt 1 return -1 diag S1000 7 \"no\"", false},
-                           {"on SQLColumns 1 return -1 diag S1000 7 \"no\"", false},
-                           {"on SQLBindCol 1 return -1 diag S1000 7 \"no\"", false},
-                           {"on SQLFetch 1 return -1 diag S1000 7 \"no\"", false},
-                           {"on SQLFetch 2 return 1 diag 01004 7 \"no\"", false},
-                           {"on SQLAllocStmt 2 return -1 diag S1000 7 \"no\"", false},
+  // The import is prepared by then, with statements, columns and fetches of its own.
+  for (const Case& each : {Case{"on SQLAllocStmt 4 return -1 diag S1000 7 \"no\"", false},
+                           {"on SQLColumns 2 return -1 diag S1000 7 \"no\"", false},
+                           {"on SQLBindCol 8 return -1 diag S1000 7 \"no\"", false},
+                           {"on SQLFetch 5 return -1 diag S1000 7 \"no\"", false},
+                           {"on SQLFetch 6 return 1 diag 01004 7 \"no\"", false},
+                           {"on SQLAllocStmt 5 return -1 diag S1000 7 \"no\"", false},
                            {"on SQLExecDirect 1 return -1 diag S1000 7 \"no\"", true},
                            {"on SQLExecDirect 1 return 1 diag 01000 7 \"no\"", true},
                            {"on SQLRowCount 1 return -1 diag S1000 7 \"no\"", true},
@@ -89,7 +90,7 @@ TEST(DeletionFailures, ByTheDriverSkipTheImport) {
 
 TEST(DeletionFailures, LetColumnsBeReadWithInformation) {
   DeletingRun run(2, kTwoSections);
-  run.Driver("on SQLColumns 1 return 1 diag 01000 7 \"info\"");
+  run.Driver("on SQLColumns 2 return 1 diag 01000 7 \"info\"");
   EXPECT_EQ(run.Go(), 2);
   EXPECT_THAT(run.Direct(), ElementsAre(kFirst, kSecond));
 }
@@ -134,12 +135,12 @@ TEST(DeletionFailures, AreNotCausedByBlanksAroundATablesColumnName) {
   EXPECT_THAT(run.Direct(), ElementsAre(kFirst)) << "the first column of the name counts";
 }
 
-TEST(DeletionFailures, OfAnUnknownTableAreThoseOfItsColumns) {
+TEST(DeletionFailures, DoNotHappenToATableThatIsUnknownToTheImport) {
   DeletingRun run(2, kTwoSections);
   run.Table("table OTHER\ncolumn CODE 4 INTEGER 10 0 0\n");
-  run.ExpectNoImport();
-  EXPECT_EQ(run.DeletionLines().back(),
-            Information(" -->   Colonne non définie dans la base : CODE , Abandon du traitement"));
+  EXPECT_EQ(run.Go(), 3);
+  EXPECT_THAT(run.DeletionLines(), IsEmpty());
+  EXPECT_THAT(run.Direct(), IsEmpty());
 }
 
 TEST(DeletionFailures, ByAValueWithoutItsCommasLetTheImportRun) {
@@ -169,7 +170,9 @@ TEST(DeletionFailures, ByASelectionFileThatCannotBeReadLetTheImportRun) {
                            {FileOperation::kOpenRead, std::errc::io_error, "57"},
                            {FileOperation::kRead, std::errc::io_error, "57"}}) {
     DeletingRun run(2, kTwoSections);
-    run.component.files.Fail(each.operation, 1, std::make_error_code(each.error));
+    // The data file comes first: it is opened, and looked into at both ends.
+    const int nth = each.operation == FileOperation::kOpenRead ? 4 : 3;
+    run.component.files.Fail(each.operation, nth, std::make_error_code(each.error));
     run.ExpectImport();
     EXPECT_THAT(run.Direct(), IsEmpty());
     EXPECT_EQ(run.DeletionLines(), (KeyedRun::KindLines{Information(kSelective),
@@ -178,9 +181,10 @@ TEST(DeletionFailures, ByASelectionFileThatCannotBeReadLetTheImportRun) {
 }
 
 TEST(DeletionFailures, ByAConditionThatCannotBeReadDeleteNothingWithoutIt) {
-  // The file is looked at once as a whole and then once for each key.
+  // After the data file, which is opened three times, it is looked at once as a whole and then
+  // once for each key.
   DeletingRun run(2, "[Table01]\n01=CODE,1,9\n02=NOM,A,M\n");
-  run.component.files.Fail(FileOperation::kOpenRead, 3, std::make_error_code(std::errc::io_error));
+  run.component.files.Fail(FileOperation::kOpenRead, 6, std::make_error_code(std::errc::io_error));
   run.ExpectImport();
   EXPECT_THAT(run.Direct(), IsEmpty());
   EXPECT_EQ(run.DeletionLines(),
@@ -204,13 +208,13 @@ TEST(DeletionFailures, AreReportedInEnglish) {
 
 TEST(DeletionFailures, ByAFaultOfTheGlobalDeletionLetTheImportRun) {
   DeletingRun run(1);
-  // The deletion yields once it has succeeded: the only one while its statement lives.
+  // The deletion yields once it has succeeded.
+  bool thrown = false;
   for (int yield = 1; yield < 50; ++yield) {
-    run.component.message_loop.AtYield(yield, [&run] {
-      if (run.component.session().statement && run.Executed().empty() &&
-          run.component.session().error_file == nullptr) {
-        throw RuntimeFault(FaultNumber::kOverflow);
-      }
+    run.component.message_loop.AtYield(yield, [&] {
+      if (thrown || run.source.LogLines("SQLExecDirect").empty()) return;
+      thrown = true;
+      throw RuntimeFault(FaultNumber::kOverflow);
     });
   }
   run.ExpectImport();

@@ -78,6 +78,7 @@ bool RecordParser::FillDate(const FieldPlan& field, std::string_view value) {
 }
 
 bool RecordParser::FillColumn(const FieldPlan& field, std::string_view value, bool& empty) {
+  if (StoredPart(value, plan_).empty()) value = {};
   if (field.format == FieldPlan::Format::kDate) {
     empty = value.empty() || (plan_.blanks_are_null && IsBlank(value));
     if (!empty) return FillDate(field, value);
@@ -93,9 +94,13 @@ bool RecordParser::FillColumn(const FieldPlan& field, std::string_view value, bo
     }
     value = scratch_;
   }
-  if (plan_.blanks_are_null) value = WithoutTrailingBlanks(value);
+  value = StoredPart(value, plan_);
   empty = value.empty();
-  return StoreValue(value, field.target, plan_, *field.buffer);
+  if (StoreValue(value, field.target, plan_, *field.buffer)) return true;
+  // A key's own complaint names its column.
+  if (!field.is_key || field.target != FieldPlan::Target::kNumber) return false;
+  field.buffer->SetUnreadableNumber(value, plan_.utf8);
+  return true;
 }
 
 }  // namespace imptable

@@ -1,5 +1,7 @@
 #include "import/RecordPlan.h"
 
+#include "plugin/core/Blanks.h"
+
 namespace imptable {
 namespace {
 
@@ -24,13 +26,12 @@ FieldPlan::Format FormatOf(const ColumnDefinition& column, bool explicit_separat
 /// The origin of every table column: by "Champs" in the order of its values when the task uses it
 /// and it exists, else file column n for table column n. Columns past the last value have none,
 /// which is null.
-std::vector<ColumnOrigin> OriginsOf(const ModuleCommun& module, std::size_t column_count) {
+std::vector<ColumnOrigin> OriginsOf(const RunState& run, std::size_t column_count) {
   std::vector<ColumnOrigin> origins;
-  if (module.run.parameter_option == 1) {
-    const std::string path = module.run.task + "\\Champs";
-    for (const std::string& name : module.ValueNames(path)) {
+  if (run.parameter_option == 1) {
+    for (const StoredAssignment& assignment : run.assignments) {
       if (origins.size() == column_count) break;
-      origins.push_back(ParseColumnOrigin(AsText(module.ReadValue(path, name)), name));
+      origins.push_back(ParseColumnOrigin(assignment.value, assignment.name));
     }
   }
   if (origins.empty()) {
@@ -59,12 +60,18 @@ FieldPlan FieldPlanOf(const ColumnOrigin& origin, const std::vector<ColumnDefini
   return field;
 }
 
-std::string FixedValue(const ModuleCommun& module, const ColumnOrigin& origin) {
+/// Whether no line that is a record has this field, or any character in it.
+bool HasNoCharacters(const RecordPlan& plan, std::size_t field) {
+  if (plan.delimited) return field >= plan.column_count;
+  return field >= plan.widths.size() || plan.widths[field] == 0;
+}
+
+std::string FixedValue(const RunState& run, const ColumnOrigin& origin) {
   switch (origin.kind) {
     case ColumnOrigin::Kind::kConstant:
       return origin.text;
     case ColumnOrigin::Kind::kVariable:
-      return module.host.Variable(module.location, module.run.scenario, origin.text);
+      return run.variables.at(origin.text);
     case ColumnOrigin::Kind::kNull:
     case ColumnOrigin::Kind::kField:
       return {};
@@ -78,6 +85,11 @@ FieldPlan::Target TargetOf(std::int16_t sql_type) {
   if (sql_type == kSqlFloat) return FieldPlan::Target::kNumber;
   if (sql_type == kSqlDate || sql_type == kSqlTimestamp) return FieldPlan::Target::kDate;
   return FieldPlan::Target::kText;
+}
+
+std::string_view StoredPart(std::string_view value, const RecordPlan& plan) {
+  if (plan.blanks_are_null) value = WithoutTrailingBlanks(value);
+  return value == kNullText ? std::string_view() : value;
 }
 
 bool StoreValue(std::string_view value, FieldPlan::Target target, const RecordPlan& plan,
@@ -122,17 +134,21 @@ RecordPlan CompileRecordPlan(const ModuleCommun& module, const OdbcSession& sess
   if (!plan.delimited) {
     for (const ColumnDefinition& column : layout) plan.widths.push_back(column.width);
   }
-  const std::vector<ColumnOrigin> origins = OriginsOf(module, columns.size());
+  const std::vector<ColumnOrigin> origins = OriginsOf(run, columns.size());
+  plan.always_null.assign(columns.size(), false);
   for (std::size_t i = 0; i < columns.size(); ++i) {
     if (columns[i].ignored && !bound[i]) continue;
     if (origins[i].kind == ColumnOrigin::Kind::kField) {
       plan.fields.push_back(
           FieldPlanOf(origins[i], layout, run, columns[i], plan.decimal_separator, buffers[i]));
+      plan.fields.back().column = i;
+      plan.always_null[i] = HasNoCharacters(plan, origins[i].field);
       continue;
     }
-    std::string value = FixedValue(module, origins[i]);
-    if (plan.blanks_are_null) value.erase(value.find_last_not_of(' ') + 1);
+    const std::string fixed = FixedValue(run, origins[i]);
+    const std::string_view value = StoredPart(fixed, plan);
     plan.fixed_value_is_empty = value.empty();
+    plan.always_null[i] = value.empty();
     if (!StoreValue(value, TargetOf(columns[i].sql_type), plan, buffers[i])) {
       plan.unconvertible = true;
     }

@@ -23,6 +23,8 @@ struct FieldPlan {
   DateFormat date;
   std::size_t decimals = 0;
   std::string separator;              // the decimal separator to write
+  std::size_t column = 0;             // of the table, from 0
+  bool is_key = false;                // rows are looked for by it
   ParameterBuffer* buffer = nullptr;  // borrowed from the run's buffers
 };
 
@@ -41,6 +43,9 @@ struct RecordPlan {
   /// A constant or variable that its column can't take: no line can be converted.
   bool unconvertible = false;
 
+  /// Per table column, whether no line can give it a value.
+  std::vector<bool> always_null;
+
   /// A record of one column is empty when its value is; this is that value when it is the same for
   /// every line.
   bool fixed_value_is_empty = true;
@@ -55,6 +60,9 @@ struct RecordPlan {
 RecordPlan CompileRecordPlan(const ModuleCommun& module, const OdbcSession& session,
                              const std::vector<TableColumn>& columns,
                              const std::vector<bool>& bound, std::vector<ParameterBuffer>& buffers);
+
+/// A value without its trailing blanks where these are null; empty for "Null", wherever it stands.
+std::string_view StoredPart(std::string_view value, const RecordPlan& plan);
 
 /// Stores one value into the field of the buffer that the column's SQL type uses; an empty value is
 /// null.

@@ -1,9 +1,11 @@
 #include "import/ResumeChain.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 
+#include "import/ReplacingFile.h"
 #include "import/TraceReader.h"
 #include "plugin/core/FileLook.h"
 #include "plugin/core/RuntimeFault.h"
@@ -15,37 +17,6 @@ constexpr std::string_view kNewSuffix = ".NEW";
 
 /// Of memory for each file: three are open at a time, and as a rule they are short.
 constexpr std::size_t kBlockBytes = std::size_t{16} << 10U;
-
-/// A file that takes another's place once it is complete and on the disk; removed otherwise.
-class ReplacingFile {
- public:
-  /// @param files  borrowed.
-  ReplacingFile(FileSystem& files, const std::string& path)
-      : files_(files), file_(RunFile::Create(files, path)), path_(file_->path()) {}
-  ReplacingFile(const ReplacingFile&) = delete;
-  ReplacingFile& operator=(const ReplacingFile&) = delete;
-  ~ReplacingFile() {
-    file_.reset();  // some systems delete no open file
-    if (!done_) static_cast<void>(files_.Remove(path_));
-  }
-
-  RunFile& file() { return *file_; }
-
-  void Replace(const std::string& path) {
-    file_->Flush();
-    file_->Close();
-    if (const std::error_code error = files_.Replace(path_, path)) {
-      throw FileFault(error, path);
-    }
-    done_ = true;
-  }
-
- private:
-  FileSystem& files_;
-  std::optional<RunFile> file_;
-  std::string path_;
-  bool done_ = false;
-};
 
 /// The lines of an earlier run, taken one by one beside the chain's entries.
 class ChainMerge {
@@ -96,29 +67,68 @@ class ChainMerge {
 ResumeChain::ResumeChain(FileSystem& files, const std::string& path)
     : files_(files), path_(files.Locate(path)), new_path_(path + std::string(kNewSuffix)) {}
 
-std::unique_ptr<LineReader> ResumeChain::OpenLines(const std::string& path, bool skip_mark) const {
+std::unique_ptr<LineReader> ResumeChain::OpenLines(const std::string& path) const {
   if (!LookAt(files_, path)) return nullptr;
   std::error_code error;
   auto file = files_.OpenForReading(path, error);
   if (!file) throw FileFault(error, path);
-  return std::make_unique<LineReader>(std::move(file), path, skip_mark, kBlockBytes);
+  return std::make_unique<LineReader>(std::move(file), path, false, kBlockBytes);
 }
 
 std::unique_ptr<ChainReader> ResumeChain::Open() const {
-  auto lines = OpenLines(path_, false);
+  auto lines = OpenLines(path_);
   if (!lines) return nullptr;
   return std::make_unique<ChainReader>(std::move(lines), path_);
 }
 
 ResumeChain::State ResumeChain::state() const {
   try {
+    if (IsForeign()) return State::kForeign;
     const auto chain = Open();
     if (!chain) return State::kNone;
-    return chain->is_void() ? State::kVoid : State::kOpen;
+    if (chain->is_void()) return State::kVoid;
+    chain->Next();
+    return chain->is_first() ? State::kFirst : State::kOpen;
   } catch (const RuntimeFault& fault) {
     if (fault.number() != FaultNumber::kInvalidFileFormat) throw;
     return State::kOpen;
   }
+}
+
+bool ResumeChain::IsForeign() const {
+  if (!LookAt(files_, path_)) return false;
+  std::error_code error;
+  const auto file = files_.OpenForReading(path_, error);
+  if (!file) throw FileFault(error, path_);
+  std::array<char, kChainBeginning> beginning{};
+  std::size_t length = 0;
+  while (length < beginning.size()) {
+    const std::size_t got = file->Read(&beginning[length], beginning.size() - length, error);
+    if (error) throw FileFault(error, path_);
+    if (got == 0) break;
+    length += got;
+  }
+  return !MayBeChain({beginning.data(), length});
+}
+
+void ResumeChain::RequireOwn() const {
+  if (!IsForeign()) return;
+  throw RuntimeFault(FaultNumber::kInvalidFileFormat, path_, FaultRemedy::kMoveForeignChain);
+}
+
+void ResumeChain::Begin(const ChainIdentity& identity) {
+  ReplacingFile next(files_, new_path_);
+  ChainWriter(next.file(), identity).First();
+  next.Replace(path_);
+}
+
+void ResumeChain::Mark(ChainMark mark) {
+  if (mark == ChainMark::kNone) return;
+  std::error_code error;
+  const auto file = files_.OpenForWriting(path_, WriteMode::kAppend, error);
+  if (!file) return;
+  static_cast<void>(file->Write(MarkText(mark)));
+  static_cast<void>(file->Close());
 }
 
 std::int32_t ResumeChain::Reached() const {
@@ -129,15 +139,16 @@ std::int32_t ResumeChain::Reached() const {
   return chain->reached();
 }
 
-void ResumeChain::Advance(const std::string& trace, const std::string& rejected, bool skip_mark) {
+void ResumeChain::Advance(const std::string& trace, const std::string& rejected,
+                          const ChainIdentity& identity) {
   auto chain = Open();
   const std::string trace_path = files_.Locate(trace);
-  auto traced = OpenLines(trace_path, false);
+  auto traced = OpenLines(trace_path);
   const auto trace_lines =
       traced ? std::make_unique<TraceReader>(std::move(traced), trace_path) : nullptr;
-  const auto rejected_lines = OpenLines(files_.Locate(rejected), skip_mark);
+  const auto rejected_lines = OpenLines(files_.Locate(rejected));
   ReplacingFile next(files_, new_path_);
-  ChainWriter writer(next.file());
+  ChainWriter writer(next.file(), identity);
   ChainMerge(chain.get(), trace_lines.get(), rejected_lines.get(), writer).Run();
   chain.reset();  // some systems replace no open file
   next.Replace(path_);

@@ -26,8 +26,16 @@ class SideFiles {
   SideFiles& operator=(const SideFiles&) = delete;
   ~SideFiles() { session_.error_file = nullptr; }
 
-  /// @param complete_name  whether the alias is the source's complete file name.
-  void Open(bool complete_name);
+  /// Opens the source and, in a resumed run, takes what the last run left into the chain's state.
+  /// Empties nothing: a damaged chain or trace is found while all is as it was.
+  void OpenSource();
+
+  /// Opens the others: the diagnostics, and with the resume option the rejected lines and the
+  /// trace, all emptied. To be called after OpenSource.
+  void Open();
+
+  /// Whether the diagnostics of the data source go to ".ERR", which has to be open.
+  void TakeDiagnostics(bool taken);
 
   LineReader& source() { return *source_; }
 
@@ -47,9 +55,18 @@ class SideFiles {
   /// Writes the diagnostic of a line that can't be parsed.
   void ReportParseFailure(std::int32_t line_number);
 
+  /// To be called when the run takes no more lines.
+  /// @param lines  that it had of the source. @param all  whether the source has no more.
+  /// @throws RuntimeFault  input past end, naming the source, when it has no more but an earlier
+  /// run had come further, or has rejected lines of it left.
+  void EndOfLines(std::int32_t lines, bool all);
+
   /// Puts the previous run's rejected lines and trace back, for a resumed run that came to no line:
-  /// emptied, they would let the next resume import everything again. Nothing in a fresh run.
+  /// emptied, there would be nothing to mend. Nothing in a fresh run.
   void RestorePrevious();
+
+  /// Closes everything and deletes the files that a fresh run has made, which are empty.
+  void Discard();
 
   /// Closes everything, whatever fails.
   /// @return the first fault, empty when there was none.
@@ -60,7 +77,10 @@ class SideFiles {
   /// Nothing when there is no such file.
   void CopyFile(const std::string& from, const std::string& to);
   void AdvanceChain();
+  void BeginChain();
+  void MarkChain(ChainMark mark);
   void CopyPrevious();
+  void RestoreFile(std::string_view copy, std::string_view extension);
   void Trace(std::int32_t line_number, bool failed, std::int64_t errors);
 
   ModuleCommun& module_;
@@ -71,6 +91,7 @@ class SideFiles {
   std::optional<RunFile> trace_;
   std::unique_ptr<ResumeDecisions> resume_;
   bool previous_copied_ = false;
+  ChainMark previous_mark_ = ChainMark::kNone;
   std::string text_;  // of the line being written
 };
 

@@ -34,12 +34,16 @@ TEST(SideFiles, AreOpenedWrittenAndClosedInTheirOrder) {
   EXPECT_EQ(run.Go(), 3);
   EXPECT_THAT(
       Log(run),
-      ElementsAre("remove CLIENTS.ERR", "remove CLIENTS.TRC", "remove CLIENTS.LER",
-                  "remove CLIENTS.REP.NEW", "remove CLIENTS.REP", "open read CLIENTS.CSV",
+      ElementsAre("open read CLIENTS.CSV", "remove CLIENTS.ERR", "remove CLIENTS.TRC",
+                  "remove CLIENTS.LER", "remove CLIENTS.REP.NEW", "remove CLIENTS.REP",
                   "open write CLIENTS.ERR", "open write CLIENTS.LER", "open write CLIENTS.TRC",
+                  "open read CLIENTS.CSV", "open read CLIENTS.CSV", "open write CLIENTS.REP.NEW",
+                  "write CLIENTS.REP.NEW", "flush CLIENTS.REP.NEW", "close CLIENTS.REP.NEW",
+                  "replace CLIENTS.REP by CLIENTS.REP.NEW",
                   "write CLIENTS.TRC",                                            // done
                   "write CLIENTS.ERR", "write CLIENTS.LER", "write CLIENTS.TRC",  // bad
                   "write CLIENTS.ERR", "write CLIENTS.LER", "write CLIENTS.TRC",  // refused
+                  "open append CLIENTS.REP", "write CLIENTS.REP", "close CLIENTS.REP",
                   "close CLIENTS.ERR", "close CLIENTS.LER", "close CLIENTS.TRC"));
 }
 
@@ -50,21 +54,24 @@ TEST(SideFiles, OfAResumeAreCopiedBeforeTheyAreOpenedAnew) {
   run.folder.Write("CLIENTS.LER", "2;mended\n");
   EXPECT_EQ(run.Go(2), 2);
   auto log = Log(run);
-  EXPECT_THAT(log,
-              ElementsAre("remove CLIENTS.ERR", "open read CLIENTS.CSV", "open read CLIENTS.TRC",
-                          "open read CLIENTS.LER", "open write CLIENTS.REP.NEW",
-                          "write CLIENTS.REP.NEW", "flush CLIENTS.REP.NEW", "close CLIENTS.REP.NEW",
-                          "replace CLIENTS.REP by CLIENTS.REP.NEW", "open read CLIENTS.REP",
-                          "open write CLIENTS.ERR", "remove CLIENTS.LEB", "remove CLIENTS.TRB",
-                          "open read CLIENTS.LER", "open write CLIENTS.LEB", "write CLIENTS.LEB",
-                          "close CLIENTS.LEB", "open read CLIENTS.TRC", "open write CLIENTS.TRB",
-                          "write CLIENTS.TRB", "close CLIENTS.TRB", "open write CLIENTS.LER",
-                          "open write CLIENTS.TRC", "write CLIENTS.TRC", "close CLIENTS.ERR",
-                          "close CLIENTS.LER", "close CLIENTS.TRC", "open read CLIENTS.REP",
-                          "open write CLIENTS.REP.NEW", "write CLIENTS.REP.NEW",
-                          "flush CLIENTS.REP.NEW", "close CLIENTS.REP.NEW",
-                          "replace CLIENTS.REP by CLIENTS.REP.NEW", "remove CLIENTS.TRC",
-                          "remove CLIENTS.LER", "remove CLIENTS.REP.NEW", "remove CLIENTS.REP"));
+  EXPECT_THAT(
+      log,
+      ElementsAre("open read CLIENTS.TRC", "open read CLIENTS.LER", "open read CLIENTS.CSV",
+                  "open read CLIENTS.CSV", "open read CLIENTS.CSV", "open read CLIENTS.TRC",
+                  "open read CLIENTS.LER", "open write CLIENTS.REP.NEW", "write CLIENTS.REP.NEW",
+                  "flush CLIENTS.REP.NEW", "close CLIENTS.REP.NEW",
+                  "replace CLIENTS.REP by CLIENTS.REP.NEW", "open read CLIENTS.REP",
+                  "remove CLIENTS.ERR", "open write CLIENTS.ERR", "remove CLIENTS.LEB",
+                  "remove CLIENTS.TRB", "open read CLIENTS.LER", "open write CLIENTS.LEB",
+                  "write CLIENTS.LEB", "close CLIENTS.LEB", "open read CLIENTS.TRC",
+                  "open write CLIENTS.TRB", "write CLIENTS.TRB", "close CLIENTS.TRB",
+                  "open write CLIENTS.LER", "open write CLIENTS.TRC", "write CLIENTS.TRC",
+                  "open append CLIENTS.REP", "write CLIENTS.REP", "close CLIENTS.REP",
+                  "close CLIENTS.ERR", "close CLIENTS.LER", "close CLIENTS.TRC",
+                  "open read CLIENTS.REP", "open read CLIENTS.REP", "open write CLIENTS.REP.NEW",
+                  "write CLIENTS.REP.NEW", "flush CLIENTS.REP.NEW", "close CLIENTS.REP.NEW",
+                  "replace CLIENTS.REP by CLIENTS.REP.NEW", "remove CLIENTS.TRC",
+                  "remove CLIENTS.LER", "remove CLIENTS.REP.NEW", "remove CLIENTS.REP"));
 }
 
 TEST(SideFiles, HaveEachTraceLineWrittenBeforeTheNextLineIsTaken) {

@@ -1,6 +1,22 @@
 #include "import/TargetTable.h"
 
+#include <utility>
+
 namespace imptable {
+namespace {
+
+/// @param column  that gets no value; empty: none does.
+RuntimeFault NoValueFault(const std::string& column) {
+  std::string names = "\"Champs\", \"NombreColonnes\"";
+  if (!column.empty()) names += ", \"" + column + '"';
+  return RuntimeFault(FaultNumber::kInvalidArgument, names, FaultRemedy::kGiveColumns);
+}
+
+bool HoldsBytes(std::int16_t sql_type) {
+  return sql_type == SQL_BINARY || sql_type == SQL_VARBINARY || sql_type == SQL_LONGVARBINARY;
+}
+
+}  // namespace
 
 SQLRETURN BindParameter(SQLHSTMT statement, SQLUSMALLINT number, const TableColumn& column,
                         ParameterBuffer& buffer) {
@@ -24,24 +40,64 @@ SQLRETURN BindParameter(SQLHSTMT statement, SQLUSMALLINT number, const TableColu
   }
 }
 
+void TargetTable::MarkIgnored() {
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    const std::string number = std::to_string(i + 1);
+    for (const StoredAssignment& assignment : module_.run.assignments) {
+      if (assignment.name == number) columns_[i].ignored = assignment.value.ends_with("Ignore");
+    }
+  }
+}
+
 bool TargetTable::Load(bool with_special_columns) {
   Catalogue catalogue(module_, session_);
   columns_.clear();
   bool found = false;
-  const bool loaded = catalogue.GetTableColumns(columns_) &&
-                      (!with_special_columns || catalogue.GetSpecialColumns(columns_, found));
+  bool loaded = catalogue.GetTableColumns(columns_);
+  MarkIgnored();
+  if (loaded && with_special_columns) loaded = catalogue.GetSpecialColumns(columns_, found);
   buffers_ = std::vector<ParameterBuffer>(columns_.size());
   bound_.assign(columns_.size(), false);
+  is_key_.assign(columns_.size(), false);
   return loaded;
 }
 
 SQLRETURN TargetTable::Bind(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column) {
   bound_[column] = true;
-  return BindParameter(statement, number, columns_[column], buffers_[column]);
+  TableColumn sent = columns_[column];
+  if (session_.dialect->binds_bytes_as_text && HoldsBytes(sent.sql_type)) {
+    sent.sql_type = kSqlVarchar;
+  }
+  return BindParameter(statement, number, sent, buffers_[column]);
+}
+
+SQLRETURN TargetTable::BindKey(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column) {
+  is_key_[column] = true;
+  return Bind(statement, number, column);
+}
+
+RecordPlan TargetTable::MakePlan() {
+  RecordPlan plan = CompileRecordPlan(module_, session_, columns_, bound_, buffers_);
+  for (FieldPlan& field : plan.fields) field.is_key = is_key_[field.column];
+  return plan;
 }
 
 RecordParser TargetTable::MakeParser() {
-  return RecordParser(CompileRecordPlan(module_, session_, columns_, bound_, buffers_));
+  RecordPlan plan = MakePlan();
+  bool any_value = false;
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    any_value = any_value || (bound_[i] && !plan.always_null[i]);
+  }
+  if (!any_value) throw NoValueFault({});
+  return RecordParser(std::move(plan));
+}
+
+RecordParser TargetTable::MakeKeyedParser() {
+  RecordPlan plan = MakePlan();
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (is_key_[i] && plan.always_null[i]) throw NoValueFault(columns_[i].name);
+  }
+  return RecordParser(std::move(plan));
 }
 
 std::string TargetTable::InsertText() const {

@@ -33,9 +33,20 @@ class TargetTable {
   /// Binds a parameter to the buffer of the column of this index.
   SQLRETURN Bind(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column);
 
+  /// The same for a parameter that rows are looked for by.
+  SQLRETURN BindKey(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column);
+
+  bool is_key(std::size_t column) const { return is_key_[column]; }
+  const ParameterBuffer& buffer(std::size_t column) const { return buffers_[column]; }
+
   /// The parser of the run's lines, for all columns but those that are ignored and not bound.
-  /// @throws RuntimeFault  when the column layout can't be understood.
+  /// @throws RuntimeFault  when the column layout can't be understood, or no line can give any
+  /// bound column a value.
   RecordParser MakeParser();
+
+  /// The same for lines that do nothing without a row of their key.
+  /// @throws RuntimeFault  as well when no line can give one of the keys a value.
+  RecordParser MakeKeyedParser();
 
   /// "INSERT INTO " table " (" columns that aren't ignored ")" " VALUES (" "?, ?" ")".
   std::string InsertText() const;
@@ -45,11 +56,16 @@ class TargetTable {
   bool PrepareInsert(SQLHSTMT statement, bool information_fails);
 
  private:
+  /// Marks the columns that the task leaves out.
+  void MarkIgnored();
+  RecordPlan MakePlan();
+
   const ModuleCommun& module_;
   OdbcSession& session_;
   std::vector<TableColumn> columns_;
   std::vector<ParameterBuffer> buffers_;
   std::vector<bool> bound_;
+  std::vector<bool> is_key_;
 };
 
 }  // namespace imptable

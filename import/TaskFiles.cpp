@@ -5,8 +5,8 @@
 namespace imptable {
 namespace {
 
-std::string PathOf(const RunState& run, std::string_view name, std::string_view extension) {
-  std::string path = run.directory;
+std::string PathOf(const OpenedTask& task, std::string_view name, std::string_view extension) {
+  std::string path = task.directory;
   path += name;
   path += extension;
   return path;
@@ -14,17 +14,13 @@ std::string PathOf(const RunState& run, std::string_view name, std::string_view 
 
 }  // namespace
 
-std::string DataFilePath(const RunState& run, bool complete_name) {
-  return PathOf(run, WithoutTrailingBlanks(run.alias),
+std::string DataFilePath(const OpenedTask& task, bool complete_name) {
+  return PathOf(task, WithoutTrailingBlanks(task.alias),
                 complete_name ? std::string_view() : kDataExtension);
 }
 
-std::string SideFilePath(const RunState& run, std::string_view extension) {
-  return PathOf(run, WithoutTrailingBlanks(run.alias), extension);
-}
-
-std::string StoredSideFilePath(const RunState& run, std::string_view extension) {
-  return PathOf(run, run.alias, extension);
+std::string SideFilePath(const OpenedTask& task, std::string_view extension) {
+  return PathOf(task, WithoutTrailingBlanks(task.alias), extension);
 }
 
 }  // namespace imptable

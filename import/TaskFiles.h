@@ -20,14 +20,10 @@ inline constexpr std::string_view kSelectionExtension = ".SUP";
 
 /// Path of the source file: the directory, the alias without its trailing blanks, and ".CSV" unless
 /// the alias is the complete file name.
-std::string DataFilePath(const RunState& run, bool complete_name);
+std::string DataFilePath(const OpenedTask& task, bool complete_name);
 
-/// Path of a side file as the import opens it: the alias without its trailing blanks.
-std::string SideFilePath(const RunState& run, std::string_view extension);
-
-/// The same with the alias exactly as stored, trailing blanks included: what the run driver deletes
-/// and what it decides a resume by. The asymmetry is the host's contract: never change.
-std::string StoredSideFilePath(const RunState& run, std::string_view extension);
+/// Path of a side file: the alias without its trailing blanks, wherever a run names one.
+std::string SideFilePath(const OpenedTask& task, std::string_view extension);
 
 }  // namespace imptable
 

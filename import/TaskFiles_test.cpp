@@ -33,7 +33,6 @@ TEST(TaskFiles, RemovesTheAliasesTrailingBlanksOnly) {
   run.alias = " MY CLIENTS  ";
   EXPECT_EQ(DataFilePath(run, false), "/data/ MY CLIENTS.CSV");
   EXPECT_EQ(SideFilePath(run, kErrorExtension), "/data/ MY CLIENTS.ERR");
-  EXPECT_EQ(StoredSideFilePath(run, kErrorExtension), "/data/ MY CLIENTS  .ERR");
   run.alias = "   ";
   EXPECT_EQ(SideFilePath(run, kErrorExtension), "/data/.ERR");
 }

@@ -2,7 +2,8 @@
 
 #include <optional>
 
-#include "import/ImportLoop.h"
+#include "import/Execution.h"
+#include "import/KeyValues.h"
 #include "import/UpdateStatement.h"
 
 namespace imptable {
@@ -34,6 +35,7 @@ class UpdateInsertMode final : public ModeRoutine {
       return false;
     }
     parser_.emplace(table_.MakeParser());
+    key_values_.emplace(module_, session_, table_);
     return true;
   }
 
@@ -42,9 +44,11 @@ class UpdateInsertMode final : public ModeRoutine {
   LineResult ExecuteLine() override {
     RunProgress& progress = module_.run.progress;
     // A line whose UPDATE fails is one error: no INSERT is tried, whatever the reason.
-    if (!Execute(update_.raw())) return {true, nullptr};
-    if (SaysChanged(ChangedRows(session_, update_.raw()))) return {false, &progress.modified};
-    if (!Execute(session_.statement.raw())) return {true, nullptr};
+    if (!key_values_->Check()) return {true, nullptr};
+    const Execution update = ExecuteKeyed(session_, update_.raw());
+    if (update.refused) return {true, nullptr};
+    if (update.changed()) return {false, &progress.modified};
+    if (ExecuteInsert(session_, session_.statement.raw(), false).refused) return {true, nullptr};
     return {false, &progress.inserted};
   }
 
@@ -66,24 +70,18 @@ class UpdateInsertMode final : public ModeRoutine {
   bool FaultFailsDeletion() const override { return false; }
 
  private:
-  bool Execute(SQLHSTMT statement) {
-    if (Succeeded(SQLExecute(statement))) return true;
-    session_.ReportError(statement);
-    return false;
-  }
-
   ModuleCommun& module_;
   OdbcSession& session_;
   TargetTable table_;
   UpdateStatement update_;
   std::optional<RecordParser> parser_;
+  std::optional<KeyValues> key_values_;
 };
 
 }  // namespace
 
-void RunUpdateInsertMode(ModuleCommun& module, OdbcSession& session, bool complete_name) {
-  UpdateInsertMode mode(module, session);
-  RunImportMode(module, session, mode, complete_name);
+std::unique_ptr<ModeRoutine> MakeUpdateInsertMode(ModuleCommun& module, OdbcSession& session) {
+  return std::make_unique<UpdateInsertMode>(module, session);
 }
 
 }  // namespace imptable

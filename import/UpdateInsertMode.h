@@ -1,14 +1,16 @@
 #ifndef IMPORT_UPDATE_INSERT_MODE_H_
 #define IMPORT_UPDATE_INSERT_MODE_H_
 
-#include "odbc/ModuleODBC.h"
+#include <memory>
+
+#include "import/ImportLoop.h"
 
 namespace imptable {
 
 /// Changes, for every line of the source, the rows that have the line's key; inserts the line when
 /// that changed none.
-/// @param complete_name  whether the alias is the source's complete file name.
-void RunUpdateInsertMode(ModuleCommun& module, OdbcSession& session, bool complete_name);
+/// Both are borrowed.
+std::unique_ptr<ModeRoutine> MakeUpdateInsertMode(ModuleCommun& module, OdbcSession& session);
 
 }  // namespace imptable
 

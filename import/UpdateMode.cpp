@@ -2,7 +2,8 @@
 
 #include <optional>
 
-#include "import/ImportLoop.h"
+#include "import/Execution.h"
+#include "import/KeyValues.h"
 #include "import/UpdateStatement.h"
 
 namespace imptable {
@@ -28,19 +29,20 @@ class UpdateMode final : public ModeRoutine {
         !update_.Prepare(keys)) {
       return false;
     }
-    parser_.emplace(table_.MakeParser());
+    parser_.emplace(table_.MakeKeyedParser());
+    key_values_.emplace(module_, session_, table_);
     return true;
   }
 
   RecordParser& Parser() override { return *parser_; }
 
   LineResult ExecuteLine() override {
-    if (Succeeded(SQLExecute(update_.raw()))) {
-      const bool changed = SaysChanged(ChangedRows(session_, update_.raw()));
-      return {false, changed ? &module_.run.progress.modified : nullptr};
-    }
-    session_.ReportError(update_.raw());
-    return {true, nullptr};
+    if (!key_values_->Check()) return {true, nullptr};
+    const Execution execution = ExecuteKeyed(session_, update_.raw());
+    if (execution.refused) return {true, nullptr};
+    RunProgress& progress = module_.run.progress;
+    if (execution.changed()) return {false, &progress.modified};
+    return {false, execution.rows == 0 ? &progress.unmatched : nullptr};
   }
 
   void DropStatements() override {
@@ -63,13 +65,13 @@ class UpdateMode final : public ModeRoutine {
   TargetTable table_;
   UpdateStatement update_;
   std::optional<RecordParser> parser_;
+  std::optional<KeyValues> key_values_;
 };
 
 }  // namespace
 
-void RunUpdateMode(ModuleCommun& module, OdbcSession& session, bool complete_name) {
-  UpdateMode mode(module, session);
-  RunImportMode(module, session, mode, complete_name);
+std::unique_ptr<ModeRoutine> MakeUpdateMode(ModuleCommun& module, OdbcSession& session) {
+  return std::make_unique<UpdateMode>(module, session);
 }
 
 }  // namespace imptable

@@ -81,7 +81,7 @@ TEST(UpdateMode, WritesItsSuccessLineAsInformation) {
 TEST(UpdateMode, ReportsItsErrorsThroughTheHostOnly) {
   KeyedRun run(kByUpdate);
   run.Driver("on SQLExecute 2 return -1 diag 22018 5 \"no number\"");
-  run.Source({"1;a", "x;b", "3;c", "4;d;e"});
+  run.Source({"1;a", "2;b", "3;c", "4;d;e"});
   EXPECT_EQ(run.Go(), 3);
   EXPECT_EQ(run.ModeLines(),
             (KeyedRun::KindLines{
@@ -89,7 +89,7 @@ TEST(UpdateMode, ReportsItsErrorsThroughTheHostOnly) {
                 Information(" ----->    2 erreur(s) détectée(s),consultez le fichier .ERR"),
                 Information(" ----->    2 Enregistrement(s) modifié(s)")}));
   EXPECT_THAT(OwnLines(run), IsEmpty());
-  EXPECT_THAT(run.Rejected(), ElementsAre("x;b", "4;d;e"));
+  EXPECT_THAT(run.Rejected(), ElementsAre("2;b", "4;d;e"));
   EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002100000001",
                                        "00000003000000001", "00000004100000002"));
   EXPECT_THAT(run.Errors(),

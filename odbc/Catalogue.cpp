@@ -7,7 +7,6 @@ namespace {
 
 constexpr std::size_t kTypeNameBytes = 51;
 constexpr std::size_t kLeastTableNameBytes = 257;  // drivers tell less than they give
-constexpr std::string_view kIgnoreSuffix = "Ignore";
 
 /// A text column of a result set: its buffer and its length indicator.
 class TextCell {
@@ -112,19 +111,14 @@ bool Catalogue::GetTableColumns(std::vector<TableColumn>& columns) {
       !query.Bound(query.BindShort(11, nullable))) {
     return false;
   }
-  const std::string assignments = module_.run.task + "\\Champs";
   return query.FetchAll(
       [&] {
         sql_type = scale = nullable = 0;
         precision = 0;
       },
       [&] {
-        TableColumn column{name.Text(), sql_type, type_name.Text(), precision, scale,
-                           nullable,    false};
-        const std::string assignment =
-            AsText(module_.ReadValue(assignments, std::to_string(columns.size() + 1)));
-        column.ignored = assignment.ends_with(kIgnoreSuffix);
-        columns.push_back(std::move(column));
+        columns.push_back(
+            {name.Text(), sql_type, type_name.Text(), precision, scale, nullable, false});
       });
 }
 

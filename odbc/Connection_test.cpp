@@ -28,13 +28,21 @@ TEST(Connection, AnnouncesItselfOnlyOnceItIsMade) {
   EXPECT_THAT(session.Boxes(), IsEmpty());
 }
 
+TEST(Connection, IsNotTriedWithoutADataSource) {
+  ScriptedSession session;
+  EXPECT_FALSE(session.odbc().ConnectDataSource("", "u", "secret"));
+  EXPECT_THAT(session.Boxes(), ElementsAre("Sélectionner une Source de Données"));
+  EXPECT_THAT(session.source.LogLines(), IsEmpty());
+  EXPECT_EQ(session.odbc().environment, nullptr);
+}
+
 TEST(Connection, HandsSourceUserAndPasswordToTheDriver) {
   struct Case {
     const char* user;
     const char* password;
     const char* expected;
   };
-  for (const Case& each : {Case{"", "", ";PWD=;"}, Case{"u", "p", ";UID=u;PWD=p"},
+  for (const Case& each : {Case{"", "", ""}, Case{"u", "p", ";UID=u;PWD=p"},
                            Case{"u", "", ";UID=u;PWD=;"}, Case{"", "p", ";PWD=p"}}) {
     ScriptedSession session;
     const std::string& name = session.source.name();
@@ -42,6 +50,29 @@ TEST(Connection, HandsSourceUserAndPasswordToTheDriver) {
     EXPECT_THAT(session.source.LogLines("SQLDriverConnect"),
                 ElementsAre("SQLDriverConnect DSN=" + name + each.expected + " = 0"));
   }
+}
+
+TEST(Connection, LeavesUserAndPasswordToTheDataSourceWhenTheTaskHasNeither) {
+  ScriptedSession session;
+  EXPECT_TRUE(session.odbc().ConnectDataSource(session.source.name(), "", ""));
+  EXPECT_THAT(session.source.LogLines("SQLDriverConnect"),
+              ElementsAre("SQLDriverConnect DSN=" + session.source.name() + " = 0"));
+}
+
+TEST(Connection, IsLimitedInTimeInRunsAsInDialogs) {
+  for (const bool in_a_run : {false, true}) {
+    ScriptedSession session;
+    if (in_a_run) session.ReportToTheRun();
+    EXPECT_TRUE(session.Connect());
+    EXPECT_THAT(session.source.LogLines("SQLSetConnectOption"),
+                Contains("SQLSetConnectOption 103=15 = 0"));
+  }
+}
+
+TEST(Connection, IsMadeByADriverThatCannotLimitItsTime) {
+  ScriptedSession session("on SQLSetConnectOption return -1 diag S1C00 0 \"no\"");
+  EXPECT_TRUE(session.Connect());
+  EXPECT_THAT(session.Boxes(), IsEmpty());
 }
 
 TEST(Connection, IsMadeWhenTheDriverSucceedsWithInformation) {
@@ -74,7 +105,8 @@ TEST(Connection, LeavesNoHandleWhenItWasRefused) {
   EXPECT_FALSE(session.Connect());
   EXPECT_EQ(session.odbc().environment, nullptr);
   EXPECT_EQ(session.odbc().connection, nullptr);
-  EXPECT_THAT(session.Calls(), ElementsAre("SQLAllocEnv", "SQLAllocConnect", "SQLDriverConnect",
+  EXPECT_THAT(session.Calls(), ElementsAre("SQLAllocEnv", "SQLAllocConnect", "SQLSetConnectOption",
+                                           "SQLSetConnectOption", "SQLDriverConnect",
                                            "SQLFreeConnect", "SQLFreeEnv"));
 }
 
@@ -212,7 +244,8 @@ TEST(Connection, IsGivenUpLaterWhenTheReportCannotBeWritten) {
   session.source.ClearLog();
   EXPECT_TRUE(session.Connect());
   EXPECT_THAT(session.Calls(), ElementsAre("SQLDisconnect", "SQLFreeConnect", "SQLFreeEnv",
-                                           "SQLAllocEnv", "SQLAllocConnect", "SQLDriverConnect",
+                                           "SQLAllocEnv", "SQLAllocConnect", "SQLSetConnectOption",
+                                           "SQLSetConnectOption", "SQLDriverConnect", "SQLGetInfo",
                                            "SQLGetInfo", "SQLGetInfo", "SQLGetInfo", "SQLGetInfo"));
 }
 

@@ -18,7 +18,7 @@ TEST(DriverInformation, IsAskedForInAFixedOrderOnceConnected) {
   EXPECT_TRUE(session.Connect());
   EXPECT_THAT(session.source.LogLines("SQLGetInfo"),
               ElementsAre("SQLGetInfo 29 = 0", "SQLGetInfo 30 = 0", "SQLGetInfo 35 = 0",
-                          "SQLGetInfo 14 = 0"));
+                          "SQLGetInfo 14 = 0", "SQLGetInfo 17 = -1"));
 }
 
 TEST(DriverInformation, IsNotAskedForWhenTheConnectionIsRefused) {

@@ -142,8 +142,8 @@ TEST(DriverManager, IsGivenTheWholeConnectionStringAndNoWindowToAskIn) {
     const char* expected;
   };
   for (const Case& each :
-       {Case{"", "", ";PWD=;"}, Case{"u", "p", ";UID=u;PWD=p"}, Case{"u", "", ";UID=u;PWD=;"},
-        Case{"", "p", ";PWD=p"}, Case{"a=b", "c;d}e", ";UID=a=b;PWD=c;d}e"}}) {
+       {Case{"", "", ""}, Case{"u", "p", ";UID=u;PWD=p"}, Case{"u", "", ";UID=u;PWD=;"},
+        Case{"", "p", ";PWD=p"}, Case{"a=b", "c;d}e", ";UID=a=b;PWD={c;d}}e}"}}) {
     ScriptedSession session;
     ManagerAnswers manager;
     session.odbc().ConnectDataSource(session.source.name(), each.user, each.password);

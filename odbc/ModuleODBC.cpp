@@ -5,6 +5,7 @@
 #include <cstring>
 #include <utility>
 
+#include "odbc/ConnectionString.h"
 #include "plugin/core/Blanks.h"
 
 namespace imptable {
@@ -14,10 +15,16 @@ constexpr SQLSMALLINT kMessageBytes = 512;
 constexpr SQLSMALLINT kCompletedStringBytes = 512;
 constexpr SQLSMALLINT kSourceNameBytes = 500;
 constexpr std::uint16_t kDefaultNameLength = 50;
+constexpr SQLSMALLINT kDbmsNameBytes = 128;
+
+/// How long a connection may take, in seconds, as far as the driver heeds it.
+constexpr SQLULEN kLoginTimeout = 15;
+
 constexpr std::size_t kSeparatorBytes = 255;
 constexpr std::int16_t kLastImportMode = 4;
 
 // Numbers of catalogue texts: never change.
+constexpr std::int32_t kMessageSelectDataSource = 47;
 constexpr std::int32_t kMessageLine = 157;
 constexpr std::int32_t kMessageAllocEnv = 170;
 constexpr std::int32_t kMessageAllocConnect = 171;
@@ -65,6 +72,10 @@ bool OdbcSession::ConnectDataSource(const std::string& data_source, const std::s
   connected = false;
   mask_ = PasswordMask(password);
   Release();  // a former connection whose report couldn't be written kept its handles
+  // The driver manager has a driver for no name, too: it may make a file named after the password.
+  if (data_source.empty()) {
+    return CheckOdbcReturn(SQL_ERROR, module_.MessageText(kMessageSelectDataSource));
+  }
   // Information counts as a failure, but a handle comes with it.
   SQLRETURN allocated = SQLAllocEnv(&environment);
   if (!Succeeded(allocated)) environment = SQL_NULL_HENV;
@@ -76,10 +87,8 @@ bool OdbcSession::ConnectDataSource(const std::string& data_source, const std::s
   if (!Succeeded(allocated)) connection = SQL_NULL_HDBC;
   if (CheckOdbcReturn(allocated, module_.MessageText(kMessageAllocConnect))) {
     // A driver that can't limit its time connects all the same.
-    if (login_timeout != 0) SQLSetConnectOption(connection, SQL_LOGIN_TIMEOUT, login_timeout);
-    std::string request = "DSN=" + data_source;
-    if (!user.empty()) request += ";UID=" + user;
-    request += password.empty() ? ";PWD=;" : ";PWD=" + password;
+    SQLSetConnectOption(connection, SQL_LOGIN_TIMEOUT, kLoginTimeout);
+    const std::string request = ConnectionString(data_source, user, password);
     std::array<SQLCHAR, kCompletedStringBytes> completed{};
     SQLSMALLINT completed_length = 0;
     const SQLRETURN code = SQLDriverConnect(
@@ -133,6 +142,18 @@ void OdbcSession::QueryDriverInfo() {
   max_column_name_length = InfoLength(SQL_MAX_COLUMN_NAME_LEN);
   max_table_name_length = InfoLength(SQL_MAX_TABLE_NAME_LEN);
   escape_char = InfoText(SQL_SEARCH_PATTERN_ESCAPE);
+  QueryDialect();
+}
+
+void OdbcSession::QueryDialect() {
+  std::array<char, kDbmsNameBytes> name{};
+  SQLSMALLINT length = 0;
+  const SQLRETURN code =
+      SQLGetInfo(connection, SQL_DBMS_NAME, name.data(), kDbmsNameBytes, &length);
+  // A driver that doesn't tell is one that nothing is known of; why is nobody's matter later.
+  if (code != SQL_SUCCESS) TakeDiagnostics(SQL_NULL_HSTMT);
+  const std::size_t known = Succeeded(code) ? strnlen(name.data(), name.size()) : 0;
+  dialect = &DialectOf({name.data(), known});
 }
 
 bool OdbcSession::CheckOdbcReturn(SQLRETURN code, const std::string& text) {
@@ -154,7 +175,7 @@ bool OdbcSession::IsIgnorableDuplicate(SQLINTEGER native_code) const {
   }
 }
 
-void OdbcSession::ShowDiagnostic(std::int16_t reporting_mode, const std::string& text) {
+void OdbcSession::ShowText(std::int16_t reporting_mode, const std::string& text) {
   if (reporting_mode == kDialogMode) {
     module_.platform.warning_box.Warn(text, module_.MessageText(kMessageTitle));
   } else if (reporting_mode == kRunMode) {
@@ -167,36 +188,87 @@ void OdbcSession::ShowDiagnostic(std::int16_t reporting_mode, const std::string&
   }
 }
 
-void OdbcSession::ReportOdbcError(SQLHDBC failed_connection, SQLHSTMT failed_statement,
-                                  std::int16_t reporting_mode, bool& duplicate_ignored) {
-  std::array<SQLCHAR, 16> state{};
-  std::array<SQLCHAR, kMessageBytes> message{};
-  SQLRETURN code = SQL_SUCCESS;
-  do {
-    SQLINTEGER native_code = 0;
-    SQLSMALLINT length = 0;
-    code = SQLError(environment, failed_connection, failed_statement, state.data(), &native_code,
-                    message.data(), kMessageBytes, &length);
-    if (!Succeeded(code)) break;
-    if (IsIgnorableDuplicate(native_code)) {
-      duplicate_ignored = true;
-      return;
-    }
-    if (length > 0) {
-      const std::size_t shown =
-          static_cast<std::size_t>(std::min<SQLSMALLINT>(length, kMessageBytes - 1));
-      const bool cut = shown + 1 == message.size();
-      ShowDiagnostic(reporting_mode,
-                     '(' + SignedText(native_code) + ") " +
-                         mask_.Masked({reinterpret_cast<const char*>(message.data()), shown}, cut));
-    }
-  } while (code == SQL_SUCCESS);
+void OdbcSession::ReportText(const std::string& text) {
+  ShowText(execution_mode, text);
   error_reported = true;
 }
 
+SQLRETURN OdbcSession::NextDiagnostic(SQLHDBC failed_connection, SQLHSTMT failed_statement,
+                                      Diagnostic& diagnostic) {
+  std::array<SQLCHAR, 16> state{};
+  std::array<SQLCHAR, kMessageBytes> message{};
+  SQLSMALLINT length = 0;
+  diagnostic.native_code = 0;
+  const SQLRETURN code = SQLError(environment, failed_connection, failed_statement, state.data(),
+                                  &diagnostic.native_code, message.data(), kMessageBytes, &length);
+  if (!Succeeded(code)) return code;
+  const std::size_t shown =
+      static_cast<std::size_t>(std::clamp<SQLSMALLINT>(length, 0, kMessageBytes - 1));
+  const bool cut = shown + 1 == message.size();
+  diagnostic.text = mask_.Masked({reinterpret_cast<const char*>(message.data()), shown}, cut);
+  return code;
+}
+
+std::vector<Diagnostic> OdbcSession::TakeDiagnostics(SQLHSTMT statement_with_some) {
+  std::vector<Diagnostic> taken;
+  Diagnostic diagnostic;
+  SQLRETURN code = SQL_SUCCESS;
+  while (code == SQL_SUCCESS) {
+    code = NextDiagnostic(connection, statement_with_some, diagnostic);
+    if (Succeeded(code)) taken.push_back(diagnostic);
+  }
+  return taken;
+}
+
+bool OdbcSession::ShowUnlessIgnored(const Diagnostic& diagnostic, std::int16_t reporting_mode,
+                                    bool* duplicate_ignored) {
+  if (duplicate_ignored != nullptr && IsIgnorableDuplicate(diagnostic.native_code)) {
+    *duplicate_ignored = true;
+    return false;
+  }
+  if (!diagnostic.text.empty()) {
+    ShowText(reporting_mode, '(' + SignedText(diagnostic.native_code) + ") " + diagnostic.text);
+  }
+  return true;
+}
+
+void OdbcSession::Report(SQLHDBC failed_connection, SQLHSTMT failed_statement,
+                         std::int16_t reporting_mode, bool* duplicate_ignored) {
+  Diagnostic diagnostic;
+  SQLRETURN code = SQL_SUCCESS;
+  while (code == SQL_SUCCESS) {
+    code = NextDiagnostic(failed_connection, failed_statement, diagnostic);
+    if (Succeeded(code) && !ShowUnlessIgnored(diagnostic, reporting_mode, duplicate_ignored)) {
+      return;
+    }
+  }
+  error_reported = true;
+}
+
+void OdbcSession::ReportOdbcError(SQLHDBC failed_connection, SQLHSTMT failed_statement,
+                                  std::int16_t reporting_mode, bool& duplicate_ignored) {
+  Report(failed_connection, failed_statement, reporting_mode, &duplicate_ignored);
+}
+
 void OdbcSession::ReportError(SQLHSTMT failed_statement) {
-  bool duplicate_ignored = false;
-  ReportOdbcError(connection, failed_statement, execution_mode, duplicate_ignored);
+  Report(connection, failed_statement, execution_mode, nullptr);
+}
+
+void OdbcSession::ReportTaken(const std::vector<Diagnostic>& taken, bool* duplicate_ignored) {
+  for (const Diagnostic& diagnostic : taken) {
+    if (!ShowUnlessIgnored(diagnostic, execution_mode, duplicate_ignored)) return;
+  }
+  error_reported = true;
+}
+
+SQLRETURN OdbcSession::Execute(SQLHSTMT prepared) {
+  const Cancellation::Waiting waiting(cancellation, prepared);
+  return SQLExecute(prepared);
+}
+
+SQLRETURN OdbcSession::ExecuteText(SQLHSTMT allocated, const std::string& text) {
+  const Cancellation::Waiting waiting(cancellation, allocated);
+  return SQLExecDirect(allocated, SqlText(text), SQL_NTS);
 }
 
 void OdbcSession::ReadSystemDecimalSeparator() {

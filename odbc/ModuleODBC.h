@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "odbc/Cancellation.h"
+#include "odbc/Dialect.h"
 #include "odbc/OdbcApi.h"
 #include "odbc/PasswordMask.h"
 #include "odbc/Statement.h"
@@ -18,6 +20,12 @@ namespace imptable {
 inline constexpr std::int16_t kDialogMode = 0;  // message boxes
 inline constexpr std::int16_t kRunMode = 1;     // the execution report, or the open ".ERR" file
 
+/// What a driver says about a failure, or about a success.
+struct Diagnostic {
+  SQLINTEGER native_code = 0;
+  std::string text;  // without the connection's password
+};
+
 /// The one connection of the component, the driver's properties, and the single path by which
 /// every ODBC failure becomes text.
 class OdbcSession {
@@ -28,8 +36,8 @@ class OdbcSession {
   OdbcSession& operator=(const OdbcSession&) = delete;
   ~OdbcSession();
 
-  /// Connects with "DSN=...;UID=...;PWD=..."; values are neither quoted nor escaped. A failure is
-  /// reported and leaves no handle behind.
+  /// Connects as ConnectionString says; without a name of a data source nothing is tried. A failure
+  /// is reported and leaves no handle behind.
   bool ConnectDataSource(const std::string& data_source, const std::string& user,
                          const std::string& password);
 
@@ -48,9 +56,24 @@ class OdbcSession {
   void ReportOdbcError(SQLHDBC connection, SQLHSTMT statement, std::int16_t reporting_mode,
                        bool& duplicate_ignored);
 
-  /// The same on this connection, in the current execution mode, for callers that have no use for
-  /// the duplicate.
+  /// The same on this connection, in the current execution mode, for callers that ignore no
+  /// duplicate: every diagnostic is shown.
   void ReportError(SQLHSTMT statement = SQL_NULL_HSTMT);
+
+  /// Executes a prepared statement, or a text at once; `cancellation` reaches it meanwhile.
+  SQLRETURN Execute(SQLHSTMT prepared);
+  SQLRETURN ExecuteText(SQLHSTMT allocated, const std::string& text);
+
+  /// Fetches every diagnostic of a statement of this connection, which the next call on it loses,
+  /// and shows none.
+  std::vector<Diagnostic> TakeDiagnostics(SQLHSTMT statement_with_some);
+
+  /// Shows diagnostics that were taken, in the current execution mode.
+  /// @param duplicate_ignored  as for ReportOdbcError; null for those who ignore no duplicate.
+  void ReportTaken(const std::vector<Diagnostic>& taken, bool* duplicate_ignored);
+
+  /// Shows an own text where diagnostics go, in the current execution mode.
+  void ReportText(const std::string& text);
 
   /// Reads the user's decimal separator; keeps the previous one when there is none.
   void ReadSystemDecimalSeparator();
@@ -60,9 +83,8 @@ class OdbcSession {
   Statement statement;  // of the running import mode
   bool connected = false;
 
-  /// How long a connection may take, in seconds, as far as the driver heeds it; 0 leaves that to
-  /// the driver.
-  std::uint16_t login_timeout = 0;
+  const Dialect* dialect = &DialectOf({});
+  Cancellation cancellation;
 
   std::string quote_char;   // empty: the driver has none
   std::string escape_char;  // of search patterns
@@ -86,7 +108,16 @@ class OdbcSession {
   void QueryDriverInfo();
   std::string InfoText(SQLUSMALLINT item);
   std::uint16_t InfoLength(SQLUSMALLINT item);
-  void ShowDiagnostic(std::int16_t reporting_mode, const std::string& text);
+  void QueryDialect();
+  SQLRETURN NextDiagnostic(SQLHDBC failed_connection, SQLHSTMT failed_statement,
+                           Diagnostic& diagnostic);
+  void Report(SQLHDBC failed_connection, SQLHSTMT failed_statement, std::int16_t reporting_mode,
+              bool* duplicate_ignored);
+
+  /// @return false for the ignorable duplicate.
+  bool ShowUnlessIgnored(const Diagnostic& diagnostic, std::int16_t reporting_mode,
+                         bool* duplicate_ignored);
+  void ShowText(std::int16_t reporting_mode, const std::string& text);
   bool IsIgnorableDuplicate(SQLINTEGER native_code) const;
 
   ModuleCommun& module_;

@@ -1,33 +1,49 @@
 #include "odbc/PasswordMask.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
+
+#include "odbc/ConnectionString.h"
 
 namespace imptable {
 namespace {
 
-/// A shorter password is in many an innocent word.
-constexpr std::size_t kFewestBytesWithinAWord = 4;
-
-bool IsWordByte(char byte) {
+bool IsAsciiWordByte(char byte) {
   return (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') ||
-         (byte >= 'a' && byte <= 'z') || static_cast<unsigned char>(byte) >= 0x80;
+         (byte >= 'a' && byte <= 'z') || byte == '_';
+}
+
+bool IsAsciiByte(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
+
+/// A text's non-ASCII bytes begin or end in a letter, or in a sign such as a quotation mark: in
+/// UTF-8 U+0080 to U+00BF and U+2000 to U+206F are signs, in code pages of one byte 80 to BF.
+constexpr std::array<std::string_view, 3> kSignsBegin{"\xC2", "\xE2\x80", "\xE2\x81"};
+
+bool EndsInAWord(std::string_view text) {
+  if (text.empty()) return false;
+  if (IsAsciiByte(text.back())) return IsAsciiWordByte(text.back());
+  std::size_t start = text.size() - 1;
+  while (start > 0 && (static_cast<unsigned char>(text[start]) & 0xC0U) == 0x80U &&
+         text.size() - start < 4) {
+    --start;
+  }
+  const std::string_view last = text.substr(start);
+  if (static_cast<unsigned char>(last.front()) < 0xC0U) return false;
+  return std::none_of(kSignsBegin.begin(), kSignsBegin.end(),
+                      [&](std::string_view sign) { return last.starts_with(sign); });
+}
+
+bool BeginsWithAWord(std::string_view text) {
+  if (text.empty()) return false;
+  if (IsAsciiByte(text.front())) return IsAsciiWordByte(text.front());
+  if (static_cast<unsigned char>(text.front()) < 0xC0U) return false;
+  return std::none_of(kSignsBegin.begin(), kSignsBegin.end(),
+                      [&](std::string_view sign) { return text.starts_with(sign); });
 }
 
 bool IsWordOfItsOwn(std::string_view text, std::size_t at, std::size_t length) {
-  const bool joined_before = at > 0 && IsWordByte(text[at - 1]);
-  const bool joined_after = at + length < text.size() && IsWordByte(text[at + length]);
-  return !joined_before && !joined_after;
-}
-
-/// "{a}}b}" without its braces: "a}b".
-std::string WithoutBraces(std::string_view password) {
-  std::string inner;
-  for (std::size_t at = 1; at + 1 < password.size(); ++at) {
-    inner += password[at];
-    if (password.substr(at, 2) == "}}") ++at;
-  }
-  return inner;
+  return !EndsInAWord(text.substr(0, at)) && !BeginsWithAWord(text.substr(at + length));
 }
 
 using Marks = std::vector<bool>;
@@ -39,15 +55,16 @@ void Mark(Marks& hidden, std::size_t at, std::size_t length) {
 void MarkEach(std::string_view text, std::string_view form, Marks& hidden) {
   for (std::size_t at = text.find(form); at != std::string_view::npos;
        at = text.find(form, at + 1)) {
-    if (form.size() >= kFewestBytesWithinAWord || IsWordOfItsOwn(text, at, form.size())) {
-      Mark(hidden, at, form.size());
-    }
+    if (IsWordOfItsOwn(text, at, form.size())) Mark(hidden, at, form.size());
   }
 }
 
 void MarkBeginningAtTheEnd(std::string_view text, std::string_view form, Marks& hidden) {
   for (std::size_t length = std::min(form.size() - 1, text.size()); length > 0; --length) {
-    if (!text.ends_with(form.substr(0, length))) continue;
+    if (!text.ends_with(form.substr(0, length)) ||
+        EndsInAWord(text.substr(0, text.size() - length))) {
+      continue;
+    }
     Mark(hidden, text.size() - length, length);
     return;
   }
@@ -57,10 +74,14 @@ void MarkBeginningAtTheEnd(std::string_view text, std::string_view form, Marks& 
 
 PasswordMask::PasswordMask(const std::string& password) {
   Add(password);
-  if (password.starts_with('{') && password.ends_with('}') && password.size() > 2) {
-    Add(WithoutBraces(password));
-  } else {
-    Add(std::string_view(password).substr(0, password.find(';')));
+  Add(ConnectionValue(password));
+  for (const std::string& whole : {password, ConnectionValue(password)}) {
+    std::string_view rest = whole;
+    for (std::size_t at = rest.find(';'); at != std::string_view::npos; at = rest.find(';')) {
+      Add(rest.substr(0, at));
+      rest.remove_prefix(at + 1);
+      Add(rest);
+    }
   }
 }
 

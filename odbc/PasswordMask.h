@@ -16,13 +16,13 @@ class PasswordMask {
   /// Hides nothing.
   PasswordMask() = default;
 
-  /// Hides the password as it is, and as a driver finds it in a connection string, where it ends
-  /// with the first ";" unless it stands in braces.
+  /// Hides the password as it is and as it stands in a connection string, and each part that a
+  /// driver may take it for that parts the string at every ";".
   explicit PasswordMask(const std::string& password);
 
   /// @param cut  whether the text's end may be missing, and with it that of a password.
-  /// @return the text with kHiddenPassword in place of the password, wherever it stands; one of
-  /// less than four bytes counts only as a word of its own.
+  /// @return the text with kHiddenPassword in place of the password, wherever it is a word of its
+  /// own: neither a letter, a digit nor a "_" may join it.
   std::string Masked(std::string_view text, bool cut) const;
 
  private:

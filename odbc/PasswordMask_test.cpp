@@ -13,9 +13,10 @@ TEST(PasswordMask, HidesThePasswordWhereverItStands) {
   EXPECT_EQ(Masked("secret", "login of 'sa' with 'secret' failed"),
             "login of 'sa' with '******' failed");
   EXPECT_EQ(Masked("secret", "DSN=x;UID=sa;PWD=secret;"), "DSN=x;UID=sa;PWD=******;");
-  EXPECT_EQ(Masked("secret", "secretsecret, xsecrety"), "******, x******y");
-  EXPECT_EQ(Masked("aaaa", "aaaaa"), "******");
   EXPECT_EQ(Masked("péché", "(péché)"), "(******)");
+  EXPECT_EQ(Masked("secret", "« secret » «secret» “secret”"), "« ****** » «******» “******”");
+  EXPECT_EQ(Masked("secret", "\xABsecret\xBB"), "\xAB******\xBB");
+  EXPECT_EQ(Masked("a b!", "with a b! or \"a b!\""), "with ****** or \"******\"");
 }
 
 TEST(PasswordMask, LeavesOtherTextsAsTheyAre) {
@@ -24,6 +25,15 @@ TEST(PasswordMask, LeavesOtherTextsAsTheyAre) {
   }
   for (const char* password : {"", "  "}) EXPECT_EQ(Masked(password, "a  b PWD=;"), "a  b PWD=;");
   EXPECT_EQ(PasswordMask().Masked("text", true), "text");
+}
+
+TEST(PasswordMask, SpoilsNoWordThatThePasswordIsAPartOf) {
+  EXPECT_EQ(Masked("cons", "UNIQUE constraint failed"), "UNIQUE constraint failed");
+  EXPECT_EQ(Masked("cons", "key client_cons, cons_1, cons1"), "key client_cons, cons_1, cons1");
+  EXPECT_EQ(Masked("secret", "secretsecret, xsecrety, ésecret, secreté"),
+            "secretsecret, xsecrety, ésecret, secreté");
+  EXPECT_EQ(Masked("cons", "UNIQUE con", true), "UNIQUE ******");
+  EXPECT_EQ(Masked("cons", "balcon", true), "balcon");
 }
 
 TEST(PasswordMask, HidesAShortOneWhereItIsAWordOfItsOwn) {
@@ -35,8 +45,12 @@ TEST(PasswordMask, HidesAShortOneWhereItIsAWordOfItsOwn) {
 
 TEST(PasswordMask, HidesWhatADriverFindsInTheConnectionString) {
   EXPECT_EQ(Masked("half;rest", "wrong password 'half'"), "wrong password '******'");
+  EXPECT_EQ(Masked("half;rest", "unknown keyword 'rest'"), "unknown keyword '******'");
+  EXPECT_EQ(Masked("half;rest", "unknown keyword 'rest}'"), "unknown keyword '******'");
+  EXPECT_EQ(Masked("half;rest", "wrong password '{half'"), "wrong password '******'");
+  EXPECT_EQ(Masked("one;two;three", "two three"), "****** ******");
   EXPECT_EQ(Masked("half;rest", "PWD=half;rest"), "PWD=******");
-  EXPECT_EQ(Masked("{se;cr}}et}", "got se;cr}et from {se;cr}}et}"), "got ****** from ******");
+  EXPECT_EQ(Masked("se;cr}et", "got se;cr}et from {se;cr}}et}"), "got ****** from ******");
 }
 
 TEST(PasswordMask, HidesTheBeginningOfOneThatIsCutOffWithTheText) {

@@ -25,10 +25,6 @@ class ClientTable {
     session.run().table = "CLIENT";
   }
 
-  void Assign(const std::string& number, const std::string& text) {
-    session.component.registry.SetText(std::string(kTasks) + "\\T1\\Champs", number, text);
-  }
-
   bool Load() { return catalogue().GetTableColumns(columns); }
   bool MarkVersions() { return catalogue().GetSpecialColumns(columns, found); }
 
@@ -80,11 +76,10 @@ TEST(TableColumns, MayBeNone) {
 
 TEST(TableColumns, ReplaceThoseThatTheListHeld) {
   ClientTable table("column CODE 4 INTEGER 10 0 0\n");
-  table.Assign("1", "Ignore");
   EXPECT_TRUE(table.Load());
   EXPECT_TRUE(table.Load());
   EXPECT_THAT(table.Names(), ElementsAre("CODE"));
-  EXPECT_THAT(table.Ignored(), ElementsAre(true));
+  EXPECT_THAT(table.Ignored(), ElementsAre(false));
 }
 
 TEST(TableColumns, AreReadIntoBuffersOfTheDriversSizes) {
@@ -130,51 +125,11 @@ TEST(TableColumns, FailWithANameOrTypeThatIsLonger) {
   }
 }
 
-TEST(TableColumns, AreIgnoredWhenTheirAssignmentEndsWithIgnore) {
-  struct Case {
-    const char* assignment;
-    bool ignored;
-  };
-  for (const Case& each :
-       {Case{"Ignore", true}, Case{"NOM Ignore", true}, Case{"XIgnore", true},
-        Case{"IgnoreIgnore", true}, Case{"Ignore ", false}, Case{"ignore", false},
-        Case{"IGNORE", false}, Case{"gnore", false}, Case{"IgnoreX", false}, Case{"", false}}) {
-    ClientTable table("column CODE 4 INTEGER 10 0 0\n");
-    table.Assign("1", each.assignment);
-    EXPECT_TRUE(table.Load());
-    EXPECT_THAT(table.Ignored(), ElementsAre(each.ignored)) << '"' << each.assignment << '"';
-  }
-}
-
-TEST(TableColumns, AreAssignedByTheirPlaceFromOne) {
-  std::string script;
-  for (int n = 1; n <= 11; ++n) script += "column C" + std::to_string(n) + " 4 INTEGER 10 0 0\n";
-  ClientTable table(script);
-  table.Assign("0", "Ignore");
-  table.Assign("2", "Ignore");
-  table.Assign("10", "Ignore");
-  table.Assign("12", "Ignore");
-  table.session.component.registry.SetNumber(std::string(kTasks) + "\\T1\\Champs", "3", 7);
-  EXPECT_TRUE(table.Load());
-  for (std::size_t i = 0; i < table.columns.size(); ++i) {
-    EXPECT_EQ(table.columns[i].ignored, i == 1 || i == 9) << i;
-  }
-}
-
-TEST(TableColumns, AreAssignedByTheTaskThatRuns) {
-  ClientTable table("column CODE 4 INTEGER 10 0 0\n");
-  table.Assign("1", "Ignore");
-  table.session.run().task = "T2";
-  EXPECT_TRUE(table.Load());
-  EXPECT_THAT(table.Ignored(), ElementsAre(false));
-}
-
-TEST(RowVersions, AreIgnoredEvenWhenAFileColumnIsAssignedToThem) {
+TEST(RowVersions, AreIgnored) {
   ClientTable table(
       "column CODE 4 INTEGER 10 0 0\n"
       "column TS -2 TIMESTAMP 8 0 0\n"
       "rowversion TS\n");
-  table.Assign("2", "1");
   EXPECT_TRUE(table.Load());
   EXPECT_THAT(table.Ignored(), ElementsAre(false, false));
   EXPECT_TRUE(table.MarkVersions());
@@ -189,8 +144,8 @@ TEST(RowVersions, LeaveTheOtherColumnsAsTheyWere) {
       "column V1 -2 TIMESTAMP 8 0 0\n"
       "column V2 -2 TIMESTAMP 8 0 0\n"
       "rowversion V2\nrowversion V1\n");
-  table.Assign("1", "Ignore");
   EXPECT_TRUE(table.Load());
+  table.columns[0].ignored = true;
   EXPECT_TRUE(table.MarkVersions());
   EXPECT_THAT(table.Ignored(), ElementsAre(true, false, true, true));
 }

@@ -18,6 +18,9 @@ class InputFile {
 
   /// @return the number of bytes read, 0 at the end of the file or when `error` is set.
   virtual std::size_t Read(char* buffer, std::size_t size, std::error_code& error) = 0;
+
+  /// Goes on so many bytes further; beyond the end there is nothing more to read.
+  virtual std::error_code Skip(std::uint64_t bytes);
 };
 
 /// A file opened for writing. Nothing is buffered: a successful Write has reached the operating
@@ -37,6 +40,9 @@ enum class WriteMode { kTruncate, kAppend };
 struct FileInfo {
   std::uint64_t size = 0;  // bytes
   bool is_file = true;     // a file of data: no directory, pipe, socket or device
+
+  /// When it was last changed, in seconds since 1970 UTC.
+  std::int64_t modified = 0;
 };
 
 /// Files by path, in the system's code page. Errors are values of std::generic_category().

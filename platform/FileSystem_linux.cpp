@@ -33,6 +33,11 @@ class LinuxInputFile : public InputFile {
     return static_cast<std::size_t>(count);
   }
 
+  std::error_code Skip(std::uint64_t bytes) override {
+    const off_t at = lseek(file_.raw(), static_cast<off_t>(bytes), SEEK_CUR);
+    return at < 0 ? LastError() : std::error_code();
+  }
+
  private:
   Descriptor file_;
 };
@@ -108,7 +113,8 @@ class LinuxFileSystem : public FileSystem {
       return std::nullopt;
     }
     return FileInfo{.size = static_cast<std::uint64_t>(status.st_size),
-                    .is_file = S_ISREG(status.st_mode)};
+                    .is_file = S_ISREG(status.st_mode),
+                    .modified = status.st_mtim.tv_sec};
   }
 
   std::unique_ptr<InputFile> OpenForReading(const std::string& path,

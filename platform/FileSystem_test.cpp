@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 
 #include "platform/testing/FileSystemFixture.h"
@@ -29,6 +30,26 @@ TEST_F(FileSystemTest, ClearsTheErrorOfACallThatSucceeds) {
   error = Error(std::errc::io_error);
   EXPECT_NE(files_->OpenForWriting(path, WriteMode::kAppend, error), nullptr);
   EXPECT_FALSE(error);
+}
+
+TEST_F(FileSystemTest, GoesOnFurtherInAFileWithoutReadingIt) {
+  std::error_code error;
+  const auto input = files_->OpenForReading(folder_.Write("a.txt", "0123456789"), error);
+  char buffer[20];
+  EXPECT_EQ(input->Read(buffer, 2, error), 2u);
+  EXPECT_FALSE(input->Skip(5));
+  EXPECT_EQ(input->Read(buffer, 2, error), 2u);
+  EXPECT_EQ(std::string(buffer, 2), "78");
+  EXPECT_FALSE(input->Skip(100));
+  EXPECT_EQ(input->Read(buffer, 2, error), 0u);
+  EXPECT_FALSE(error);
+}
+
+TEST_F(FileSystemTest, TellsWhenAFileWasLastChanged) {
+  const std::string path = folder_.Write("a.txt", "text");
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(now).count();
+  EXPECT_NEAR(static_cast<double>(files_->Query(path)->modified), static_cast<double>(seconds), 60);
 }
 
 TEST_F(FileSystemTest, TruncatesOrAppends) {

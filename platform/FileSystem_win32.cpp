@@ -47,6 +47,13 @@ class WindowsInputFile : public InputFile {
     return count;
   }
 
+  std::error_code Skip(std::uint64_t bytes) override {
+    LARGE_INTEGER distance{};
+    distance.QuadPart = static_cast<LONGLONG>(bytes);
+    return SetFilePointerEx(file_.raw(), distance, nullptr, FILE_CURRENT) != 0 ? std::error_code()
+                                                                               : LastError();
+  }
+
  private:
   FileHandle file_;
 };
@@ -106,6 +113,14 @@ bool MeansNone(DWORD code) {
   }
 }
 
+std::int64_t SecondsSince1970(const FILETIME& time) {
+  constexpr std::int64_t kTicksOfASecond = 10'000'000;
+  constexpr std::int64_t kSecondsFrom1601To1970 = 11'644'473'600;
+  const auto ticks =
+      static_cast<std::int64_t>(std::uint64_t{time.dwHighDateTime} << 32U | time.dwLowDateTime);
+  return ticks / kTicksOfASecond - kSecondsFrom1601To1970;
+}
+
 class WindowsFileSystem : public FileSystem {
  public:
   std::string Locate(std::string_view path) const override { return std::string(path); }
@@ -120,7 +135,8 @@ class WindowsFileSystem : public FileSystem {
       return std::nullopt;
     }
     return FileInfo{.size = std::uint64_t{data.nFileSizeHigh} << 32 | data.nFileSizeLow,
-                    .is_file = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0};
+                    .is_file = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0,
+                    .modified = SecondsSince1970(data.ftLastWriteTime)};
   }
 
   std::unique_ptr<InputFile> OpenForReading(const std::string& path,

@@ -49,6 +49,7 @@ std::optional<LockFile::State> LockFile::TryOnce() {
     return State::kBusy;
   }
   if (!IsStillThere()) return std::nullopt;
+  if (!LooksLikeALock()) return State::kForeign;
   NoteProcess();
   return State::kLocked;
 }
@@ -77,6 +78,16 @@ bool LockFile::IsStillThere() const {
   struct stat found {};
   return fstat(file_.raw(), &locked) == 0 && lstat(path_.c_str(), &found) == 0 &&
          locked.st_dev == found.st_dev && locked.st_ino == found.st_ino;
+}
+
+bool LockFile::LooksLikeALock() const {
+  // A process that was killed may have written a part of its number, or nothing.
+  std::array<char, 24> text{};
+  const ssize_t length = Retry([&] { return pread(file_.raw(), text.data(), text.size(), 0); });
+  if (length < 0 || length == static_cast<ssize_t>(text.size())) return false;
+  std::string_view number(text.data(), static_cast<std::size_t>(length));
+  if (number.ends_with('\n')) number.remove_suffix(1);
+  return number.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
 void LockFile::NoteProcess() const {

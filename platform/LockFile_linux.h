@@ -19,6 +19,7 @@ class LockFile {
     kLocked,
     kBusy,      // another process has it
     kUnusable,  // what stands at the path can't be locked
+    kForeign,   // it holds something that no lock does
     kNone,      // no file can be made at the path, or its file system has no locks
   };
 
@@ -43,6 +44,7 @@ class LockFile {
   std::optional<State> TryOnce();
   bool Open();
   bool IsStillThere() const;
+  bool LooksLikeALock() const;
   void NoteProcess() const;
   void ReadHolder();
 

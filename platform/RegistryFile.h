@@ -19,6 +19,9 @@ namespace imptable {
 /// be used on both sides of a fork.
 class RegistryFile {
  public:
+  /// @return false when there is no file at the path; one that can't be looked at counts as there.
+  static bool IsThere(const std::string& path);
+
   /// Opens the file. When there is none it is created without tables, for its owner only, together
   /// with the directories on the way to it.
   /// @param lock_wait  how long to wait for other processes before giving up.
@@ -60,6 +63,7 @@ class RegistryFile {
   std::string path_;
   std::chrono::milliseconds lock_wait_;
   std::unique_ptr<sqlite3, Close> database_;
+  bool in_transaction_ = false;
   std::unordered_map<std::string_view, std::unique_ptr<sqlite3_stmt, Finalize>> statements_;
 };
 
@@ -111,6 +115,7 @@ class Transaction {
 
  private:
   RegistryFile& file_;
+  bool joined_;  // one within another is part of it
   bool open_ = true;
 };
 

@@ -16,7 +16,9 @@ Wording WordingOf(RegistryFileFault fault) {
       return {"was written by a newer version of this program",
               "update this program or name another file"};
     case RegistryFileFault::kDamaged:
-      return {"is damaged", "restore a copy of it, or move it away and import a registry export"};
+      return {"is damaged",
+              "restore a copy of it with that of its \"-wal\" file, if there is one, or move both "
+              "away and import a registry export"};
     case RegistryFileFault::kNoRights:
       return {"may not be used by this user",
               "check the owner and the mode of the file and of its directory"};

@@ -114,9 +114,14 @@ RegistryFile::RegistryFile(const std::string& path, std::chrono::milliseconds lo
   Execute("PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON;");
 }
 
+bool RegistryFile::IsThere(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
+}
+
 void RegistryFile::Create() const {
-  const auto create = [this] {
-    const int file = open(path_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0600);
+  const auto create = [this](int flags = O_EXCL) {
+    const int file = open(path_.c_str(), O_CREAT | flags | O_RDWR | O_CLOEXEC, 0600);
     if (file < 0) return errno;
     const int failed = fchmod(file, 0600) == 0 ? 0 : errno;  // whatever the umask took away
     close(file);
@@ -127,6 +132,7 @@ void RegistryFile::Create() const {
     error = MakeDirectories(path_);
     if (error == 0) error = create();
   }
+  if (error == EEXIST && !IsThere(path_)) error = create(0);  // where a link leads
   if (error != 0 && error != EEXIST) Fail(FaultOf(error), SystemMessage(error));
 }
 
@@ -263,17 +269,23 @@ void Query::Check(int code) const {
   if (code != SQLITE_OK) file_.FailWith(code);
 }
 
-Transaction::Transaction(RegistryFile& file, Kind kind) : file_(file) {
+Transaction::Transaction(RegistryFile& file, Kind kind)
+    : file_(file), joined_(file.in_transaction_) {
+  if (joined_) return;
   Query(file_, kind == Kind::kWrite ? "BEGIN IMMEDIATE" : "BEGIN").Step();
+  file_.in_transaction_ = true;
 }
 
 Transaction::~Transaction() {
+  if (joined_) return;
+  file_.in_transaction_ = false;
   if (open_ && sqlite3_get_autocommit(file_.database_.get()) == 0) {
     sqlite3_exec(file_.database_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
   }
 }
 
 void Transaction::Commit() {
+  if (joined_) return;
   Query(file_, "COMMIT").Step();
   open_ = false;
 }

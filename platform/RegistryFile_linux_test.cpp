@@ -29,6 +29,10 @@ const KeyPath kKey{kHkeyLocalMachine, "SOFTWARE\\Task"};
 
 RegistryValue Text(const std::string& text) { return {RegistryType::kText, text + '\0'}; }
 
+const KeyPath kFirstKey{kHkeyCurrentUser, "First"};
+const std::vector<RegistryEdit> kFirstEdits{
+    {RegistryEdit::Action::kSetValue, kFirstKey, "first", Text("1")}};
+
 /// @return what `action` threw, nullopt when it succeeded.
 std::optional<RegistryFileError> ErrorOf(const std::function<void()>& action) {
   try {
@@ -40,7 +44,12 @@ std::optional<RegistryFileError> ErrorOf(const std::function<void()>& action) {
 }
 
 std::optional<RegistryFileError> ErrorOfOpening(const std::string& path) {
-  return ErrorOf([&] { RegistryStore(path, ".", std::chrono::milliseconds(50)); });
+  return ErrorOf([&] { RegistryStore(path, {}, std::chrono::milliseconds(50)); });
+}
+
+std::optional<RegistryFileError> ErrorOfWriting(const std::string& path) {
+  return ErrorOf(
+      [&] { RegistryStore(path, {}, std::chrono::milliseconds(50)).Write(kKey, "v", Text("x")); });
 }
 
 class RegistryFiles : public testing::Test {
@@ -54,7 +63,7 @@ class RegistryFiles : public testing::Test {
   }
 
   void Fill(int values) const {
-    RegistryStore store(path_, ".");
+    RegistryStore store(path_);
     std::vector<RegistryEdit> edits;
     for (int i = 0; i < values; ++i) {
       edits.push_back({RegistryEdit::Action::kSetValue,
@@ -79,7 +88,7 @@ TEST_F(RegistryFiles, AreCreatedForTheirOwnerOnlyWithTheDirectoriesOnTheWay) {
   const mode_t before = umask(0);
   const std::string path = folder_.path() + "share/imptable/registry.db";
   {
-    RegistryStore store(path, ".");
+    RegistryStore store(path);
     store.Write(kKey, "v", Text("x"));
     EXPECT_EQ(ModeOf(path), 0600U);
     EXPECT_EQ(ModeOf(path + "-wal"), 0600U);
@@ -93,7 +102,7 @@ TEST_F(RegistryFiles, AreCreatedForTheirOwnerOnlyWithTheDirectoriesOnTheWay) {
 TEST_F(RegistryFiles, AreTheirOwnersWhateverTheUmaskTakesAway) {
   const mode_t before = umask(0577);
   {
-    RegistryStore store(path_, ".");
+    RegistryStore store(path_);
     store.Write(kKey, "v", Text("x"));
     EXPECT_EQ(ModeOf(path_), 0600U);
     EXPECT_EQ(ModeOf(path_ + "-wal"), 0600U);
@@ -108,7 +117,7 @@ TEST_F(RegistryFiles, KeepTheRightsThatTheyHave) {
     std::filesystem::remove(path_);
     Fill(1);
     ASSERT_EQ(chmod(path_.c_str(), mode), 0);
-    RegistryStore store(path_, ".");
+    RegistryStore store(path_);
     store.Write(kKey, "v", Text("x"));
     EXPECT_EQ(ModeOf(path_), mode);
     EXPECT_EQ(ModeOf(path_ + "-wal"), mode);
@@ -121,23 +130,62 @@ TEST_F(RegistryFiles, AreFoundByPathsThatSqliteWouldTakeForSomethingElse) {
   const std::filesystem::path before = std::filesystem::current_path();
   std::filesystem::current_path(folder_.path());
   for (const char* name : {":memory:", "file:x?mode=memory", "plain", "sub/plain"}) {
-    RegistryStore(name, ".").Write(kKey, "v", Text(name));
-    EXPECT_EQ(RegistryStore(name, ".").Read(kKey, "v"), Text(name));
+    RegistryStore(name).Write(kKey, "v", Text(name));
+    EXPECT_EQ(RegistryStore(name).Read(kKey, "v"), Text(name));
     EXPECT_TRUE(folder_.Exists(name));
   }
   std::filesystem::current_path(before);
 }
 
+TEST_F(RegistryFiles, AreMadeByTheFirstWriteAndByNothingElse) {
+  RegistryStore store(path_, kFirstEdits);
+  EXPECT_FALSE(store.Exists());
+  EXPECT_FALSE(store.Read(kKey, "v"));
+  EXPECT_FALSE(store.KeyExists({kHkeyLocalMachine, ""}));
+  EXPECT_TRUE(store.Values(kKey).empty());
+  EXPECT_TRUE(store.ValueNames(kKey).empty());
+  EXPECT_TRUE(store.SubkeyNames(kKey).empty());
+  EXPECT_TRUE(store.Tree({kHkeyLocalMachine, ""}).empty());
+  EXPECT_FALSE(store.DeleteValue(kKey, "v"));
+  EXPECT_EQ(store.DeleteKey(kKey), RegistryStore::KeyDeletion::kAbsent);
+  EXPECT_FALSE(store.DeleteTree(kKey));
+  EXPECT_FALSE(folder_.Exists("registry.db"));
+  store.Write(kKey, "v", Text("x"));
+  EXPECT_TRUE(store.Exists());
+  EXPECT_EQ(store.Read(kFirstKey, "first"), Text("1"));
+  EXPECT_EQ(store.Read(kKey, "v"), Text("x"));
+}
+
+TEST_F(RegistryFiles, ThatAnotherProcessMadeAreSeenByAStoreThatFoundNone) {
+  const RegistryStore store(path_);
+  RegistryStore(path_).Write(kKey, "v", Text("x"));
+  EXPECT_EQ(store.Read(kKey, "v"), Text("x"));
+}
+
+TEST_F(RegistryFiles, AreMadeWhereADanglingLinkLeads) {
+  std::filesystem::create_symlink("real.db", path_);
+  RegistryStore(path_).Write(kKey, "v", Text("x"));
+  EXPECT_TRUE(std::filesystem::is_symlink(path_));
+  EXPECT_EQ(ModeOf(folder_.path() + "real.db"), 0600U);
+  EXPECT_EQ(RegistryStore(path_).Read(kKey, "v"), Text("x"));
+}
+
 TEST_F(RegistryFiles, AreFilledWhenTheyAreEmpty) {
   folder_.Write("registry.db", "");
-  RegistryStore store(path_, ",");
-  EXPECT_EQ(store.Read({kHkeyCurrentUser, "Control Panel\\International"}, "sDecimal"), Text(","));
+  RegistryStore store(path_, kFirstEdits);
+  EXPECT_FALSE(store.Exists());
+  store.Write(kKey, "v", Text("x"));
+  EXPECT_TRUE(store.Exists());
+  EXPECT_EQ(store.Read(kFirstKey, "first"), Text("1"));
 }
 
 TEST_F(RegistryFiles, SurviveADeathDuringTheirCreation) {
   Sql("PRAGMA journal_mode = WAL");
-  RegistryStore store(path_, ",");
-  EXPECT_EQ(store.Read({kHkeyCurrentUser, "Control Panel\\International"}, "sDecimal"), Text(","));
+  RegistryStore store(path_, kFirstEdits);
+  EXPECT_FALSE(store.Exists());
+  store.Write(kKey, "v", Text("x"));
+  EXPECT_TRUE(store.Exists());
+  EXPECT_EQ(store.Read(kFirstKey, "first"), Text("1"));
 }
 
 TEST_F(RegistryFiles, AreRefusedWhenTheyAreSomethingElse) {
@@ -188,11 +236,9 @@ TEST_F(RegistryFiles, OfANewerFormatAreRefused) {
 TEST_F(RegistryFiles, WithoutTheirTablesAreDamaged) {
   Fill(1);
   Sql("DROP TABLE \"values\"");
-  const auto error = ErrorOf([this] { RegistryStore(path_, ".").Read(kKey, "v"); });
+  const auto error = ErrorOf([this] { RegistryStore(path_).Read(kKey, "v"); });
   EXPECT_FALSE(error) << "the key is looked for first, and isn't there";
-  const auto later = ErrorOf([this] {
-    RegistryStore(path_, ".").Read({kHkeyLocalMachine, "K0"}, "0");
-  });
+  const auto later = ErrorOf([this] { RegistryStore(path_).Read({kHkeyLocalMachine, "K0"}, "0"); });
   ASSERT_TRUE(later);
   EXPECT_EQ(later->fault(), RegistryFileFault::kDamaged);
 }
@@ -202,7 +248,7 @@ TEST_F(RegistryFiles, ThatWereCutOffAreDamaged) {
   const std::string whole = folder_.Read("registry.db");
   for (const std::size_t size : {whole.size() - 4096, whole.size() / 2, whole.size() / 7}) {
     folder_.Write("registry.db", whole.substr(0, size));
-    const auto error = ErrorOf([this] { RegistryStore(path_, ".").Tree({kHkeyLocalMachine, ""}); });
+    const auto error = ErrorOf([this] { RegistryStore(path_).Tree({kHkeyLocalMachine, ""}); });
     ASSERT_TRUE(error) << size;
     EXPECT_EQ(error->fault(), RegistryFileFault::kDamaged) << error->what();
     EXPECT_THAT(error->what(), HasSubstr(path_));
@@ -225,7 +271,7 @@ TEST_F(RegistryFiles, WithBrokenBytesGiveAnErrorOrAnAnswer) {
     std::filesystem::remove(path_ + "-wal");
     std::filesystem::remove(path_ + "-shm");
     refused += ErrorOf([this] {
-                 RegistryStore store(path_, ".", std::chrono::milliseconds(50));
+                 RegistryStore store(path_, {}, std::chrono::milliseconds(50));
                  store.Tree({kHkeyLocalMachine, ""});
                  store.Tree({kHkeyCurrentUser, ""});
                  store.Write({kHkeyLocalMachine, "K1"}, "1", Text("y"));
@@ -242,9 +288,9 @@ TEST_F(RegistryFiles, CannotBeDirectoriesOrDevices) {
   std::filesystem::create_directory(path_);
   EXPECT_THAT(ErrorOfOpening(path_)->what(), HasSubstr("it is a directory"));
   EXPECT_EQ(ErrorOfOpening("/dev/null")->fault(), RegistryFileFault::kUnusable);
-  EXPECT_EQ(ErrorOfOpening("")->fault(), RegistryFileFault::kUnusable);
+  EXPECT_EQ(ErrorOfWriting("")->fault(), RegistryFileFault::kUnusable);
   folder_.Write("file", "");
-  EXPECT_EQ(ErrorOfOpening(folder_.path() + "file/registry.db")->fault(),
+  EXPECT_EQ(ErrorOfWriting(folder_.path() + "file/registry.db")->fault(),
             RegistryFileFault::kUnusable);
 }
 
@@ -278,18 +324,18 @@ TEST_F(RegistryFiles, ThatTheUserMayNotWriteRefuseAWrite) {
   ASSERT_EQ(chmod(path_.c_str(), 0444), 0);
   EXPECT_EQ(AsOrdinaryUser([this] {
               const auto error =
-                  ErrorOf([this] { RegistryStore(path_, ".").Write(kKey, "v", Text("x")); });
+                  ErrorOf([this] { RegistryStore(path_).Write(kKey, "v", Text("x")); });
               return error && error->fault() == RegistryFileFault::kNoRights;
             }),
             0);
-  EXPECT_FALSE(RegistryStore(path_, ".").KeyExists(kKey));
+  EXPECT_FALSE(RegistryStore(path_).KeyExists(kKey));
 }
 
 TEST_F(RegistryFiles, CannotBeCreatedWhereTheUserMayNotWrite) {
   ASSERT_EQ(chmod(folder_.path().c_str(), 0555), 0);
   EXPECT_EQ(AsOrdinaryUser([this] {
-              const auto file = ErrorOfOpening(path_);
-              const auto directory = ErrorOfOpening(folder_.path() + "sub/registry.db");
+              const auto file = ErrorOfWriting(path_);
+              const auto directory = ErrorOfWriting(folder_.path() + "sub/registry.db");
               return file && file->fault() == RegistryFileFault::kNoRights && directory &&
                      directory->fault() == RegistryFileFault::kNoRights;
             }),
@@ -298,7 +344,7 @@ TEST_F(RegistryFiles, CannotBeCreatedWhereTheUserMayNotWrite) {
 }
 
 TEST_F(RegistryFiles, ThatAnotherProcessWritesCanStillBeRead) {
-  RegistryStore store(path_, ".", std::chrono::milliseconds(50));
+  RegistryStore store(path_, {}, std::chrono::milliseconds(50));
   store.Write(kKey, "v", Text("x"));
   sqlite3* other = nullptr;
   ASSERT_EQ(sqlite3_open(path_.c_str(), &other), SQLITE_OK);
@@ -329,7 +375,7 @@ TEST_F(RegistryFiles, ThatAnotherProcessHoldsForItselfAreRefused) {
 }
 
 TEST_F(RegistryFiles, ThatTheDiskHasNoRoomForKeepTheirContents) {
-  RegistryStore store(path_, ".");
+  RegistryStore store(path_);
   store.Write(kKey, "v", Text("x"));
   const auto handler = std::signal(SIGXFSZ, SIG_IGN);
   rlimit before = {};

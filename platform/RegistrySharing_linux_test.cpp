@@ -53,12 +53,18 @@ int FailuresAmong(int processes, const std::function<void(int)>& body) {
   return failures;
 }
 
+const KeyPath kFirstKey{kHkeyCurrentUser, "First"};
+
+std::vector<RegistryEdit> FirstEdits(const std::string& name) {
+  return {{RegistryEdit::Action::kSetValue, kFirstKey, name, Text(name)}};
+}
+
 TEST(RegistrySharing, LosesNoWriteOfProcessesThatCreateTheFileTogether) {
   TemporaryFolder folder;
   const std::string path = folder.path() + "new/registry.db";
   EXPECT_EQ(FailuresAmong(kProcesses,
                           [&](int process) {
-                            RegistryStore store(path, ",");
+                            RegistryStore store(path, FirstEdits("1"));
                             const std::string own = std::to_string(process);
                             for (int i = 0; i < kWrites; ++i) {
                               const std::string name = own + "-" + std::to_string(i);
@@ -69,8 +75,8 @@ TEST(RegistrySharing, LosesNoWriteOfProcessesThatCreateTheFileTogether) {
                           }),
             0);
 
-  RegistryStore store(path, ".");
-  EXPECT_EQ(store.Read({kHkeyCurrentUser, "Control Panel\\International"}, "sDecimal"), Text(","));
+  RegistryStore store(path);
+  EXPECT_EQ(store.Read(kFirstKey, "1"), Text("1"));
   const auto common = store.ValueNames({kHkeyLocalMachine, "Common"});
   EXPECT_EQ(common.size(), static_cast<std::size_t>(kProcesses * kWrites + 1));
   EXPECT_EQ(std::set<std::string>(common.begin(), common.end()).size(), common.size());
@@ -90,15 +96,15 @@ TEST(RegistrySharing, CreatesOneFileHoweverManyProcessesOpenItFirst) {
     const std::string path = folder.path() + "registry.db";
     EXPECT_EQ(FailuresAmong(kProcesses,
                             [&](int process) {
-                              RegistryStore(path, std::to_string(process))
+                              RegistryStore(path, FirstEdits(std::to_string(process)))
                                   .Write({kHkeyLocalMachine, "K"}, std::to_string(process),
                                          Text("x"));
                             }),
               0);
-    RegistryStore store(path, ".");
+    RegistryStore store(path);
     EXPECT_EQ(store.ValueNames({kHkeyLocalMachine, "K"}).size(),
               static_cast<std::size_t>(kProcesses));
-    EXPECT_EQ(store.Values({kHkeyCurrentUser, "Control Panel\\International"}).size(), 1U);
+    EXPECT_EQ(store.Values(kFirstKey).size(), 1U);
   }
 }
 
@@ -107,7 +113,7 @@ TEST(RegistrySharing, ShowsReadersAllOfAnAppliedListOrNone) {
   const std::string path = folder.path() + "registry.db";
   EXPECT_EQ(FailuresAmong(4,
                           [&](int process) {
-                            RegistryStore store(path, ".");
+                            RegistryStore store(path);
                             for (int i = 0; i < 100; ++i) {
                               const RegistryValue mark = Text(std::to_string(process * 1000 + i));
                               if (process < 2) {
@@ -134,7 +140,7 @@ TEST(RegistrySharing, KeepsTheCommittedWritesOfAProcessThatWasKilled) {
   const std::string path = folder.path() + "registry.db";
   const pid_t child = fork();
   if (child == 0) {
-    RegistryStore store(path, ".");
+    RegistryStore store(path);
     for (int i = 0; i < 50; ++i) {
       store.Write({kHkeyLocalMachine, "K"}, std::to_string(i), Text("x"));
     }
@@ -143,7 +149,7 @@ TEST(RegistrySharing, KeepsTheCommittedWritesOfAProcessThatWasKilled) {
   int status = 0;
   waitpid(child, &status, 0);
   ASSERT_TRUE(WIFSIGNALED(status));
-  EXPECT_EQ(RegistryStore(path, ".").ValueNames({kHkeyLocalMachine, "K"}).size(), 50U);
+  EXPECT_EQ(RegistryStore(path).ValueNames({kHkeyLocalMachine, "K"}).size(), 50U);
 }
 
 }  // namespace

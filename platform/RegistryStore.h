@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -15,6 +16,7 @@
 namespace imptable {
 
 class RegistryFile;
+class Transaction;
 
 /// A value with the name under which it was first written; "" is the key's default value.
 struct NamedValue {
@@ -55,12 +57,15 @@ class RegistryStore {
 
   static bool HasRoot(std::int32_t root);
 
-  /// Opens the file. A missing one is created, for its owner only, with the directories on the way.
-  /// @param decimal_separator  what a new file gets as the user's decimal separator: value
-  /// "sDecimal" of HKEY_CURRENT_USER "Control Panel\International".
-  RegistryStore(const std::string& path, std::string_view decimal_separator,
-                std::chrono::milliseconds lock_wait = kLockWait);
+  /// Opens the file. Where there is none nothing is found; the first write creates it, for its
+  /// owner only, with the directories on the way.
+  /// @param first_edits  what a file gets when it is created.
+  explicit RegistryStore(const std::string& path, std::vector<RegistryEdit> first_edits = {},
+                         std::chrono::milliseconds lock_wait = kLockWait);
   ~RegistryStore();
+
+  /// @return false as long as there is no file, or one that nothing was ever stored in.
+  bool Exists() const;
 
   std::optional<RegistryValue> Read(const KeyPath& key, std::string_view name) const;
   bool KeyExists(const KeyPath& key) const;
@@ -74,6 +79,19 @@ class RegistryStore {
 
   /// The key and all below it, each key before its subkeys, all at one moment; empty when absent.
   std::vector<StoredKey> Tree(const KeyPath& key) const;
+
+  /// While it lives, everything that this store reads is as it was at one moment. Nothing may be
+  /// written meanwhile.
+  class Moment {
+   public:
+    explicit Moment(const RegistryStore& store);
+    ~Moment();
+    Moment(const Moment&) = delete;
+    Moment& operator=(const Moment&) = delete;
+
+   private:
+    std::unique_ptr<Transaction> transaction_;
+  };
 
   /// Creates the key when needed; an existing value keeps its name and its place.
   void Write(const KeyPath& key, std::string_view name, const RegistryValue& value);
@@ -93,16 +111,32 @@ class RegistryStore {
   /// All the edits in their order, or none of them. Deleting what isn't there is no error.
   void Apply(const std::vector<RegistryEdit>& edits);
 
+  /// All that `work` does with this store, or, when it throws, none of it. No other process writes
+  /// between what it reads and what it writes.
+  void Together(const std::function<void()>& work);
+
  private:
+  /// The file, when there is one with tables; else null. Looked for again as long as there is none:
+  /// another process may make it.
+  RegistryFile* Opened() const;
+
+  /// The file, which is created when there is none.
+  RegistryFile& Created();
+
   /// @param stored_path  when not null, gets the path in the case in which it is stored.
   std::optional<std::int64_t> FindKey(const KeyPath& key, std::string* stored_path = nullptr) const;
   std::int64_t EnsureKey(const KeyPath& key);
   std::vector<NamedValue> ValuesOf(std::int64_t key) const;
+  void Carry(const std::vector<RegistryEdit>& edits);
   void SetValue(const KeyPath& key, std::string_view name, const RegistryValue& value);
   bool RemoveValue(const KeyPath& key, std::string_view name);
   bool RemoveTree(const KeyPath& key);
 
-  std::unique_ptr<RegistryFile> file_;
+  std::string path_;
+  std::vector<RegistryEdit> first_edits_;
+  std::chrono::milliseconds lock_wait_;
+  mutable std::unique_ptr<RegistryFile> file_;
+  mutable bool has_tables_ = false;
 };
 
 }  // namespace imptable

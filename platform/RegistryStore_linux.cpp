@@ -24,21 +24,48 @@ bool RegistryStore::HasRoot(std::int32_t root) {
   return root == kHkeyLocalMachine || root == kHkeyCurrentUser;
 }
 
-RegistryStore::RegistryStore(const std::string& path, std::string_view decimal_separator,
+RegistryStore::RegistryStore(const std::string& path, std::vector<RegistryEdit> first_edits,
                              std::chrono::milliseconds lock_wait)
-    : file_(std::make_unique<RegistryFile>(path, lock_wait)) {
-  if (file_->HasTables()) return;
-  Transaction transaction(*file_, Transaction::Kind::kWrite);
-  if (file_->HasTables()) return;  // another process was faster
-  file_->CreateTables();
-  SetValue({kHkeyCurrentUser, "Control Panel\\International"}, "sDecimal",
-           {RegistryType::kText, std::string(decimal_separator) + '\0'});
-  transaction.Commit();
+    : path_(path), first_edits_(std::move(first_edits)), lock_wait_(lock_wait) {
+  Opened();
 }
 
 RegistryStore::~RegistryStore() = default;
 
+bool RegistryStore::Exists() const { return Opened() != nullptr; }
+
+RegistryFile* RegistryStore::Opened() const {
+  if (has_tables_) return file_.get();
+  if (file_ == nullptr && RegistryFile::IsThere(path_)) {
+    file_ = std::make_unique<RegistryFile>(path_, lock_wait_);
+  }
+  has_tables_ = file_ != nullptr && file_->HasTables();
+  return has_tables_ ? file_.get() : nullptr;
+}
+
+RegistryFile& RegistryStore::Created() {
+  if (RegistryFile* const file = Opened()) return *file;
+  if (file_ == nullptr) file_ = std::make_unique<RegistryFile>(path_, lock_wait_);
+  Transaction transaction(*file_, Transaction::Kind::kWrite);
+  if (!file_->HasTables()) {  // else another process was faster
+    file_->CreateTables();
+    Carry(first_edits_);
+  }
+  transaction.Commit();
+  has_tables_ = true;
+  return *file_;
+}
+
+RegistryStore::Moment::Moment(const RegistryStore& store) {
+  if (RegistryFile* const file = store.Opened()) {
+    transaction_ = std::make_unique<Transaction>(*file, Transaction::Kind::kRead);
+  }
+}
+
+RegistryStore::Moment::~Moment() = default;
+
 std::optional<RegistryValue> RegistryStore::Read(const KeyPath& key, std::string_view name) const {
+  if (Opened() == nullptr) return std::nullopt;
   Transaction transaction(*file_, Transaction::Kind::kRead);
   std::optional<RegistryValue> value;
   if (const auto id = FindKey(key)) {
@@ -50,6 +77,7 @@ std::optional<RegistryValue> RegistryStore::Read(const KeyPath& key, std::string
 }
 
 bool RegistryStore::KeyExists(const KeyPath& key) const {
+  if (Opened() == nullptr) return false;
   Transaction transaction(*file_, Transaction::Kind::kRead);
   const bool exists = FindKey(key).has_value();
   transaction.Commit();
@@ -57,6 +85,7 @@ bool RegistryStore::KeyExists(const KeyPath& key) const {
 }
 
 std::vector<NamedValue> RegistryStore::Values(const KeyPath& key) const {
+  if (Opened() == nullptr) return {};
   Transaction transaction(*file_, Transaction::Kind::kRead);
   std::vector<NamedValue> values;
   if (const auto id = FindKey(key)) values = ValuesOf(*id);
@@ -65,6 +94,7 @@ std::vector<NamedValue> RegistryStore::Values(const KeyPath& key) const {
 }
 
 std::vector<std::string> RegistryStore::ValueNames(const KeyPath& key) const {
+  if (Opened() == nullptr) return {};
   Transaction transaction(*file_, Transaction::Kind::kRead);
   std::vector<std::string> names;
   if (const auto id = FindKey(key)) {
@@ -77,6 +107,7 @@ std::vector<std::string> RegistryStore::ValueNames(const KeyPath& key) const {
 }
 
 std::vector<std::string> RegistryStore::SubkeyNames(const KeyPath& key) const {
+  if (Opened() == nullptr) return {};
   Transaction transaction(*file_, Transaction::Kind::kRead);
   std::vector<std::string> names;
   if (const auto id = FindKey(key)) {
@@ -93,6 +124,7 @@ std::vector<StoredKey> RegistryStore::Tree(const KeyPath& key) const {
     std::int64_t id;
     std::string path;
   };
+  if (Opened() == nullptr) return {};
   Transaction transaction(*file_, Transaction::Kind::kRead);
   std::vector<Pending> pending;
   std::string stored_path;
@@ -117,12 +149,13 @@ std::vector<StoredKey> RegistryStore::Tree(const KeyPath& key) const {
 }
 
 void RegistryStore::Write(const KeyPath& key, std::string_view name, const RegistryValue& value) {
-  Transaction transaction(*file_, Transaction::Kind::kWrite);
+  Transaction transaction(Created(), Transaction::Kind::kWrite);
   SetValue(key, name, value);
   transaction.Commit();
 }
 
 bool RegistryStore::DeleteValue(const KeyPath& key, std::string_view name) {
+  if (Opened() == nullptr) return false;
   Transaction transaction(*file_, Transaction::Kind::kWrite);
   const bool found = RemoveValue(key, name);
   transaction.Commit();
@@ -130,6 +163,10 @@ bool RegistryStore::DeleteValue(const KeyPath& key, std::string_view name) {
 }
 
 RegistryStore::KeyDeletion RegistryStore::DeleteKey(const KeyPath& key) {
+  if (Opened() == nullptr) {
+    return HasRoot(key.root) && PathParts(key.path).empty() ? KeyDeletion::kRefused
+                                                            : KeyDeletion::kAbsent;
+  }
   Transaction transaction(*file_, Transaction::Kind::kWrite);
   const auto id = FindKey(key);
   if (!id) return KeyDeletion::kAbsent;
@@ -144,6 +181,7 @@ RegistryStore::KeyDeletion RegistryStore::DeleteKey(const KeyPath& key) {
 }
 
 bool RegistryStore::DeleteTree(const KeyPath& key) {
+  if (Opened() == nullptr) return false;
   Transaction transaction(*file_, Transaction::Kind::kWrite);
   const bool found = RemoveTree(key);
   transaction.Commit();
@@ -151,23 +189,14 @@ bool RegistryStore::DeleteTree(const KeyPath& key) {
 }
 
 void RegistryStore::Apply(const std::vector<RegistryEdit>& edits) {
-  Transaction transaction(*file_, Transaction::Kind::kWrite);
-  for (const RegistryEdit& edit : edits) {
-    switch (edit.action) {
-      case RegistryEdit::Action::kCreateKey:
-        EnsureKey(edit.key);
-        break;
-      case RegistryEdit::Action::kDeleteTree:
-        RemoveTree(edit.key);
-        break;
-      case RegistryEdit::Action::kSetValue:
-        SetValue(edit.key, edit.name, edit.value);
-        break;
-      case RegistryEdit::Action::kDeleteValue:
-        RemoveValue(edit.key, edit.name);
-        break;
-    }
-  }
+  Transaction transaction(Created(), Transaction::Kind::kWrite);
+  Carry(edits);
+  transaction.Commit();
+}
+
+void RegistryStore::Together(const std::function<void()>& work) {
+  Transaction transaction(Created(), Transaction::Kind::kWrite);
+  work();
   transaction.Commit();
 }
 
@@ -207,6 +236,25 @@ std::vector<NamedValue> RegistryStore::ValuesOf(std::int64_t key) const {
   std::vector<NamedValue> values;
   while (query.Step()) values.push_back({query.Bytes(0), ValueAt(query, 1)});
   return values;
+}
+
+void RegistryStore::Carry(const std::vector<RegistryEdit>& edits) {
+  for (const RegistryEdit& edit : edits) {
+    switch (edit.action) {
+      case RegistryEdit::Action::kCreateKey:
+        EnsureKey(edit.key);
+        break;
+      case RegistryEdit::Action::kDeleteTree:
+        RemoveTree(edit.key);
+        break;
+      case RegistryEdit::Action::kSetValue:
+        SetValue(edit.key, edit.name, edit.value);
+        break;
+      case RegistryEdit::Action::kDeleteValue:
+        RemoveValue(edit.key, edit.name);
+        break;
+    }
+  }
 }
 
 void RegistryStore::SetValue(const KeyPath& key, std::string_view name,

@@ -36,23 +36,43 @@ class Store : public testing::Test {
 
   TemporaryFolder folder_;
   std::string path_ = folder_.path() + "registry.db";
-  RegistryStore store_{path_, ","};
+  RegistryStore store_{path_};
 };
 
-TEST_F(Store, StartsWithTheUsersDecimalSeparator) {
-  EXPECT_EQ(store_.Read({kHkeyCurrentUser, "Control Panel\\International"}, "sDecimal"), Text(","));
-  EXPECT_THAT(store_.SubkeyNames({kHkeyCurrentUser, ""}), ElementsAre("Control Panel"));
-  EXPECT_THAT(store_.SubkeyNames(Key("")), IsEmpty());
+TEST_F(Store, GetsItsFirstEditsOnceAlone) {
+  const std::vector<RegistryEdit> edits{
+      {RegistryEdit::Action::kSetValue, {kHkeyCurrentUser, "First"}, "v", Text("1")}};
+  RegistryStore first(path_, edits);
+  first.Write(Key("K"), "v", Text("x"));
+  EXPECT_EQ(first.Read({kHkeyCurrentUser, "First"}, "v"), Text("1"));
+  EXPECT_TRUE(first.DeleteTree({kHkeyCurrentUser, "First"}));
+  RegistryStore again(path_, edits);
+  again.Write(Key("K"), "v", Text("y"));
+  EXPECT_THAT(again.SubkeyNames({kHkeyCurrentUser, ""}), IsEmpty());
 }
 
-TEST_F(Store, KeepsItsDecimalSeparatorWhenOpenedElsewhere) {
-  RegistryStore again(path_, ".");
-  EXPECT_EQ(again.Read({kHkeyCurrentUser, "Control Panel\\International"}, "sDecimal"), Text(","));
+TEST_F(Store, DoesSeveralThingsTogetherOrNoneOfThem) {
+  store_.Write(Key("K"), "v", Text("x"));
+  EXPECT_THROW(store_.Together([&] {
+    store_.Write(Key("K"), "v", Text("y"));
+    EXPECT_EQ(store_.Read(Key("K"), "v"), Text("y"));
+    store_.DeleteTree(Key("K"));
+    store_.Apply({{RegistryEdit::Action::kCreateKey, Key("L"), "", {}}});
+    throw std::runtime_error("no");
+  }),
+               std::runtime_error);
+  EXPECT_EQ(store_.Read(Key("K"), "v"), Text("x"));
+  EXPECT_FALSE(store_.KeyExists(Key("L")));
+  store_.Together([&] {
+    store_.Write(Key("K"), "v", *store_.Read(Key("K"), "v"));
+    store_.Write(Key("L"), "v", Text("z"));
+  });
+  EXPECT_EQ(RegistryStore(path_).Read(Key("L"), "v"), Text("z"));
 }
 
 TEST_F(Store, KeepsWhatWasWrittenAfterItWasClosed) {
   const KeyPath key = Key("SOFTWARE\\Tâche");
-  { RegistryStore(path_, ".").Write(key, "CréeLe", Text("2024")); }
+  { RegistryStore(path_).Write(key, "CréeLe", Text("2024")); }
   EXPECT_EQ(store_.Read(key, "CRÉELE"), Text("2024"));
 }
 
@@ -83,6 +103,7 @@ TEST_F(Store, KnowsAKeyWithoutValues) {
 }
 
 TEST_F(Store, LeavesNothingOfADeletedTreeBehind) {
+  store_.Write(Key("Other"), "v", Text("x"));
   const int keys = RowsIn("keys");
   const int values = RowsIn("values");
   for (const char* path : {"A", "A\\B", "A\\B\\C\\D", "A\\E"}) {
@@ -110,6 +131,7 @@ TEST_F(Store, LeavesNothingOfADeletedKeyBehind) {
 TEST_F(Store, EmptiesARootButKeepsIt) {
   store_.Write(Key("A\\B"), "v", Text("x"));
   store_.Write(Key(""), "v", Text("x"));
+  store_.Write({kHkeyCurrentUser, "Control Panel"}, "v", Text("x"));
   EXPECT_TRUE(store_.DeleteTree(Key("")));
   EXPECT_TRUE(store_.KeyExists(Key("")));
   EXPECT_THAT(store_.SubkeyNames(Key("")), IsEmpty());

@@ -32,7 +32,7 @@ class AdaptedRegistry : public testing::Test {
 
   TemporaryFolder folder_;
   std::string path_ = folder_.path() + "registry.db";
-  RegistryStore store_{path_, ".", std::chrono::milliseconds(50)};
+  RegistryStore store_{path_, {}, std::chrono::milliseconds(50)};
   Latin1TextEncoding latin1_;
   SqliteRegistry registry_{store_, latin1_};
 };

@@ -1,10 +1,18 @@
 #include "platform/Utf16.h"
 
-#include <cstddef>
-
 #include "platform/Utf8.h"
 
 namespace imptable {
+
+std::size_t Utf16Length(std::string_view text) {
+  std::size_t length = 0;
+  while (!text.empty()) {
+    const std::size_t bytes = Utf8Length(text);
+    length += bytes == 4 ? 2 : 1;
+    text.remove_prefix(bytes == 0 ? 1 : bytes);
+  }
+  return length;
+}
 
 std::string Utf8OfUtf16(std::string_view bytes, ByteOrder order) {
   const std::size_t high = order == ByteOrder::kBigEndian ? 0 : 1;

@@ -2,12 +2,12 @@
 
 #include <chrono>
 #include <limits>
-#include <utility>
 
 #include "plugin/RunDriver.h"
 #include "plugin/ScenarioActions.h"
 #include "plugin/ScenarioKeys.h"
 #include "plugin/TaskDescription.h"
+#include "plugin/core/LocationRestorer.h"
 
 namespace imptable {
 namespace {
@@ -21,19 +21,6 @@ constexpr std::string_view kWrapperIcon = "WRAPPER_ICON";
 constexpr std::int32_t kTriggerAction = 1;
 constexpr std::int32_t kJumpAction = 3;
 constexpr std::int32_t kUnjumpableWrapper = 100;
-
-/// Puts the current registry location back when it goes.
-class LocationRestorer {
- public:
-  explicit LocationRestorer(KeyPath& location) : location_(location), saved_(location) {}
-  LocationRestorer(const LocationRestorer&) = delete;
-  LocationRestorer& operator=(const LocationRestorer&) = delete;
-  ~LocationRestorer() { location_ = std::move(saved_); }
-
- private:
-  KeyPath& location_;
-  KeyPath saved_;
-};
 
 std::int32_t StoredLanguage(ModuleCommun& module) {
   const LocationRestorer restorer(module.location);
@@ -141,10 +128,7 @@ std::string ImpTable::GetTaskDescription() {
   return DescribeTask(state_.commun, Nom, LoadSettings(state_.commun, Nom));
 }
 
-std::string ImpTable::GetActions() {
-  state_.commun.location = {Regst, RegstCle};
-  return DescribeActions(state_.commun, Nom);
-}
+std::string ImpTable::GetActions() { return DescribeActions(state_.commun, Nom); }
 
 bool ImpTable::IsActionSupported(std::int32_t action_type) const {
   if (action_type == kTriggerAction && !IsTrigger()) return false;

@@ -58,7 +58,8 @@ class ImpTable {
   /// The task's settings as an HTML fragment.
   std::string GetTaskDescription();
 
-  /// The task's scenario actions; empty when it has none.
+  /// The scenario actions of the task of this name at the current registry location, which a
+  /// description, a dialog or a run has set and this leaves alone; empty when it has none.
   std::string GetActions();
 
   bool IsTrigger() const { return false; }

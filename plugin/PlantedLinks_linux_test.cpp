@@ -12,13 +12,13 @@ namespace {
 
 using testing::HasSubstr;
 
-/// The blanks at the end of the alias keep a run from removing the links before it begins: it
-/// removes by the alias as stored, and writes by the alias without them.
+/// A folder whose files can be written, but not removed.
 class PlantedLink : public testing::TestWithParam<const char*> {
  protected:
   PlantedLink() {
-    run.Set("Alias", "CLIENTS  ");
     run.Source({"1;a", "2;b"});
+    run.component.files.FailFrom(FileOperation::kRemove, 1,
+                                 std::make_error_code(std::errc::permission_denied));
     victim.Write("victim.txt", "kept\n");
     std::filesystem::create_symlink(victim.path() + "victim.txt", link);
   }

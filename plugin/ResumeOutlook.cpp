@@ -1,46 +1,64 @@
 #include "plugin/ResumeOutlook.h"
 
-#include "import/LineReader.h"
 #include "import/ResumeChain.h"
 #include "import/TaskFiles.h"
 #include "plugin/ResumeRule.h"
+#include "plugin/RunDriver.h"
 #include "plugin/TaskLoading.h"
+#include "plugin/core/FileLook.h"
 
 namespace imptable {
 namespace {
 
-std::int64_t CountLines(FileSystem& files, const std::string& path) {
-  std::error_code error;
-  auto file = files.OpenForReading(path, error);
-  if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory)
-    return 0;
-  if (!file) throw FileFault(error, path);
-  LineReader lines(std::move(file), path, false);
-  std::int64_t count = 0;
-  for (std::string_view line; lines.Next(line);) ++count;
-  return count;
+bool HasSucceeded(const ModuleCommun& module) {
+  const auto etat = AsInt32(module.ReadValue(module.run.task, "Etat", 0), "Etat");
+  return etat == static_cast<std::int32_t>(RunStatus::kSucceeded);
+}
+
+/// Whether it is the source that the chain has read, with nothing added to it since.
+bool IsSourceOf(FileSystem& files, const RunState& run, const ChainFindings& chain) {
+  if (!chain.identity || FindObstacle(files, run, chain)) return false;
+  return IdentityOf(files, run).source.size == chain.identity->source.size;
 }
 
 }  // namespace
+
+ResumeOutlook LookAtResume(ModuleCommun& module) {
+  const RunState& run = module.run;
+  FileSystem& files = module.platform.files;
+  ResumeOutlook outlook;
+  outlook.source_path = files.Locate(DataFilePath(run, run.full_file_name == 1));
+  outlook.chain = FindChain(files, run);
+  const auto state = ResumeChain(files, SideFilePath(run, kChainExtension)).state();
+  const bool open = state == ResumeChain::State::kOpen;
+  const bool traced = IsNotEmpty(files, outlook.chain.trace_path);
+  outlook.succeeded = HasSucceeded(module);
+  if (state == ResumeChain::State::kVoid || !(open || traced)) return outlook;
+  // It did every line and said so, and only died before it deleted its trace.
+  if (outlook.succeeded && outlook.chain.mark == ChainMark::kRead &&
+      outlook.chain.rejections == 0) {
+    if (IsSourceOf(files, run, outlook.chain)) outlook.answer = ResumeAnswer::kDone;
+    return outlook;
+  }
+  outlook.answer = [&] {
+    if (run.resume_option == 0) return ResumeAnswer::kOptionOff;
+    const auto source = LookAt(files, outlook.source_path);
+    if (!source) return ResumeAnswer::kNoSource;
+    if (source->is_file && source->size == 0) return ResumeAnswer::kEmptySource;
+    if (!ImportsAnything(run.mode)) return ResumeAnswer::kModeImportsNothing;
+    outlook.obstacle = FindObstacle(files, run, outlook.chain);
+    if (outlook.obstacle) return ResumeAnswer::kObstacle;
+    return CanResume(files, run) ? ResumeAnswer::kResumes : ResumeAnswer::kNeedsTraceOption;
+  }();
+  return outlook;
+}
 
 ResumeOutlook LookAtResume(ModuleState& state, const KeyPath& tasks, const std::string& scenario,
                            const std::string& task) {
   ModuleCommun& module = state.commun;
   module.location = tasks;
-  module.run.scenario = scenario;
-  module.run.task = task;
-  LoadTaskIntoRun(module);
-  FileSystem& files = module.platform.files;
-  ResumeOutlook outlook;
-  outlook.resumes = CanResume(files, module.run);
-  outlook.trace_path = files.Locate(SideFilePath(module.run, kTraceExtension));
-  outlook.traced_lines = CountLines(files, outlook.trace_path);
-  const ResumeChain chain(files, SideFilePath(module.run, kChainExtension));
-  if (const std::int64_t reached = chain.Reached(); reached > outlook.traced_lines) {
-    outlook.trace_path = chain.path();
-    outlook.traced_lines = reached;
-  }
-  return outlook;
+  TakeTask(module, module.opened_task ? *module.opened_task : OpenTask(module, scenario, task));
+  return LookAtResume(module);
 }
 
 }  // namespace imptable

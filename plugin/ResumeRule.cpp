@@ -21,11 +21,11 @@ bool IsNotEmpty(const FileSystem& files, const std::string& path) {
 
 bool CanResume(FileSystem& files, const RunState& run) {
   if (run.resume_option == 0) return false;
-  const auto chain = ResumeChain(files, StoredSideFilePath(run, kChainExtension)).state();
+  const auto chain = ResumeChain(files, SideFilePath(run, kChainExtension)).state();
   if (chain == ResumeChain::State::kVoid) return false;
-  const bool traced = HoldsSomething(files, StoredSideFilePath(run, kTraceExtension));
-  if (run.trace_option == 1) return traced || chain == ResumeChain::State::kOpen;
-  return traced && HoldsSomething(files, StoredSideFilePath(run, kRejectedExtension));
+  if (chain == ResumeChain::State::kOpen) return true;
+  if (!HoldsSomething(files, SideFilePath(run, kTraceExtension))) return false;
+  return run.trace_option == 1 || HoldsSomething(files, SideFilePath(run, kRejectedExtension));
 }
 
 }  // namespace imptable

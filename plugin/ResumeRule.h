@@ -9,8 +9,8 @@
 namespace imptable {
 
 /// Whether a run that asks for a resume resumes: the task's resume option is on, and its trace and
-/// rejected-lines files both hold something; with the trace option the trace alone is enough, or
-/// the state of an open chain of resumes. Never after a chain that is over.
+/// rejected-lines files both hold something, or there is the state of an open chain of resumes;
+/// with the trace option the trace alone is enough. Never after a chain that is over.
 /// @throws RuntimeFault  the file fault, when a file that decides can't be looked at.
 bool CanResume(FileSystem& files, const RunState& run);
 

@@ -1,12 +1,14 @@
 #include "plugin/RunDriver.h"
 
 #include <new>
+#include <optional>
 #include <utility>
 
 #include "import/DeleteMode.h"
 #include "import/InsertMode.h"
 #include "import/PreImportDeletion.h"
 #include "import/ResumeChain.h"
+#include "import/ResumeCheck.h"
 #include "import/TaskFiles.h"
 #include "import/UpdateInsertMode.h"
 #include "import/UpdateMode.h"
@@ -24,6 +26,7 @@ constexpr std::int32_t kMessageTerminated = 95;
 constexpr std::int32_t kMessageConnect = 98;
 constexpr std::int32_t kMessageDeleteErrorFiles = 99;
 constexpr std::int32_t kMessageTable = 100;
+constexpr std::int32_t kMessageFault = 112;
 constexpr std::int32_t kMessageHalted = 133;
 constexpr std::int32_t kMessageNoFile = 136;
 constexpr std::int32_t kMessageFile = 137;
@@ -39,6 +42,11 @@ constexpr std::int16_t kGlobalDeletion = 1;
 constexpr std::int16_t kSelectiveDeletion = 2;
 
 }  // namespace
+
+bool ImportsAnything(std::int16_t mode) {
+  return mode == kModeInsert || mode == kModeUpdate || mode == kModeUpdateInsert ||
+         mode == kModeDelete;
+}
 
 RuntimeFault CurrentFault() {
   try {
@@ -78,6 +86,7 @@ void RunDriver::ClearRun() {
   run_.task = request_.task;
   run_.status = RunStatus::kRunning;
   run_.resume = false;
+  run_.source_state = SourceState::kUnknown;
   run_.pre_deletion_failed = false;
   run_.interrupted = false;
   run_.fault.reset();
@@ -98,7 +107,17 @@ void RunDriver::Announce() {
   run_.display = request_.display;
 }
 
-void RunDriver::LoadTask() { LoadTaskIntoRun(module_); }
+void RunDriver::LoadTask() {
+  std::optional<OpenedTask> opened = std::exchange(module_.opened_task, std::nullopt);
+  if (!opened || opened->scenario != request_.scenario || opened->task != request_.task) {
+    opened = OpenTask(module_, request_.scenario, request_.task);
+  }
+  TakeTask(module_, *std::move(opened));
+  if (run_.refusal) {
+    throw RuntimeFault(FaultNumber::kInvalidArgument,
+                       '"' + run_.refusal->setting + "\" = \"" + run_.refusal->stored + '"');
+  }
+}
 
 void RunDriver::RunTask() {
   progress_();
@@ -111,32 +130,64 @@ void RunDriver::RunTask() {
   }
   progress_();
   Report(module_.MessageText(kMessageDeleteErrorFiles), ReportKind::kInformation);
-  PrepareSideFiles();
-  Report(module_.MessageText(kMessageTable) + run_.table, ReportKind::kInformation);
   state_.odbc.ReadSystemDecimalSeparator();
-  const FileState file = CheckDataFile(DataFilePath(run_, run_.full_file_name == 1));
-  DeleteBeforeImport(file);
+  DecideResume();  // while everything is as the last run left it
+  const DataFile file = LookAtDataFile();
+  const std::unique_ptr<ImportLoop> import = MakeImport(file.state);
+  // All that can be known is checked before the step that it would spoil: the settings and the
+  // source before a side file goes, the table and its statement before a row goes.
+  bool sound = !import || import->Check();
+  if (sound) PrepareSideFiles();
+  Report(module_.MessageText(kMessageTable) + run_.table, ReportKind::kInformation);
+  ReportDataFile(file);
+  if (import && sound && !StopAskedFor()) sound = import->Prepare();
+  if (sound && !StopAskedFor()) DeleteBeforeImport(file.state);
   progress_();
-  Import(file);
+  if (import && !sound) {
+    import->Run();
+  } else if (import) {
+    if (run_.pre_deletion_failed || StopAskedFor()) {
+      import->Abandon();
+    } else {
+      import->Run();
+    }
+  }
   RecordOutcome();
 }
 
-void RunDriver::RemoveStored(std::string_view extension) {
+void RunDriver::RemoveSideFile(std::string_view extension) {
   FileSystem& files = module_.platform.files;
   // A file that can't be deleted is the import's to complain about, when it opens it.
-  static_cast<void>(files.Remove(files.Locate(StoredSideFilePath(run_, extension))));
+  static_cast<void>(files.Remove(files.Locate(SideFilePath(run_, extension))));
+}
+
+void RunDriver::DecideResume() {
+  FileSystem& files = module_.platform.files;
+  try {
+    ResumeChain(files, SideFilePath(run_, kChainExtension)).RequireOwn();
+    run_.resume = request_.request == kResumeRequest && CanResume(files, run_);
+    if (!run_.resume) return;
+    const ChainFindings chain = FindChain(files, run_);
+    if (const auto obstacle = FindObstacle(files, run_, chain)) throw FaultOf(*obstacle, chain);
+  } catch (const RuntimeFault& fault) {
+    run_.resume = false;
+    Report(" -->   " + module_.MessageText(kMessageFault) +
+               std::to_string(static_cast<std::int32_t>(fault.number())) + " ," +
+               module_.FaultText(fault),
+           ReportKind::kError);
+    throw;
+  }
 }
 
 void RunDriver::PrepareSideFiles() {
-  RemoveStored(kErrorExtension);
-  run_.resume = request_.request == kResumeRequest && CanResume(module_.platform.files, run_);
+  RemoveSideFile(kErrorExtension);
   // What is left of an older chain would make a later resume skip lines of this run.
   if (!run_.resume) EndChain();
 }
 
 bool RunDriver::Discard(std::string_view extension) {
   FileSystem& files = module_.platform.files;
-  const std::string path = files.Locate(StoredSideFilePath(run_, extension));
+  const std::string path = files.Locate(SideFilePath(run_, extension));
   if (!RemoveIfAny(files, path)) return true;
   // Emptied it is as good as deleted.
   std::error_code opening;
@@ -145,14 +196,14 @@ bool RunDriver::Discard(std::string_view extension) {
 }
 
 void RunDriver::EndChain() {
-  ResumeChain chain(module_.platform.files, StoredSideFilePath(run_, kChainExtension));
+  ResumeChain chain(module_.platform.files, SideFilePath(run_, kChainExtension));
   // First of all, in one step: whenever the run dies, nothing half deleted is resumed.
   if (chain.state() == ResumeChain::State::kOpen) chain.Void();
   DeleteChain();
 }
 
 void RunDriver::DeleteChain() {
-  ResumeChain chain(module_.platform.files, StoredSideFilePath(run_, kChainExtension));
+  ResumeChain chain(module_.platform.files, SideFilePath(run_, kChainExtension));
   const bool trace_is_gone = Discard(kTraceExtension);
   Discard(kRejectedExtension);
   // With the trace option that trace alone would be resumed.
@@ -163,30 +214,61 @@ void RunDriver::DeleteChain() {
   }
 }
 
-RunDriver::FileState RunDriver::CheckDataFile(const std::string& path) {
+RunDriver::DataFile RunDriver::LookAtDataFile() {
   FileSystem& files = module_.platform.files;
-  const std::string located = files.Locate(path);
+  DataFile file{DataFilePath(run_, run_.full_file_name == 1)};
+  const std::string located = files.Locate(file.path);
   const auto info = LookAt(files, located);
   if (!info) {
-    // Neither is one missing that opening finds out of reach, or whose name no file can have.
+    // Opening tells a missing file from one that can't be reached.
     std::error_code error;
     files.OpenForReading(located, error);
     if (error && error != std::errc::no_such_file_or_directory &&
         error != std::errc::not_a_directory) {
       throw FileFault(error, located);
     }
-    Report(module_.MessageText(kMessageNoFile) + path, ReportKind::kInformation);
-    return FileState::kMissing;
+    run_.source_state = SourceState::kMissing;
+  } else if (!info->is_file) {
+    // The import is to complain about it; for what can't be imported nothing is deleted.
+    file.state = FileState::kNoFile;
+  } else {
+    const bool empty = info->size == 0;
+    file.state = empty ? FileState::kEmpty : FileState::kPresent;
+    run_.source_state = empty ? SourceState::kEmpty : SourceState::kPresent;
+    run_.progress.bytes_in_file = info->size;
   }
-  // The import is to complain about it; for what can't be imported nothing is deleted.
-  if (!info->is_file) return FileState::kNoFile;
-  if (info->size == 0) {
-    Report(module_.MessageText(kMessageFile) + path + module_.MessageText(kMessageIsEmpty),
+  return file;
+}
+
+void RunDriver::ReportDataFile(const DataFile& file) {
+  if (file.state == FileState::kMissing) {
+    Report(module_.MessageText(kMessageNoFile) + file.path, ReportKind::kInformation);
+  } else if (file.state == FileState::kEmpty) {
+    Report(module_.MessageText(kMessageFile) + file.path + module_.MessageText(kMessageIsEmpty),
            ReportKind::kInformation);
-    return FileState::kEmpty;
   }
-  run_.progress.bytes_in_file = info->size;
-  return FileState::kPresent;
+}
+
+std::unique_ptr<ImportLoop> RunDriver::MakeImport(FileState state) {
+  if (state != FileState::kPresent && state != FileState::kNoFile) return nullptr;
+  std::unique_ptr<ModeRoutine> mode;
+  switch (run_.mode) {
+    case kModeInsert:
+      mode = MakeInsertMode(module_, state_.odbc);
+      break;
+    case kModeUpdate:
+      mode = MakeUpdateMode(module_, state_.odbc);
+      break;
+    case kModeUpdateInsert:
+      mode = MakeUpdateInsertMode(module_, state_.odbc);
+      break;
+    case kModeDelete:
+      mode = MakeDeleteMode(module_, state_.odbc);
+      break;
+    default:
+      return nullptr;
+  }
+  return std::make_unique<ImportLoop>(module_, state_.odbc, std::move(mode));
 }
 
 bool RunDriver::StopAskedFor() {
@@ -198,7 +280,7 @@ bool RunDriver::StopAskedFor() {
 
 void RunDriver::DeleteBeforeImport(FileState state) {
   const bool even_when_empty = run_.empty_file_policy == 1;
-  if (run_.resume || StopAskedFor() ||
+  if (run_.resume ||
       !(state == FileState::kPresent || (state == FileState::kEmpty && even_when_empty))) {
     return;
   }
@@ -207,24 +289,6 @@ void RunDriver::DeleteBeforeImport(FileState state) {
   if (run_.deletion_mode == kSelectiveDeletion &&
       LookAt(files, files.Locate(SideFilePath(run_, kSelectionExtension)))) {
     RunSelectiveDeletion(module_, state_.odbc);
-  }
-}
-
-void RunDriver::Import(FileState state) {
-  const bool anything = state == FileState::kPresent || state == FileState::kNoFile;
-  if (!anything || run_.pre_deletion_failed || StopAskedFor()) return;
-  const bool complete_name = run_.full_file_name == 1;
-  switch (run_.mode) {
-    case kModeInsert:
-      return RunInsertMode(module_, state_.odbc, complete_name);
-    case kModeUpdate:
-      return RunUpdateMode(module_, state_.odbc, complete_name);
-    case kModeUpdateInsert:
-      return RunUpdateInsertMode(module_, state_.odbc, complete_name);
-    case kModeDelete:
-      return RunDeleteMode(module_, state_.odbc, complete_name);
-    default:
-      return;
   }
 }
 
@@ -241,13 +305,6 @@ void RunDriver::RecordOutcome() {
     return;
   }
   run_.status = RunStatus::kSucceeded;
-  // Once the trace is gone nothing else tells a run that died here from one that did nothing.
-  if (run_.trace_option == 1) WriteStatus();
-  try {
-    EndChain();
-  } catch (const RuntimeFault&) {
-    DeleteWhatCanBe();
-  }
 }
 
 void RunDriver::DeleteWhatCanBe() {
@@ -258,13 +315,21 @@ void RunDriver::DeleteWhatCanBe() {
   }
 }
 
-void RunDriver::WriteStatus() {
-  module_.WriteNumber(run_.task, "Etat", static_cast<std::int32_t>(run_.status));
+bool RunDriver::WriteStatus() {
+  return module_.WriteNumber(run_.task, "Etat", static_cast<std::int32_t>(run_.status)) == 0;
 }
 
 void RunDriver::Finish() {
   // Without a location there is no task whose status could be written.
-  if (announced_) WriteStatus();
+  if (!announced_ || !WriteStatus() || run_.status != RunStatus::kSucceeded) return;
+  // A resume that came to no line has done nothing of its chain.
+  if (run_.resume && run_.progress.read == 0) return;
+  // Only now: once the trace is gone nothing but the status tells a run that is done.
+  try {
+    EndChain();
+  } catch (const RuntimeFault&) {
+    DeleteWhatCanBe();
+  }
 }
 
 void RunDriver::Disconnect() {

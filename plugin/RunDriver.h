@@ -3,8 +3,10 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 
+#include "import/ImportLoop.h"
 #include "plugin/ModuleState.h"
 
 namespace imptable {
@@ -37,19 +39,32 @@ class RunDriver {
  private:
   enum class FileState : std::uint8_t { kPresent, kEmpty, kMissing, kNoFile };
 
+  /// The data file, as it was looked at.
+  struct DataFile {
+    std::string path;  // as the settings have it
+    FileState state = FileState::kMissing;
+  };
+
   void ClearRun();
   void Announce();
   void LoadTask();
   void RunTask();
+  /// @throws RuntimeFault  when there is a chain to resume that this run may not go on with; the
+  /// reason is reported.
+  void DecideResume();
   void PrepareSideFiles();
-  FileState CheckDataFile(const std::string& path);
+  DataFile LookAtDataFile();
+  void ReportDataFile(const DataFile& file);
+  /// @return null when the task's mode or the state of its file leave nothing to import.
+  std::unique_ptr<ImportLoop> MakeImport(FileState state);
   void DeleteBeforeImport(FileState state);
-  void Import(FileState state);
   void RecordOutcome();
-  void WriteStatus();
+  /// @return whether it is stored.
+  bool WriteStatus();
+  /// Stores the status, then ends the chain that is done.
   void Finish();
 
-  void RemoveStored(std::string_view extension);
+  void RemoveSideFile(std::string_view extension);
   /// Deletes a side file, or empties it where it can't be deleted. @return whether one of these
   /// did.
   bool Discard(std::string_view extension);
@@ -68,6 +83,9 @@ class RunDriver {
   std::function<void()> progress_;
   bool announced_ = false;
 };
+
+/// Whether there is an import for this value of "Mode".
+bool ImportsAnything(std::int16_t mode);
 
 /// The fault that an exception amounts to; to be called from within a handler.
 RuntimeFault CurrentFault();

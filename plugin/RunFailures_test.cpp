@@ -191,8 +191,8 @@ TEST_F(RunFailures, ADataFileWhoseNameNoFileCanHaveIsNotTakenForAMissingOne) {
 
 TEST_F(RunFailures, ATraceThatCannotBeDeletedAfterASuccessIsNotResumed) {
   run_.Set("RecTrace", 1);
-  // The first seven are at the start.
-  run_.component.files.Fail(FileOperation::kRemove, 8,
+  // The first five are at the start.
+  run_.component.files.Fail(FileOperation::kRemove, 6,
                             std::make_error_code(std::errc::permission_denied));
   EXPECT_EQ(run_.Go(), 2);
   EXPECT_THAT(run_.Trace(), IsEmpty()) << "emptied, as it stays";
@@ -204,8 +204,8 @@ TEST_F(RunFailures, ATraceThatCannotBeDeletedAfterASuccessIsNotResumed) {
 TEST_F(RunFailures, ATraceThatCanNeitherBeDeletedNorEmptiedAfterASuccessIsDeclaredOver) {
   run_.Set("RecTrace", 1);
   const std::error_code denied = std::make_error_code(std::errc::permission_denied);
-  run_.component.files.Fail(FileOperation::kRemove, 8, denied);
-  run_.component.files.Fail(FileOperation::kOpenWrite, 4, denied);
+  run_.component.files.Fail(FileOperation::kRemove, 6, denied);
+  run_.component.files.Fail(FileOperation::kOpenWrite, 6, denied);
   EXPECT_EQ(run_.Go(), 2);
   EXPECT_THAT(run_.Trace(), SizeIs(2));
   EXPECT_EQ(run_.folder.Read("CLIENTS.REP"), "VOID" + std::string(SystemLineEnd()));
@@ -259,7 +259,8 @@ class FailingHost : public TestHost {
     if (makes_no_writer) return nullptr;
     return std::make_unique<Writer>(*this);
   }
-  std::string Variable(const KeyPath&, const std::string&, const std::string&) override {
+  std::optional<std::string> Variable(const KeyPath&, const std::string&,
+                                      const std::string&) override {
     throw RuntimeFault(FaultNumber::kNoHostObject, "Variable");
   }
 

@@ -144,40 +144,38 @@ TEST_F(RunFiles, HaveTheDataFileNamedByTheAliasWithoutTrailingBlanks) {
   EXPECT_THAT(run_.Executed(), SizeIs(1));
 }
 
-TEST_F(RunFiles, HaveTheSideFilesToDeleteNamedByTheAliasAsStored) {
+TEST_F(RunFiles, HaveOneNameEachWithoutTheAliasesTrailingBlanks) {
   ImportNothing();
   run_.Set("Alias", "CLIENTS  ");
   for (const char* alias : {"CLIENTS", "CLIENTS  "}) {
     LeaveResumeFiles(alias);
-    Write(std::string(alias) + ".ERR", "");
+    Write(std::string(alias) + ".ERR", "of another run\n");
   }
   EXPECT_EQ(run_.Go(), 2);
   for (const char* extension : {".ERR", ".TRC", ".LER"}) {
-    EXPECT_TRUE(Exists(std::string("CLIENTS") + extension)) << extension;
-    EXPECT_FALSE(Exists(std::string("CLIENTS  ") + extension)) << extension;
+    EXPECT_FALSE(Exists(std::string("CLIENTS") + extension)) << extension;
+    EXPECT_TRUE(Exists(std::string("CLIENTS  ") + extension)) << extension;
   }
 }
 
-TEST_F(RunFiles, AreDeletedInOrderByTheAliasAsStored) {
+TEST_F(RunFiles, AreDeletedInOrder) {
   ImportNothing();
   run_.Set("Alias", "C  ");
   run_.Go();
   EXPECT_THAT(
       run_.component.files.log(),
-      ElementsAre("remove " + At("C  .ERR"), "remove " + At("C  .TRC"), "remove " + At("C  .LER"),
-                  "remove " + At("C  .REP.NEW"), "remove " + At("C  .REP"),
-                  "open read " + At("C.CSV"), "remove " + At("C  .TRC"), "remove " + At("C  .LER"),
-                  "remove " + At("C  .REP.NEW"), "remove " + At("C  .REP")));
+      ElementsAre("open read " + At("C.CSV"), "remove " + At("C.ERR"), "remove " + At("C.TRC"),
+                  "remove " + At("C.LER"), "remove " + At("C.REP.NEW"), "remove " + At("C.REP"),
+                  "remove " + At("C.TRC"), "remove " + At("C.LER"), "remove " + At("C.REP.NEW"),
+                  "remove " + At("C.REP")));
 }
 
-TEST_F(RunFiles, HaveTheErrorsThatCountNamedByTheAliasWithoutTrailingBlanks) {
-  ImportNothing();
+TEST_F(RunFiles, AreResumedFromWhateverBlanksTheAliasEndsWith) {
   run_.Set("Alias", "CLIENTS  ");
-  Write("CLIENTS.ERR", "old\n");
-  EXPECT_EQ(run_.Go(), 3);
-  EXPECT_TRUE(Exists("CLIENTS.ERR"));
-  Write("CLIENTS.ERR", "");
-  EXPECT_EQ(run_.Go(), 2);
+  run_.Source({"1;a", "2;b"});
+  LeaveResumeFiles("CLIENTS");
+  run_.Go(2);
+  EXPECT_TRUE(run_.component.module().run.resume);
 }
 
 TEST_F(RunFiles, KeepLeadingBlanksOfTheAlias) {
@@ -279,15 +277,11 @@ class ResumePolicy : public testing::TestWithParam<ResumeCase> {
 };
 
 TEST_P(ResumePolicy, KeepsBothFilesOrDeletesBoth) {
-  // At the milestone before the import the decision shows.
-  std::vector<bool> kept;
-  run_.events.listener = [&](const std::string&) {
-    if (run_.events.raised.size() == 3) {
-      kept = {run_.folder.Exists("CLIENTS.TRC"), run_.folder.Exists("CLIENTS.LER")};
-    }
-  };
   run_.Go(GetParam().request);
   EXPECT_EQ(run_.component.module().run.resume, GetParam().resumes);
+  // A resume begins with copies of what it found.
+  const std::vector<bool> kept{run_.folder.Exists("CLIENTS.TRB"),
+                               run_.folder.Exists("CLIENTS.LEB")};
   EXPECT_THAT(kept, ElementsAre(GetParam().resumes, GetParam().resumes));
 }
 
@@ -311,9 +305,9 @@ TEST_P(ResumePolicy, IsForetoldWithoutTouchingAnything) {
   const auto outlook = LookAtResume(run_.component.state, tasks, "S1", "T1");
   const ResumeCase& resume = GetParam();
   const bool could = resume.resumes || resume.request != 2;
-  EXPECT_EQ(outlook.resumes, could);
-  EXPECT_EQ(outlook.trace_path, run_.folder.path() + "CLIENTS.TRC");
-  EXPECT_EQ(outlook.traced_lines, resume.trace == kOldTrace ? 2 : 0);
+  EXPECT_EQ(outlook.answer == ResumeAnswer::kResumes, could);
+  EXPECT_EQ(outlook.chain.reached_path, run_.folder.path() + "CLIENTS.TRC");
+  EXPECT_EQ(outlook.chain.reached, resume.trace == kOldTrace ? 2 : 0);
   EXPECT_EQ(run_.folder.Exists("CLIENTS.TRC"), resume.trace != "-");
   EXPECT_EQ(run_.folder.Exists("CLIENTS.LER"), resume.rejected != "-");
   EXPECT_THAT(run_.component.registry.writes(), IsEmpty());

@@ -11,12 +11,14 @@ class Actions : public testing::Test {
   std::string In(std::int32_t language) {
     ImpTable task(component.state, nullptr);
     task.InitializeProperties("T1", "S1", language);
+    component.state.commun.location = kTasks;
     return task.GetActions();
   }
   void Set(const std::string& key, std::string_view name, std::string_view text) {
     component.registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Taches\\T1\\Action\\" + key, name,
                                text);
   }
+  const KeyPath kTasks{kHkeyLocalMachine, "SOFTWARE\\KALDO\\Scenarios\\S1\\Taches"};
   TestComponent component;
 };
 
@@ -63,6 +65,20 @@ TEST_F(Actions, AppendAnAssignmentThatHasBothItsParts) {
   EXPECT_EQ(In(kEnglishOffset),
             "[OnErr]#Run scenario : False\r\n    Auto-Run : False\r\n    @V = 7#"
             "[ExeIf]#@W = 8#[ExeIf]##[ExeIf]##");
+}
+
+TEST_F(Actions, AreReadAtTheCurrentLocationWhichStaysAsItIs) {
+  component.host.actions = {{ActionType::kOnError, "", ""}};
+  Set("OnErr", "Go", "1");
+  ImpTable task(component.state, nullptr);
+  task.InitializeProperties("T1", "S1", kEnglishOffset);
+  const KeyPath elsewhere{kHkeyLocalMachine, "SOFTWARE\\Elsewhere"};
+  component.state.commun.location = elsewhere;
+  EXPECT_EQ(task.GetActions(), "[OnErr]#Run scenario : False\r\n    Auto-Run : False#");
+  EXPECT_EQ(component.state.commun.location.path, elsewhere.path);
+  task.GetTaskDescription();
+  EXPECT_EQ(task.GetActions(), "[OnErr]#Run scenario : True\r\n    Auto-Run : False#");
+  EXPECT_EQ(component.state.commun.location.path, kTasks.path);
 }
 
 TEST_F(Actions, FollowTheLanguageOffsetAndNotTheCatalogue) {

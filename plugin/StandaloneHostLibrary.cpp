@@ -7,6 +7,7 @@
 
 #include "plugin/ScenarioKeys.h"
 #include "plugin/TaskDialog.h"
+#include "plugin/core/LocationRestorer.h"
 #include "plugin/core/StoredValue.h"
 
 namespace imptable {
@@ -66,19 +67,20 @@ std::unique_ptr<ReportWriter> StandaloneHostLibrary::CreateReportWriter() {
   return std::make_unique<Writer>(*this);
 }
 
-std::string StandaloneHostLibrary::Variable(const KeyPath& /*tasks*/, const std::string& scenario,
-                                            const std::string& name) {
+std::optional<std::string> StandaloneHostLibrary::Variable(const KeyPath& /*tasks*/,
+                                                           const std::string& scenario,
+                                                           const std::string& name) {
   const Registry& registry = Module().platform.registry;
   try {
     for (const KeyPath& key : {VariablesKey(scenario), ConstantsKey(scenario)}) {
       const std::optional<RegistryValue> value = registry.Read(key, name);
       if (!value) continue;
-      if (const std::optional<std::string> text = TextOf(*value)) return *text;
+      if (std::optional<std::string> text = TextOf(*value)) return text;
     }
   } catch (const RegistryError& error) {
     throw RuntimeFault(FaultNumber::kDeviceError, error.what());
   }
-  return {};
+  return std::nullopt;
 }
 
 std::vector<std::string> StandaloneHostLibrary::ReferenceNames(const KeyPath& /*tasks*/,
@@ -102,6 +104,7 @@ std::vector<std::string> StandaloneHostLibrary::ReferenceNames(const KeyPath& /*
 std::vector<ActionEntry> StandaloneHostLibrary::ActionEntries(const KeyPath& tasks,
                                                               const std::string& task) {
   ModuleCommun& module = Module();
+  const LocationRestorer restorer(module.location);
   module.location = tasks;
   const std::string actions = task + "\\Action";
   const std::vector<std::string> stored = module.SubkeyNames(actions);

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,8 +24,8 @@ class StandaloneHostLibrary : public HostLibrary {
   bool report_failed() const { return report_failed_; }
 
   std::unique_ptr<ReportWriter> CreateReportWriter() override;
-  std::string Variable(const KeyPath& tasks, const std::string& scenario,
-                       const std::string& name) override;
+  std::optional<std::string> Variable(const KeyPath& tasks, const std::string& scenario,
+                                      const std::string& name) override;
 
   /// The names of the texts in the scenario's key of that kind, in the registry's order.
   std::vector<std::string> ReferenceNames(const KeyPath& tasks, const std::string& scenario,

@@ -28,7 +28,9 @@ class Display : public HostDisplay, public HostForm {
 
 class StandaloneHostLibraryTest : public testing::Test, protected HostedComponent {
  protected:
-  std::string Variable(const std::string& name) { return library.Variable({}, "S1", name); }
+  std::optional<std::string> Variable(const std::string& name) {
+    return library.Variable({}, "S1", name);
+  }
 };
 
 TEST_F(StandaloneHostLibraryTest, FindsVariablesWithoutRegardToCase) {
@@ -46,8 +48,13 @@ TEST_F(StandaloneHostLibraryTest, FindsAConstantWhenNoVariableHasTheName) {
 TEST_F(StandaloneHostLibraryTest, KnowsNoVariableOfAnotherScenarioOrType) {
   registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S2\\Variables", "A", "other");
   registry.SetNumber("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "N", 1);
+  EXPECT_EQ(Variable("A"), std::nullopt);
+  EXPECT_EQ(Variable("N"), std::nullopt);
+}
+
+TEST_F(StandaloneHostLibraryTest, TellsAnEmptyVariableFromNone) {
+  registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "A", "");
   EXPECT_EQ(Variable("A"), "");
-  EXPECT_EQ(Variable("N"), "");
 }
 
 TEST_F(StandaloneHostLibraryTest, ListsTextsOfAKindInTheOrderOfTheRegistry) {
@@ -142,6 +149,15 @@ TEST_F(ActionEntries, AreThoseThatTheTaskHas) {
   EXPECT_THAT(Types(), ElementsAre(ActionType::kJump));
   Set("OnDec", "", "");
   EXPECT_THAT(Types(), ElementsAre(ActionType::kOnDecision, ActionType::kJump));
+}
+
+TEST_F(ActionEntries, LeaveTheCurrentLocationAlone) {
+  Set("Goto", "Dest", "T9");
+  const KeyPath elsewhere{kHkeyCurrentUser, "Elsewhere"};
+  module().location = elsewhere;
+  EXPECT_THAT(Types(), ElementsAre(ActionType::kJump));
+  EXPECT_EQ(module().location.root, elsewhere.root);
+  EXPECT_EQ(module().location.path, elsewhere.path);
 }
 
 TEST_F(ActionEntries, AreFoundWithoutRegardToCase) {

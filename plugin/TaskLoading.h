@@ -7,11 +7,14 @@
 
 namespace imptable {
 
-/// Loads the settings of task `run.task` at the current registry location, resolves the references
-/// to variables of `run.scenario`, and copies all into the run-wide state. The directory then ends
-/// with the path separator.
+/// Reads a task at the current registry location and resolves its references to variables of the
+/// scenario. Every value is read once; the directory then ends with the path separator.
 /// @throws RuntimeFault  when a numeric setting is no number, or the host can't look up a variable.
-void LoadTaskIntoRun(ModuleCommun& module);
+OpenedTask OpenTask(const ModuleCommun& module, const std::string& scenario,
+                    const std::string& task);
+
+/// Makes it the task of the next run, or of whoever looks at what a run would do.
+void TakeTask(ModuleCommun& module, OpenedTask task);
 
 }  // namespace imptable
 

@@ -15,8 +15,7 @@ class TaskLoading : public testing::Test {
  protected:
   TaskLoading() {
     component_.module().location = {kHkeyLocalMachine, "Tasks"};
-    run().scenario = "S1";
-    run().task = "T1";
+    Set("Base Cible", "Source");
   }
 
   void Set(std::string_view name, std::string_view text) {
@@ -26,7 +25,7 @@ class TaskLoading : public testing::Test {
     component_.registry.SetNumber("Tasks\\T1", name, number);
   }
   RunState& Load() {
-    LoadTaskIntoRun(component_.module());
+    TakeTask(component_.module(), OpenTask(component_.module(), "S1", "T1"));
     return run();
   }
   RunState& run() { return component_.module().run; }
@@ -72,10 +71,60 @@ TEST_F(TaskLoading, TakesTheErrorLimitForNoReference) {
   EXPECT_THAT(component_.host.looked_up, IsEmpty());
 }
 
-TEST_F(TaskLoading, GivesAnEmptyTextForAVariableThatDoesNotExist) {
-  Set("Table", "@NONE");
-  EXPECT_EQ(Load().table, "");
-  EXPECT_THAT(component_.host.looked_up, ElementsAre("S1|Tasks|NONE"));
+TEST_F(TaskLoading, RefusesTheTaskForTheFirstVariableThatIsNotSet) {
+  Set("Login", "@NONE");
+  Set("Table", "@NOTHING");
+  const RunState& loaded = Load();
+  ASSERT_TRUE(loaded.refusal);
+  EXPECT_EQ(loaded.refusal->setting, "Login");
+  EXPECT_EQ(loaded.refusal->stored, "@NONE");
+  EXPECT_EQ(loaded.refusal->variable, "NONE");
+  EXPECT_EQ(loaded.table, "");
+}
+
+TEST_F(TaskLoading, TakesAVariableThatIsSetToNothingForItsValue) {
+  Set("Password", "@EMPTY");
+  component_.host.variables["EMPTY"] = "";
+  EXPECT_FALSE(Load().refusal);
+  EXPECT_EQ(run().password, "");
+}
+
+TEST_F(TaskLoading, RefusesATaskWithoutADataSource) {
+  Set("Base Cible", "");
+  ASSERT_TRUE(Load().refusal);
+  EXPECT_EQ(run().refusal->setting, "Base Cible");
+  EXPECT_EQ(run().refusal->variable, "");
+  Set("Base Cible", "@EMPTY");
+  component_.host.variables["EMPTY"] = "";
+  ASSERT_TRUE(Load().refusal);
+  EXPECT_EQ(run().refusal->stored, "@EMPTY");
+}
+
+TEST_F(TaskLoading, ReadsTheAssignmentsInTheOrderOfTheRegistryWithTheirVariables) {
+  Set("Param", 1);
+  const std::string fields = "Tasks\\T1\\Champs";
+  component_.registry.SetText(fields, "2", "NOM,12,@NAME");
+  component_.registry.SetText(fields, "1", "CODE,4,(Col)1");
+  component_.host.variables["NAME"] = "Anne";
+  const RunState& loaded = Load();
+  ASSERT_EQ(loaded.assignments.size(), 2U);
+  EXPECT_EQ(loaded.assignments[0].name, "2");
+  EXPECT_EQ(loaded.assignments[1].value, "CODE,4,(Col)1");
+  EXPECT_THAT(loaded.variables, ElementsAre(testing::Pair("NAME", "Anne")));
+  EXPECT_FALSE(loaded.refusal);
+}
+
+TEST_F(TaskLoading, NotesTheOriginsWhoseVariableIsNotSet) {
+  Set("Param", 1);
+  component_.registry.SetText("Tasks\\T1\\Champs", "1", "CODE,4,@NONE");
+  component_.registry.SetText("Tasks\\T1\\Champs", "2", "CODE,4,@NONE");
+  EXPECT_FALSE(Load().refusal);
+  ASSERT_EQ(run().unset_origins.size(), 2U);
+  EXPECT_EQ(run().unset_origins[1].setting, "Champs\\2");
+  EXPECT_EQ(run().unset_origins[1].stored, "CODE,4,@NONE");
+  EXPECT_EQ(run().unset_origins[1].variable, "NONE");
+  Set("Param", 0);
+  EXPECT_TRUE(Load().unset_origins.empty());
 }
 
 TEST_F(TaskLoading, LooksUpAReferenceOnce) {
@@ -87,6 +136,7 @@ TEST_F(TaskLoading, LooksUpAReferenceOnce) {
 TEST_F(TaskLoading, KeepsTheNameOfAVariableAsItIs) {
   Set("Table", "@ a b@ ");
   Set("Owner", "@");
+  component_.host.variables = {{" a b@ ", ""}, {"", ""}};
   Load();
   EXPECT_THAT(component_.host.looked_up, ElementsAre("S1|Tasks| a b@ ", "S1|Tasks|"));
 }

@@ -21,14 +21,18 @@ constexpr ExitCode kCancelled = ExitCode::kRunFailed;
 
 ExitCode ShowDialog(HostContext& context, const CommandRequest& request,
                     const HostConsole& /*console*/) {
-  RequireName(request.scenario);
-  RequireName(request.task);
+  RequireName(*context.encoding, request.scenario);
+  RequireName(*context.encoding, request.task);
   const std::unique_ptr<Toolkit> toolkit = Toolkit::Start();
   if (!toolkit) throw HostError(ExitCode::kFault, HostText::kNoDisplay);
 
   WidgetBoxes boxes(*context.encoding);
   WidgetOdbcAdministrator administrator;
-  const DialogServices services{context.state.commun, boxes, administrator};
+  const DialogServices services{
+      .module = context.state.commun,
+      .boxes = boxes,
+      .administrator = administrator,
+      .question_without_user = context.texts.Text(HostText::kAskWithoutUser)};
   WidgetTaskDialogs dialogs(services);
   const bool exists = context.store.KeyExists(
       TaskKey(context.ToUtf8(request.scenario), context.ToUtf8(request.task)));
@@ -39,7 +43,7 @@ ExitCode ShowDialog(HostContext& context, const CommandRequest& request,
   return dialogs.saved() ? kSaved : kCancelled;
 }
 
-constexpr auto kCommands = std::to_array<HostCommand>({{"configure", ShowDialog}});
+constexpr auto kCommands = std::to_array<HostCommand>({{"configure", ShowDialog, true}});
 
 /// The arguments as the command line knows them: the command stands before the scenario.
 std::vector<std::string> WithCommand(const std::vector<std::string>& arguments) {
@@ -61,7 +65,7 @@ int RunConfiguration(const std::vector<std::string>& arguments, const HostConsol
   WidgetBoxes boxes(*encoding);
   WidgetMousePointer pointer;
   const HostWindows windows{boxes, pointer};
-  return RunHost(WithCommand(arguments), console, {kCommands, &windows});
+  return RunHost(WithCommand(arguments), console, {kCommands, {}, &windows});
 }
 
 }  // namespace imptable

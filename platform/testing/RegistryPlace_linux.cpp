@@ -15,7 +15,7 @@ class FilePlace : public RegistryPlace {
 
  private:
   TemporaryFolder folder_;
-  RegistryStore store_{folder_.path() + "registry.db", "."};
+  RegistryStore store_{folder_.path() + "registry.db"};
   Utf8TextEncoding encoding_;
   SqliteRegistry registry_{store_, encoding_};
 };

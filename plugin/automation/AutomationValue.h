@@ -45,6 +45,9 @@ class AutomationValue {
   HRESULT ReadText(std::string& result) const;
   HRESULT ReadNumber(std::int32_t& result) const;
 
+  /// True for no value and Null.
+  bool IsEmpty() const { return raw_.vt == VT_EMPTY || raw_.vt == VT_NULL; }
+
   /// @return the object; empty for Nothing and for a value that is no object.
   ComPointer<IDispatch> Object() const;
 

@@ -48,12 +48,15 @@ std::unique_ptr<ReportWriter> HostObjectLibrary::CreateReportWriter() {
   return std::make_unique<HostReportWriter>(*std::move(report));
 }
 
-std::string HostObjectLibrary::Variable(const KeyPath& tasks, const std::string& scenario,
-                                        const std::string& name) {
+std::optional<std::string> HostObjectLibrary::Variable(const KeyPath& tasks,
+                                                       const std::string& scenario,
+                                                       const std::string& name) {
   const std::optional<LateBound> variables = CreateLateBound(variables_class::kProgId);
   if (!variables) return standalone_.Variable(tasks, scenario, name);
   const LateBoundMember get_value = variables->Find(variables_class::kGetValue);
-  return TextFrom(get_value, variables->Call(get_value, tasks.root, tasks.path, scenario, name));
+  const AutomationValue value = variables->Call(get_value, tasks.root, tasks.path, scenario, name);
+  if (value.IsEmpty()) return std::nullopt;
+  return TextFrom(get_value, value);
 }
 
 std::vector<std::string> HostObjectLibrary::ReferenceNames(const KeyPath& tasks,

@@ -21,8 +21,8 @@ class HostObjectLibrary : public HostLibrary {
 
   /// Displays of report lines are DispatchDisplay; any other reaches the host as Nothing.
   std::unique_ptr<ReportWriter> CreateReportWriter() override;
-  std::string Variable(const KeyPath& tasks, const std::string& scenario,
-                       const std::string& name) override;
+  std::optional<std::string> Variable(const KeyPath& tasks, const std::string& scenario,
+                                      const std::string& name) override;
   std::vector<std::string> ReferenceNames(const KeyPath& tasks, const std::string& scenario,
                                           ReferenceKind kind) override;
 

@@ -48,7 +48,9 @@ class HostObjectLibraryTest : public testing::Test, protected HostedComponent {
     }
     return "no fault";
   }
-  std::string Variable(const std::string& name) { return objects_.Variable(kTasks, "S1", name); }
+  std::optional<std::string> Variable(const std::string& name) {
+    return objects_.Variable(kTasks, "S1", name);
+  }
 
   Apartment apartment_;
   HostObjectLibrary objects_{library};
@@ -82,9 +84,9 @@ TEST_F(WithHostObjects, AVariableIsLookedUpByRootPathScenarioAndName) {
                                            "Variables gone"));
 }
 
-TEST_F(WithHostObjects, AVariableThatTheHostDoesNotKnowIsEmpty) {
+TEST_F(WithHostObjects, AVariableThatTheHostDoesNotKnowIsNone) {
   registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "REP", "ours");
-  EXPECT_EQ(Variable("REP"), "");
+  EXPECT_EQ(Variable("REP"), std::nullopt);
 }
 
 TEST_F(WithHostObjects, NamesAreListedInTheHostsOrder) {

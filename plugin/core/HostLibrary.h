@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -64,9 +65,9 @@ class HostLibrary {
   virtual std::unique_ptr<ReportWriter> CreateReportWriter() = 0;
 
   /// @param tasks  registry root and base path of the scenario's tasks.
-  /// @return the value of a scenario variable; empty when it doesn't exist.
-  virtual std::string Variable(const KeyPath& tasks, const std::string& scenario,
-                               const std::string& name) = 0;
+  /// @return the value of a scenario variable; nullopt when it doesn't exist.
+  virtual std::optional<std::string> Variable(const KeyPath& tasks, const std::string& scenario,
+                                              const std::string& name) = 0;
 
   /// @return the names of the scenario's variables or constants, in the host's order.
   virtual std::vector<std::string> ReferenceNames(const KeyPath& tasks, const std::string& scenario,

@@ -2,6 +2,7 @@
 #define PLUGIN_CORE_MODULE_COMMUN_H_
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -42,6 +43,10 @@ class ModuleCommun {
   ReportWriter* report_writer = nullptr;
 
   RunState run;
+
+  /// A task that was read before its run, by whoever holds its files: the next run takes it when it
+  /// is of that task, and reads nothing again.
+  std::optional<OpenedTask> opened_task;
 
   /// One character; "P" makes modes and deletions show the hourglass. The host's display owns it:
   /// nothing in the component assigns it.

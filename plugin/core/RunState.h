@@ -3,6 +3,8 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,15 +27,33 @@ struct RunProgress {
   std::int64_t modified = 0;
   std::int64_t deleted = 0;
   std::int64_t errors = 0;
-  std::int64_t ignored = 0;  // duplicates that the task's settings ignore
-  std::int64_t skipped = 0;  // done by the run that this one resumes
+  std::int64_t ignored = 0;    // duplicates that the task's settings ignore
+  std::int64_t skipped = 0;    // done by the run that this one resumes
+  std::int64_t unmatched = 0;  // changed or deleted no row, though nothing was wrong with them
+  /// Rows deleted before the import; nullopt when the data source didn't count them.
+  std::optional<std::int64_t> deleted_before = 0;
   std::uint64_t bytes_read = 0;
   std::uint64_t bytes_in_file = 0;
 };
 
-/// What one run shares with the import engine: the task's settings with every "@" reference
-/// resolved, and the run's flags. Lives until the next run overwrites it.
-struct RunState {
+/// What a run found in the place of its source.
+enum class SourceState : std::uint8_t { kUnknown, kMissing, kEmpty, kPresent };
+
+/// One value of "Champs": where a table column's value comes from.
+struct StoredAssignment {
+  std::string name;  // the number of the table column
+  std::string value;
+};
+
+/// A setting without a value to run with.
+struct MissingValue {
+  std::string setting;
+  std::string stored;    // what the registry has
+  std::string variable;  // that it names and that isn't set; empty when it names none
+};
+
+/// A task as one run takes it: read once, with every "@" reference resolved.
+struct OpenedTask {
   std::string scenario;
   std::string task;
   std::string data_source;
@@ -55,13 +75,31 @@ struct RunState {
   std::int16_t full_file_name = 0;
   std::string delimiter;
   std::int16_t delimited = 0;
-  std::vector<std::string> column_layout;  // entry of file column n at n - 1
+  std::vector<std::string> column_layout;     // entry of file column n at n - 1
+  std::vector<StoredAssignment> assignments;  // "Champs", in the order of the registry
+  std::map<std::string, std::string, std::less<>> variables;  // that the assignments name
   std::string key_or_index;
   std::int16_t primary_key = 0;
   std::int16_t duplicate_key = 0;
   std::string error_code;
 
+  /// Why no run of this task may begin: a reference names a variable that isn't set, or the data
+  /// source is empty.
+  std::optional<MissingValue> refusal;
+
+  /// The assignments whose variable isn't set: their columns get null.
+  std::vector<MissingValue> unset_origins;
+};
+
+/// What one run shares with the import engine: the task and the run's flags. Lives until the next
+/// run overwrites it.
+struct RunState : OpenedTask {
   bool resume = false;
+  SourceState source_state = SourceState::kUnknown;
+
+  /// Set before a run: a resume takes whatever source there is for that of the chain.
+  bool takes_changed_source = false;
+
   bool pre_deletion_failed = false;
   RunStatus status = RunStatus::kNone;
   HostDisplay* display = nullptr;  // borrowed from the host for the length of the run

@@ -36,10 +36,33 @@ constexpr std::array<FaultText, 17> kFaultTexts{{
     {FaultNumber::kNoHostObject, "Objet de l'hôte non disponible", "No such host object"},
 }};
 
-constexpr std::string_view kFrenchRemoveLink =
-    "c'est un lien symbolique, qui n'est pas suivi : le supprimer";
-constexpr std::string_view kEnglishRemoveLink =
-    "it is a symbolic link, which isn't followed: remove it";
+struct RemedyText {
+  FaultRemedy remedy;
+  std::string_view french;
+  std::string_view english;
+};
+
+constexpr std::array<RemedyText, 6> kRemedyTexts{{
+    {FaultRemedy::kRemoveLink, "c'est un lien symbolique, qui n'est pas suivi : le supprimer",
+     "it is a symbolic link, which isn't followed: remove it"},
+    {FaultRemedy::kMoveForeignChain,
+     "ce fichier n'est pas celui d'une reprise : le déplacer, ou changer l'alias de la tâche",
+     "this file isn't that of a resume: move it away, or give the task another alias"},
+    {FaultRemedy::kResumeOtherTask,
+     "la reprise est celle d'une autre tâche ou d'une autre table : la finir là-bas",
+     "what is to be resumed is another task's, or goes to another table: finish it there"},
+    {FaultRemedy::kPutOtherSourceBack,
+     "ce n'est pas le fichier avec lequel la reprise a commencé : remettre celui-là",
+     "this isn't the file that the run to resume was begun with: put that one back"},
+    {FaultRemedy::kPutRejectedLinesRight,
+     "ces nombres de lignes devraient être égaux : ni ajouter ni enlever de ligne rejetée",
+     "these numbers of lines should be equal: neither add nor leave out a rejected line"},
+    {FaultRemedy::kGiveColumns,
+     "aucune ligne ne donnerait de valeur : décrire les colonnes du fichier (\"NombreColonnes\", "
+     "\"Colonnes\"), ou leur affecter les champs de la table (\"Champs\")",
+     "no line would give a value: describe the columns of the file (\"NombreColonnes\", "
+     "\"Colonnes\"), or assign them to the table's columns (\"Champs\")"},
+}};
 
 bool IsLink(const std::error_code& error) {
   return error == std::errc::too_many_symbolic_link_levels;
@@ -85,8 +108,10 @@ std::string DescribeFault(const RuntimeFault& fault, std::int32_t language_offse
     }
   }
   if (!fault.detail().empty()) text += " : " + fault.detail();
-  if (fault.remedy() == FaultRemedy::kRemoveLink) {
-    text += " : " + encoding.FromUtf8(english ? kEnglishRemoveLink : kFrenchRemoveLink);
+  for (const RemedyText& entry : kRemedyTexts) {
+    if (entry.remedy == fault.remedy()) {
+      text += " : " + encoding.FromUtf8(english ? entry.english : entry.french);
+    }
   }
   return text;
 }

@@ -33,7 +33,15 @@ enum class FaultNumber : std::int32_t {
 };
 
 /// What to do about a fault, where its description doesn't say.
-enum class FaultRemedy : std::uint8_t { kNone, kRemoveLink };
+enum class FaultRemedy : std::uint8_t {
+  kNone,
+  kRemoveLink,
+  kMoveForeignChain,       // the file is none of a chain of runs
+  kResumeOtherTask,        // that has begun the chain
+  kPutOtherSourceBack,     // that the chain was begun with
+  kPutRejectedLinesRight,  // as many as the trace has rejections
+  kGiveColumns,            // that a line can have a value for
+};
 
 /// A run-time fault: ends the routine it happens in. `detail` names the file, value or message
 /// concerned, in the system's code page; empty when there is nothing to name.

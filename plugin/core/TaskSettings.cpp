@@ -1,5 +1,7 @@
 #include "plugin/core/TaskSettings.h"
 
+#include <utility>
+
 namespace imptable {
 namespace {
 
@@ -101,6 +103,16 @@ std::string TransformPassword(std::string password) { return password; }
 
 std::int16_t LoadTraceOption(const ModuleCommun& module, std::string_view task) {
   return SettingReader(module, task, nullptr).Number("RecTrace");
+}
+
+std::vector<StoredAssignment> LoadAssignments(const ModuleCommun& module, std::string_view task) {
+  const std::string path = std::string(task) + "\\Champs";
+  std::vector<StoredAssignment> assignments;
+  for (std::string& name : module.ValueNames(path)) {
+    std::string value = AsText(module.ReadValue(path, name));
+    assignments.push_back({std::move(name), std::move(value)});
+  }
+  return assignments;
 }
 
 ImportSettings LoadSettings(const ModuleCommun& module, std::string_view task) {

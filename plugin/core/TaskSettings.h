@@ -56,6 +56,10 @@ ImportSettings LoadSettings(const ModuleCommun& module, std::string_view task,
 /// @throws RuntimeFault  as LoadSettings.
 std::int16_t LoadTraceOption(const ModuleCommun& module, std::string_view task);
 
+/// The values of "Champs", in the order of the registry.
+/// @throws RuntimeFault  device error, when the registry can't be read.
+std::vector<StoredAssignment> LoadAssignments(const ModuleCommun& module, std::string_view task);
+
 /// Where the password would be decoded; stored in clear, it is passed on unchanged.
 std::string TransformPassword(std::string password);
 

@@ -104,14 +104,17 @@ TEST_F(Completion, OffersOnlyWhatBeginsAsTyped) {
 
 TEST_F(Completion, OffersScenariosAndTheTasksOfTheChosenOne) {
   FillRegistry();
-  for (const std::string command :
-       {"run", "configure", "describe", "actions", "status", "get", "set", "delete"}) {
+  for (const std::string command : {"run", "configure", "describe", "actions", "status", "get",
+                                    "set", "unset", "copy", "rename", "delete"}) {
     EXPECT_THAT(Offered({command, ""}), UnorderedElementsAre("Night", "Next\\ month")) << command;
     EXPECT_THAT(Offered({command, "Night", ""}), UnorderedElementsAre("Clients", "Bank\\ Orders"))
         << command;
     EXPECT_THAT(Offered({command, "Next\\ month", "O"}), ElementsAre("Other")) << command;
   }
   EXPECT_THAT(Offered({"list", "Ni"}), ElementsAre("Night"));
+  EXPECT_THAT(Offered({"copy", "Night", "Clients", "Ne"}), ElementsAre("Next\\ month"));
+  EXPECT_THAT(Offered({"rename", "Night", "Clients", "Night", ""}), IsEmpty());
+  EXPECT_THAT(Offered({"unset", "Night", "Clients", "Base\\ Cible", "D"}), ElementsAre("Dir"));
   EXPECT_THAT(Offered({"list", "Night", ""}), IsEmpty());
   EXPECT_THAT(Offered({"run", "None", ""}), IsEmpty());
   EXPECT_THAT(Offered({"run", "Night", "Clients", ""}), IsEmpty());

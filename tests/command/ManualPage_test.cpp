@@ -49,9 +49,10 @@ TEST(ManualPage, IsOfThisVersion) {
 TEST(CommandForms, AreTheProgramItsCommandsAndTheirOptions) {
   std::vector<std::string> names;
   for (const CommandForm& form : CommandForms()) names.push_back(form.name);
-  EXPECT_THAT(names, testing::IsSupersetOf({"", "run", "configure", "describe", "actions", "status",
-                                            "list", "get", "set", "delete", "variable", "sources",
-                                            "reg", "reg import", "reg export"}));
+  EXPECT_THAT(
+      names, testing::IsSupersetOf({"", "run", "configure", "describe", "actions", "status", "list",
+                                    "get", "set", "unset", "copy", "rename", "delete", "variable",
+                                    "sources", "reg", "reg import", "reg export"}));
   EXPECT_THAT(CommandForms().front().options,
               testing::UnorderedElementsAre("--help", "-h", "--version", "--registry", "--lang"));
 }

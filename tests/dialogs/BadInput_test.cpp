@@ -33,7 +33,10 @@ class DialogOverBadInput : public testing::TestWithParam<Language> {
 };
 
 TEST_P(DialogOverBadInput, NamesADamagedColumnAndLoadsTheRest) {
-  place_.Imptable({"set", "S1", "T1", "Colonnes\\1=9x"});
+  place_.folder.Write("bad.reg",
+                      "REGEDIT4\n\n[HKLM\\SOFTWARE\\KALDO\\Scenarios\\S1\\Taches\\T1\\Colonnes]\n"
+                      "\"1\"=\"9x\"\n");
+  place_.Imptable({"reg", "import", place_.folder.path() + "bad.reg"});
   place_.Open([&](Person& person) {
     EXPECT_EQ(place_.boxes().Answer("Return"),
               Box("Warn", "Erreur d'enregistrement dans les registres\n\"Colonnes\\1\" = \"9x\"",

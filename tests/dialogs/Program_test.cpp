@@ -1,9 +1,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <stdexcept>
+#include <thread>
 
 #include "tests/dialogs/ClientTask.h"
 #include "tests/dialogs/DialogPlace.h"
@@ -21,6 +23,19 @@ using testing::StartsWith;
 void WaitForWindow(const std::string& title) {
   RunProgram({"timeout", "20", "xdotool", "search", "--sync", "--onlyvisible", "--name",
               '^' + title + '$', "windowfocus", "--sync"});
+}
+
+/// Goes on when there are two windows of this title, a dialog and a box over it.
+void WaitForBox(const std::string& title) {
+  for (int tries = 0; tries < 200; ++tries) {
+    const std::string found = OutputOf(
+        {.words = {"bash", "-c",
+                   "xdotool search --onlyvisible --name '^" + title + "$' 2>/dev/null || true"},
+         .environment = {{"DISPLAY", std::getenv("DISPLAY")}, {"PATH", std::getenv("PATH")}}});
+    if (std::count(found.begin(), found.end(), '\n') > 1) return;
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+  }
+  ADD_FAILURE() << "no box";
 }
 
 /// The dialogs as a user starts them, by their own program or by the command.
@@ -72,6 +87,18 @@ TEST_P(Program, EndsWithOneWhenTheDialogIsCancelledAndPrintsNothing) {
   EXPECT_EQ(place_.Imptable({"get", "S1", "T1", "Login"}), "anna\n");
 }
 
+TEST_P(Program, AsksWhetherToGoOnWithoutAUserName) {
+  const Ending ending = OnScreen({"--lang", "fr"}, [] {
+    WaitForWindow("Importation Table");
+    RunProgram({"xdotool", "key", "Tab", "Tab", "ctrl+a", "BackSpace", "alt+v"});
+    WaitForBox("Importation Table");
+    RunProgram({"xdotool", "key", "Return"});
+  });
+  EXPECT_EQ(ending.code, 0);
+  EXPECT_EQ(ending.err, "");
+  EXPECT_EQ(place_.Imptable({"get", "S1", "T1", "Login"}), "\n");
+}
+
 TEST_P(Program, EndsWithZeroWhenTheTaskIsSavedAndPrintsNothing) {
   const Ending ending = OnScreen({"--lang", "fr"}, [] {
     WaitForWindow("Importation Table");
@@ -84,7 +111,7 @@ TEST_P(Program, EndsWithZeroWhenTheTaskIsSavedAndPrintsNothing) {
 }
 
 TEST_P(Program, EndsWithZeroWhenTheTaskWasAppliedBeforeItWasCancelled) {
-  const Ending ending = OnScreen({}, [&] {
+  const Ending ending = OnScreen({"--lang", "fr"}, [&] {
     WaitForWindow("Importation Table");
     RunProgram({"xdotool", "key", "Tab", "Tab", "ctrl+a", "b", "o", "b", "alt+p"});
     const auto end = std::chrono::steady_clock::now() + kPatience;

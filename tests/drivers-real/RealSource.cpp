@@ -27,9 +27,9 @@ ScriptedDataSource::Values ValuesOf(const std::string& lines) {
 
 RealSource::RealSource(DatabaseKind kind, const std::string& options)
     : kind_(kind), database_(MakeDatabase(kind, folder_.path())) {
-  const std::string source = session_.source.Add(
-      std::string(NameOf(kind)), ValuesOf(database_->DataSource() + options + "\n"));
-  if (!odbc().ConnectDataSource(source, database_->user(), database_->password())) {
+  source_ = session_.source.Add(std::string(NameOf(kind)),
+                                ValuesOf(database_->DataSource() + options + "\n"));
+  if (!odbc().ConnectDataSource(source_, database_->user(), database_->password())) {
     throw std::runtime_error("No connection: " + session_.Boxes().back());
   }
 }
@@ -117,7 +117,24 @@ std::string RealSource::DoWithTime(const std::string& sql) {
   return Again();
 }
 
+std::string RealSource::DoWithText(const std::string& sql, std::int16_t sql_type,
+                                   const std::string& text) {
+  statement_.Allocate(odbc().connection);
+  ParameterBuffer buffer;
+  buffer.SetText(text, true);
+  const TableColumn column{"at", sql_type, "", 8, 0, 1, false};
+  SQLPrepare(statement_.raw(), SqlText(sql), SQL_NTS);
+  BindParameter(statement_.raw(), 1, column, buffer);
+  return Again();
+}
+
 std::string RealSource::Again() { return Outcome(SQLExecute(statement_.raw())); }
+
+bool RealSource::ConnectAs(const std::string& user, const std::string& password) {
+  statement_.Drop();
+  odbc().DisconnectDataSource();
+  return odbc().ConnectDataSource(source_, user, password);
+}
 
 void RealSource::HangUp() {
   if (kind_ == DatabaseKind::kPostgresql) {

@@ -42,6 +42,13 @@ class RealSource {
   /// Executes with the one parameter 2006-01-02 08:30:00, bound as the import binds a date column.
   std::string DoWithTime(const std::string& sql);
 
+  /// Executes with the one parameter of this text, bound as the import binds a column of the SQL
+  /// type.
+  std::string DoWithText(const std::string& sql, std::int16_t sql_type, const std::string& text);
+
+  /// Connects anew as somebody else. @return whether that was accepted.
+  bool ConnectAs(const std::string& user, const std::string& password);
+
   /// Has the server end the connection, and waits until it has.
   void HangUp();
 
@@ -56,6 +63,7 @@ class RealSource {
   TemporaryFolder folder_;
   std::unique_ptr<Database> database_;
   ScriptedSession session_;
+  std::string source_;
   Statement statement_;
   std::vector<std::string> values_;
   std::vector<SQLLEN> lengths_;

@@ -27,14 +27,15 @@ std::unique_ptr<ReportWriter> TestHost::CreateReportWriter() {
   return std::make_unique<RecordingReportWriter>(*this);
 }
 
-std::string TestHost::Variable(const KeyPath& tasks, const std::string& of_scenario,
-                               const std::string& name) {
+std::optional<std::string> TestHost::Variable(const KeyPath& tasks, const std::string& of_scenario,
+                                              const std::string& name) {
   if (unavailable) throw RuntimeFault(FaultNumber::kNoHostObject, name);
   looked_up.push_back(of_scenario + '|' + tasks.path + '|' + name);
   const auto variable = variables.find(name);
   if (variable != variables.end()) return variable->second;
   const auto constant = constants.find(name);
-  return constant == constants.end() ? std::string() : constant->second;
+  if (constant != constants.end()) return constant->second;
+  return std::nullopt;
 }
 
 std::vector<std::string> TestHost::ReferenceNames(const KeyPath& /*tasks*/,

@@ -24,8 +24,8 @@ struct WrittenLine {
 class TestHost : public HostLibrary {
  public:
   std::unique_ptr<ReportWriter> CreateReportWriter() override;
-  std::string Variable(const KeyPath& tasks, const std::string& scenario,
-                       const std::string& name) override;
+  std::optional<std::string> Variable(const KeyPath& tasks, const std::string& scenario,
+                                      const std::string& name) override;
   std::vector<std::string> ReferenceNames(const KeyPath& tasks, const std::string& scenario,
                                           ReferenceKind kind) override;
   std::vector<ActionEntry> ActionEntries(const KeyPath& tasks, const std::string& task) override;

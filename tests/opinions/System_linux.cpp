@@ -29,7 +29,7 @@ std::string ReadProfileString(const std::string& path, std::string_view section,
 }
 
 void WithOwnRegistry(const std::string& folder, const std::function<void(Registry&)>& use) {
-  RegistryStore store(folder + "registry.db", ".");
+  RegistryStore store(folder + "registry.db");
   SqliteRegistry registry(store, *kEncoding);
   use(registry);
 }

@@ -62,6 +62,7 @@ ChildProcess::ChildProcess(const Invocation& invocation) {
   // Whoever runs the tests may have these ignored, which a program would inherit.
   std::signal(SIGINT, SIG_DFL);
   std::signal(SIGTERM, SIG_DFL);
+  std::signal(SIGHUP, SIG_DFL);
   std::signal(SIGXFSZ, SIG_DFL);
   if (!invocation.folder.empty() && chdir(invocation.folder.c_str()) != 0) _exit(kNotStarted);
   for (const auto& [resource, most] : invocation.limits) {

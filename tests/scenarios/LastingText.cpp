@@ -86,6 +86,27 @@ std::string WithoutDatesAndVersions(const std::string& text) {
   return result;
 }
 
+std::string WithoutSourceFigures(const std::string& text) {
+  if (!text.starts_with("REP 2\n")) return text;
+  std::string result;
+  bool in_identity = true;
+  for (std::size_t from = 0; from < text.size();) {
+    const std::size_t end = std::min(text.find('\n', from), text.size() - 1) + 1;
+    std::string line = text.substr(from, end - from);
+    from = end;
+    for (const auto& [word, stand_in] : {std::pair<std::string, const char*>{"SIZE ", "{SIZE}\n"},
+                                         {"TIME ", "{TIME}\n"},
+                                         {"HEAD ", "{DIGEST}\n"},
+                                         {"TAIL ", "{DIGEST}\n"}}) {
+      if (!in_identity || !line.starts_with(word)) continue;
+      line = word + stand_in;
+      in_identity = word != "TAIL ";
+    }
+    result += line;
+  }
+  return result;
+}
+
 bool ReportLinesEndAsTheyShould(const std::string& report) {
   if (!report.empty() && !report.ends_with("\r\n")) return false;
   for (std::size_t at = report.find('\n'); at != std::string::npos;

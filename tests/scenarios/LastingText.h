@@ -16,6 +16,10 @@ std::string WithoutCarriageReturns(std::string text);
 /// texts with.
 std::string WithoutDatesAndVersions(const std::string& text);
 
+/// {SIZE}, {TIME} and {DIGEST} in place of what the state of a chain (".REP") says of its source;
+/// any other text as it is.
+std::string WithoutSourceFigures(const std::string& text);
+
 /// Whether every dated line of a report ends with CR LF. A driver's text may have line feeds of its
 /// own within a line.
 bool ReportLinesEndAsTheyShould(const std::string& report);

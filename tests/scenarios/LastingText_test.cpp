@@ -25,6 +25,16 @@ TEST(LastingText, LeavesOutTheVersionsOfADriver) {
             "( 1) [{VERSIONS}]No\n[{VERSIONS}]No [x]\n");
 }
 
+TEST(LastingText, LeavesOutWhatAChainSaysOfItsSourceAndNothingElse) {
+  EXPECT_EQ(WithoutSourceFigures("REP 2\nTASK T1\nSIZE 12\nTIME 2006-11-15T08:30:00Z\nHEAD ab\n"
+                                 "TAIL cd\n000000011\nSIZE 3\nEND 00000001\nREAD\n"),
+            "REP 2\nTASK T1\nSIZE {SIZE}\nTIME {TIME}\nHEAD {DIGEST}\nTAIL {DIGEST}\n"
+            "000000011\nSIZE 3\nEND 00000001\nREAD\n");
+  for (const char* const other : {"", "SIZE 12\n", "REP 1\nSIZE 12\n"}) {
+    EXPECT_EQ(WithoutSourceFigures(other), other);
+  }
+}
+
 TEST(LastingText, MissesTheCarriageReturnOfEveryReportLineThatHasNone) {
   const std::string line = "2006-11-15 08:30:00 a";
   EXPECT_TRUE(ReportLinesEndAsTheyShould(line + "\r\n" + line + "\r\n"));

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <stdexcept>
+#include <string_view>
 
 #include "tests/scenarios/CommandUnderTest.h"
 #include "tests/scenarios/LastingText.h"
@@ -13,7 +14,13 @@ Workplace::Workplace(DatabaseKind kind)
   environment_["ODBCINI"] = folder_.path() + "odbc.ini";
   environment_["ODBCSYSINI"] = folder_.path();
   environment_["TZ"] = "UTC";
-  environment_["LC_ALL"] = "C.UTF-8";
+  if (TheCommand().is_windows()) {
+    environment_["LC_ALL"] = "C.UTF-8";
+  } else {
+    // A new registry gets the language of the locale, which needn't be installed for that.
+    environment_["LANG"] = "fr_FR.UTF-8";
+    environment_["LC_CTYPE"] = "C.UTF-8";
+  }
 #ifdef __SANITIZE_ADDRESS__
   // SQLite's driver loads it and closes it again, with all that it keeps: that looks like a leak.
   environment_["LD_PRELOAD"] = "libodbcinst.so.2";
@@ -56,13 +63,21 @@ Invocation Workplace::Command(const std::vector<std::string>& words) const {
   return invocation;
 }
 
+Invocation Workplace::Typed(const std::string& command) const {
+  constexpr std::string_view kName = "imptable";
+  if (!command.starts_with(kName)) throw std::invalid_argument("No command: " + command);
+  return {.words = {"sh", "-c", TheCommand().path() + command.substr(kName.size())},
+          .environment = environment_,
+          .folder = folder_.path()};
+}
+
 std::string Workplace::Lasting(std::string text) const {
   const std::string folder = TheCommand().Spelt(RunFolderName());
   ReplaceAll(text, TheCommand().Spelt(RunFolder()), "{FOLDER}/");
   ReplaceAll(text, folder, "{FOLDER}");
   ReplaceAll(text, kSourceName, "{SOURCE}");
   for (const auto& [from, to] : database_->PassingTexts()) ReplaceAll(text, from, to);
-  return WithoutDatesAndVersions(text);
+  return WithoutSourceFigures(WithoutDatesAndVersions(text));
 }
 
 }  // namespace imptable

@@ -35,6 +35,9 @@ class Workplace {
   Invocation Command(const std::vector<std::string>& words) const;
   Ending Imptable(const std::vector<std::string>& words) const { return Finish(Command(words)); }
 
+  /// The same for a command as somebody types it in a shell: "imptable" and its words.
+  Invocation Typed(const std::string& command) const;
+
   Database& database() const { return *database_; }
   /// The run's folder, that of the data file: ends with "/".
   std::string RunFolder() const { return RunFolderName() + '/'; }

@@ -1,8 +1,10 @@
 #include "tests/robustness/differential/ComponentRecord.h"
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 
+#include "import/ColumnLayout.h"
 #include "plugin/core/RuntimeFault.h"
 
 namespace imptable {
@@ -14,9 +16,6 @@ void Demand(bool holds, const char* what) {
 
 void SetUp(TestComponent& component, const rules::Task& task) {
   ModuleCommun& module = component.module();
-  module.location = {kHkeyLocalMachine, "Tasks"};
-  module.run.task = "T";
-  module.run.scenario = "S";
   module.run.delimited = task.delimited ? 1 : 0;
   module.run.delimiter = task.delimiter;
   module.run.separator_option = task.explicit_separator ? 1 : 0;
@@ -25,13 +24,14 @@ void SetUp(TestComponent& component, const rules::Task& task) {
   module.run.column_layout = task.layout;
   component.session().system_decimal_separator = task.user_separator;
   component.clock.Set({task.year, 11, 15, 8, 30, 0});
-  component.host.variables = task.variables;
-  component.host.looked_up.clear();
-  component.registry.ForgetReads();
-  const std::string assignment = "Tasks\\T\\Champs";
-  component.registry.DeleteKey({kHkeyLocalMachine, assignment});
-  for (std::size_t i = 0; i < task.assignment.size(); ++i) {
-    component.registry.SetText(assignment, std::to_string(i + 1), task.assignment[i]);
+  module.run.assignments.clear();
+  module.run.variables.clear();
+  for (const std::string& value : task.assignment) {
+    module.run.assignments.push_back({std::to_string(module.run.assignments.size() + 1), value});
+    const std::optional<std::string> variable = VariableOfOrigin(value);
+    if (!variable) continue;
+    const auto set = task.variables.find(*variable);
+    module.run.variables[*variable] = set == task.variables.end() ? "" : set->second;
   }
 }
 

@@ -123,6 +123,11 @@ Origin OriginOf(const Task& task, std::size_t column) {
   return {false, 0, item};
 }
 
+/// A value that is the word for none is none.
+std::string WithoutNull(const Task& task, const std::string& value) {
+  return (task.blanks_are_null ? TrimmedAtTheEnd(value) : value) == "Null" ? "" : value;
+}
+
 std::string Converted(const Task& task, const std::string& entry, std::string value,
                       std::int16_t sql_type) {
   const std::string code = Item(entry, 1);
@@ -196,9 +201,10 @@ Record Worked(const Task& task, const std::string& line) {
     if (origin.is_field) {
       value = origin.field < fields.size() ? fields[origin.field] : "";
       const std::string entry = origin.field < task.layout.size() ? task.layout[origin.field] : "";
-      value = Converted(task, entry, value, task.columns[i].sql_type);
+      value = Converted(task, entry, WithoutNull(task, value), task.columns[i].sql_type);
     }
     if (task.blanks_are_null) value = TrimmedAtTheEnd(value);
+    value = WithoutNull(task, value);
     text += value;
     record.values.back() = StoredValue(task, value, task.columns[i].sql_type);
   }

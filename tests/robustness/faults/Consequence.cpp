@@ -21,18 +21,34 @@ std::string NameIn(const std::string& path) { return path.substr(path.find_last_
 
 bool IsChain(const Occurrence& hit) { return NameIn(hit.about).find(".REP") != std::string::npos; }
 
+/// Whether it is of the mark that says how a run ended: without one the careful answer is given.
+bool IsMark(const Occurrence& hit) {
+  const bool adds = hit.operation == Operation::kOpenWrite || hit.operation == Operation::kWrite ||
+                    hit.operation == Operation::kClose;
+  return adds && hit.about.ends_with(".REP") &&
+         (hit.phase == Phase::kReading || hit.phase == Phase::kClosing);
+}
+
 Consequence OfFile(const Occurrence& hit) {
+  if (IsMark(hit)) return Consequence::kPassedOver;
   // The work is done, and what can't be deleted is emptied or declared to be over.
   if (IsReport(hit) || hit.phase == Phase::kEnding) return Consequence::kPassedOver;
   // What the import reported decides alone.
   if (hit.operation == Operation::kQuery && hit.phase == Phase::kClosing) {
     return Consequence::kPassedOver;
   }
+  // Whether there is a selection can't be told.
+  if (hit.operation == Operation::kQuery && hit.phase == Phase::kImportPreparing &&
+      NameIn(hit.about).ends_with(".SUP")) {
+    return Consequence::kStopped;
+  }
   // It is emptied in place of deleted.
   if (hit.operation == Operation::kRemove && !IsChain(hit)) return Consequence::kPassedOver;
   switch (hit.phase) {
     case Phase::kPreparing:
       return Consequence::kStopped;
+    case Phase::kChecking:
+      return Consequence::kRefused;
     case Phase::kDeleting:
       return Consequence::kFaultInDeletion;
     default:
@@ -78,6 +94,7 @@ bool InformationSuffices(Operation operation, const Workload& workload) {
 
 Consequence OfOdbc(const Fault& fault, const Occurrence& hit, const Workload& workload) {
   switch (hit.operation) {
+    case Operation::kSetConnectOption:
     case Operation::kFreeStmt:
     case Operation::kError:
       return Consequence::kPassedOver;
@@ -86,9 +103,9 @@ Consequence OfOdbc(const Fault& fault, const Occurrence& hit, const Workload& wo
     case Operation::kFreeEnv:
       return Consequence::kMentionedAfterwards;
     case Operation::kGetInfo:
-      // The longest names have a default.
-      return hit.about == "30" || hit.about == "35" ? Consequence::kPassedOver
-                                                    : Consequence::kMentioned;
+      // The longest names have a default, and so has the dialect of a database without a name (17).
+      return hit.about == "17" || hit.about == "30" || hit.about == "35" ? Consequence::kPassedOver
+                                                                         : Consequence::kMentioned;
     default:
       break;
   }
@@ -149,6 +166,12 @@ bool IsPrefix(const std::vector<std::string>& part, const std::vector<std::strin
   return part.size() <= whole.size() && std::equal(part.begin(), part.end(), whole.begin());
 }
 
+/// A run that may not go on with what it is to resume says so in its last line.
+std::vector<std::string> WithoutFaultLine(std::vector<std::string> report) {
+  if (!report.empty() && report.back().starts_with(kFaultLine)) report.pop_back();
+  return report;
+}
+
 void ObjectToConsequence(Consequence consequence, const Occurrence& hit, const Workload& workload,
                          const RunRecord& plain, const RunRecord& struck, Reader& reader) {
   switch (consequence) {
@@ -175,7 +198,8 @@ void ObjectToConsequence(Consequence consequence, const Occurrence& hit, const W
       return;
     case Consequence::kStopped:
       reader.ExpectEtat(RunStatus::kRunning);
-      reader.Expect(IsPrefix(struck.report, plain.report), "the report isn't that of the run");
+      reader.Expect(IsPrefix(WithoutFaultLine(struck.report), plain.report),
+                    "the report isn't that of the run");
       reader.Expect(!reader.HasLine(kClosingLine), "it is reported as ended");
       return;
     case Consequence::kConnectionRefused:
@@ -195,6 +219,13 @@ void ObjectToConsequence(Consequence consequence, const Occurrence& hit, const W
       reader.Expect(reader.HasLine(kDeletionFaultLine), "no line tells the fault");
       reader.Expect(reader.HasLine(kBannerStart), "no import follows");
       reader.ExpectClosed();
+      return;
+    case Consequence::kRefused:
+      reader.ExpectEtat(RunStatus::kFailed);
+      reader.Expect(reader.HasLine(kFaultLine), "no line tells the fault");
+      reader.ExpectCounts();
+      reader.ExpectClosed();
+      reader.Expect(struck.progress.read == 0, "lines were read");
       return;
     case Consequence::kNoLineRead:
       reader.ExpectEtat(RunStatus::kFailed);
@@ -267,7 +298,10 @@ const Occurrence& DecisiveOf(const Fault& fault, const std::vector<Occurrence>& 
   const auto decisive = std::find_if(hits.begin(), hits.end(), [&](const Occurrence& each) {
     return ConsequenceOf(fault, each, workload) != Consequence::kPassedOver;
   });
-  return decisive == hits.end() ? hits.front() : *decisive;
+  if (decisive != hits.end()) return *decisive;
+  // Of what is passed over, the report alone shows that it was struck.
+  const auto report = std::find_if(hits.begin(), hits.end(), IsReport);
+  return report == hits.end() ? hits.front() : *report;
 }
 
 std::string MentionOf(const Fault& fault, const Occurrence& hit, Consequence consequence) {

@@ -19,6 +19,8 @@ enum class Consequence : std::uint8_t {
   kDeletionFailed,       // Etat 3, no import, the closing line
   kFaultInDeletion,      // Etat 3, told by a line; the import and the closing line follow. A resume
                          // does the import's lines, not what is left of the deletion
+  kRefused,              // Etat 3, told by a line; the mode's counts and the closing line. Nothing
+                         // is touched: the run is begun again
   kNoLineRead,           // Etat 3, the mode's counts and the closing line, no row touched
   kLinesRejected,        // Etat 3, the mode's counts and the closing line
   kFaultInImport,        // Etat 3, told by a line; the mode's counts and the closing line

@@ -8,24 +8,43 @@ namespace {
 
 // By Operation.
 constexpr std::array<std::string_view, kOperations> kNames{
-    "file query",          "file open for reading",
-    "file read",           "file open for writing",
-    "file write",          "file flush",
-    "file close",          "file replace",
-    "file remove",         "registry read",
-    "registry write",      "registry list",
-    "selection file read", "scenario variable",
-    "report line",         "SQLAllocEnv",
-    "SQLAllocConnect",     "SQLDriverConnect",
-    "SQLGetInfo",          "SQLGetFunctions",
-    "SQLAllocStmt",        "SQLColumns",
-    "SQLSpecialColumns",   "SQLPrimaryKeys",
-    "SQLBindCol",          "SQLFetch",
-    "SQLPrepare",          "SQLBindParameter",
-    "SQLExecute",          "SQLExecDirect",
-    "SQLRowCount",         "SQLError",
-    "SQLFreeStmt",         "SQLDisconnect",
-    "SQLFreeConnect",      "SQLFreeEnv",
+    "file query",
+    "file open for reading",
+    "file read",
+    "file open for writing",
+    "file write",
+    "file flush",
+    "file close",
+    "file replace",
+    "file remove",
+    "registry read",
+    "registry write",
+    "registry list",
+    "selection file read",
+    "scenario variable",
+    "report line",
+    "SQLAllocEnv",
+    "SQLAllocConnect",
+    "SQLSetConnectOption",
+    "SQLDriverConnect",
+    "SQLGetInfo",
+    "SQLGetFunctions",
+    "SQLAllocStmt",
+    "SQLColumns",
+    "SQLSpecialColumns",
+    "SQLPrimaryKeys",
+    "SQLBindCol",
+    "SQLFetch",
+    "SQLPrepare",
+    "SQLBindParameter",
+    "SQLExecute",
+    "SQLExecDirect",
+    "SQLRowCount",
+    "SQLError",
+    "SQLFreeStmt",
+    "SQLDisconnect",
+    "SQLFreeConnect",
+    "SQLFreeEnv",
 };
 
 /// Far more than any run of these tests needs: one that comes here doesn't end by itself.
@@ -79,8 +98,8 @@ std::vector<Effect> EffectsOn(Operation operation) {
 }
 
 std::string_view NameOf(Phase phase) {
-  constexpr std::array<std::string_view, 9> kPhases{
-      "loading", "connecting", "preparing", "deleting",     "preparing the import",
+  constexpr std::array<std::string_view, 10> kPhases{
+      "loading", "connecting", "preparing", "checking",     "deleting", "preparing the import",
       "reading", "closing",    "ending",    "disconnecting"};
   return kPhases[static_cast<std::size_t>(phase)];
 }
@@ -91,13 +110,17 @@ void FaultPlan::Start(std::optional<Fault> fault) {
   occurrences_.clear();
   hits_.clear();
   phase = Phase::kLoading;
+  checked_ = false;
   counting_ = true;
 }
 
 std::optional<Effect> FaultPlan::Next(Operation operation, std::string_view about) {
   if (!counting_) return std::nullopt;
   const int count = ++counts_[static_cast<std::size_t>(operation)];
-  occurrences_.push_back({operation, phase, std::string(about)});
+  // The first thing that goes, once nothing was found.
+  if (operation == Operation::kRemove && about.ends_with(".ERR")) checked_ = true;
+  const bool checking = phase == Phase::kPreparing && !checked_ && source_is_known();
+  occurrences_.push_back({operation, checking ? Phase::kChecking : phase, std::string(about)});
   if (occurrences_.size() > kMostOperations) {
     std::fprintf(stderr, "The run doesn't end.\n");
     std::abort();

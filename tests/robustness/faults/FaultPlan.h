@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,6 +31,7 @@ enum class Operation : std::uint8_t {
   kReportLine,
   kAllocEnv,
   kAllocConnect,
+  kSetConnectOption,
   kDriverConnect,
   kGetInfo,
   kGetFunctions,
@@ -76,7 +78,8 @@ std::vector<Effect> EffectsOn(Operation operation);
 enum class Phase : std::uint8_t {
   kLoading,
   kConnecting,
-  kPreparing,  // connected: side files, checks of the data file
+  kPreparing,  // connected: what the last run left, side files
+  kChecking,   // the settings and the source, while everything is as the last run left it
   kDeleting,
   kImportPreparing,
   kReading,
@@ -131,11 +134,15 @@ class FaultPlan {
   /// Told by whoever sees the run get there.
   Phase phase = Phase::kLoading;
 
+  /// Whether the run has looked at its source.
+  std::function<bool()> source_is_known;
+
  private:
   std::array<int, kOperations> counts_{};
   std::optional<Fault> fault_;
   std::vector<Occurrence> occurrences_;
   std::vector<Occurrence> hits_;
+  bool checked_ = false;
   bool counting_ = false;
 };
 

@@ -121,6 +121,9 @@ RunRecord FaultedTask::Run(std::int16_t request, std::optional<Fault> fault) {
   ImpTable task(*state_, &events);
   task.InitializeProperties("T1", "S1", 0);
   task.SetReportFilePath(kReportPath);
+  plan_.source_is_known = [this] {
+    return state_->commun.run.source_state != SourceState::kUnknown;
+  };
   plan_.Start(fault);
   task.Run(request);
   plan_.Stop();
@@ -133,6 +136,10 @@ RunRecord FaultedTask::Run(std::int16_t request, std::optional<Fault> fault) {
   record.own_report = FileText(kReportPath);
   record.own_report_failed = stand_alone_.report_failed();
   record.diagnostics = FileText(kStem + ".ERR");
+  record.rejected = LinesOf(FileText(kStem + ".LER"), SystemLineEnd());
+  const std::string trace = FileText(kStem + ".TRC");
+  record.trace = LinesOf(trace, SystemLineEnd());
+  if (!record.trace.empty() && !trace.ends_with(SystemLineEnd())) record.trace.pop_back();
   if (run.fault) record.fault = DescribeFault(*run.fault, 0, encoding_);
   record.progress = run.progress;
   record.completes = events.completes;

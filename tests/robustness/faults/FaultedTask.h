@@ -30,10 +30,12 @@ struct RunRecord {
   std::int32_t etat = 0;  // as the task's key has it
   RunStatus status = RunStatus::kNone;
   std::vector<std::string> report;
-  std::string own_report;          // what went through the component's own line writer
-  bool own_report_failed = false;  // as the stand-alone host library was told
-  std::string diagnostics;         // the ".ERR" file
-  std::string fault;               // what the run's fault names
+  std::string own_report;             // what went through the component's own line writer
+  bool own_report_failed = false;     // as the stand-alone host library was told
+  std::string diagnostics;            // the ".ERR" file
+  std::vector<std::string> trace;     // whole lines of the ".TRC" file
+  std::vector<std::string> rejected;  // lines of the ".LER" file
+  std::string fault;                  // what the run's fault names
   RunProgress progress;
   int completes = 0;
   bool complete_was_last = false;
@@ -69,6 +71,9 @@ class FaultedTask {
 
   /// As the user does between two runs.
   void MendRejectedLines();
+
+  /// Lets a trace be enough for a resume.
+  void LetTracesCount() { Set("RecTrace", 1); }
 
   /// Whether a resume goes on where the last run stopped.
   bool CanGoOn();

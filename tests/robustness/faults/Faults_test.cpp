@@ -164,16 +164,18 @@ class EveryFault : public testing::TestWithParam<Case> {
     std::vector<std::string> lines = workload().SourceLines();
     for (std::string& line : lines) line = workload().Mended(line);
     const bool traced = GetParam().traced_resume && workload().record_errors == 1;
-    bool afresh = !struck.Says(" --> TRAITEMENT DE LA TABLE") && workload().resumes == 0;
+    const bool untouched =
+        !struck.Says(" --> TRAITEMENT DE LA TABLE") || consequence == Consequence::kRefused;
+    bool afresh = untouched && workload().resumes == 0;
     RunStatus status = RunStatus::kFailed;
     for (int round = 0; round < kMostRounds && status != RunStatus::kSucceeded; ++round) {
       task.MendRejectedLines();
-      task.WriteSource(lines);
       const bool half_deleted = round == 0 && consequence == Consequence::kFaultInDeletion;
       if (half_deleted || (!afresh && !traced && !task.CanGoOn())) {
         task.RestoreRows();
         afresh = true;
       }
+      if (afresh) task.WriteSource(lines);
       status = task.Run(afresh ? 1 : 2, std::nullopt).status;
       afresh = false;
     }
@@ -203,6 +205,51 @@ class EveryFault : public testing::TestWithParam<Case> {
       objections.push_back(std::to_string(all - static_cast<int>(rows.size())) +
                            " rows too many after the resume");
     }
+  }
+
+  /// Where nobody could store that it is done, a resume finds nothing to do.
+  void ResumeWhatIsDone(FaultedTask& task, const RunRecord& struck,
+                        std::vector<std::string>& objections) const {
+    if (struck.etat == static_cast<std::int32_t>(RunStatus::kSucceeded)) return;
+    if (workload().record_errors == 0) return;
+    task.LetTracesCount();
+    const RunRecord again = task.Run(2, std::nullopt);
+    if (again.status != RunStatus::kSucceeded) objections.push_back("it can't be resumed");
+    if (again.rows != struck.rows) objections.push_back("its resume did something");
+  }
+
+  /// A run that ended accounts for every line that it traced, a success for all: what the line does
+  /// is done, or it is among the rejected ones.
+  void ObjectToAccount(const RunRecord& struck, std::vector<std::string>& objections) const {
+    const bool success = struck.status == RunStatus::kSucceeded;
+    if (!success && (struck.status != RunStatus::kFailed || workload().resumes > 0)) return;
+    std::vector<std::string> lines = workload().SourceLines();
+    if (workload().resumes > 0) {
+      for (std::string& line : lines) line = workload().Mended(line);
+    }
+    std::size_t last = success ? lines.size() : 0;
+    // A run that came to no line may have left the trace of another day.
+    if (!success && struck.progress.read > 0 && !struck.trace.empty()) {
+      last = std::stoul(struck.trace.back().substr(0, 8));
+    }
+    for (std::size_t at = 0; at < std::min(last, lines.size()); ++at) {
+      const bool rejected = std::find(struck.rejected.begin(), struck.rejected.end(), lines[at]) !=
+                            struck.rejected.end();
+      if (!rejected && !IsDone(struck.rows, workload().FirstCode() + static_cast<int>(at))) {
+        objections.push_back("line " + std::to_string(at + 1) + " is in neither");
+      }
+    }
+  }
+
+  bool IsDone(const std::vector<ClientTable::Row>& rows, int code) const {
+    const auto of_code = [code](std::vector<ClientTable::Row> all) {
+      std::erase_if(all, [code](const auto& row) { return row.first != code; });
+      return all;
+    };
+    const auto wanted = of_code(workload().RowsAfter());
+    const auto found = of_code(rows);
+    return wanted.empty() ? found.empty()
+                          : std::find(found.begin(), found.end(), wanted.front()) != found.end();
   }
 
   /// A resume that is asked for after a success starts afresh with what is there then.
@@ -236,7 +283,9 @@ TEST_P(EveryFault, LeavesARunThatEndsSaysSoAndCanBeCompleted) {
     ++injected;
     Figures::Add(fault.operation);
     std::vector<std::string> objections = Objections(fault, hits, workload(), plain, struck);
+    ObjectToAccount(struck, objections);
     if (!hits.empty()) {
+      if (struck.status == RunStatus::kSucceeded) ResumeWhatIsDone(task, struck, objections);
       if (struck.status != RunStatus::kSucceeded) {
         const Occurrence& decisive = DecisiveOf(fault, hits, workload());
         Complete(task, struck, ConsequenceOf(fault, decisive, workload()), RowsTooMany(fault, hits),

@@ -14,9 +14,10 @@ struct Beginning {
   Phase phase;
 };
 
-constexpr std::array<Beginning, 11> kBeginnings{{
+constexpr std::array<Beginning, 12> kBeginnings{{
     {" --> Exécution du Traitement", Phase::kConnecting},
     {" ... Suppression des fichiers d'erreurs", Phase::kPreparing},
+    {" --> TRAITEMENT DE LA TABLE", Phase::kImportPreparing},
     {" -->   Suppression Globale", Phase::kDeleting},
     {" -->   Suppression Sélective", Phase::kDeleting},
     {" -->   Mode INSERT", Phase::kImportPreparing},
@@ -102,8 +103,9 @@ std::unique_ptr<ReportWriter> FaultyHost::CreateReportWriter() {
       passed_on_ == nullptr ? nullptr : passed_on_->CreateReportWriter());
 }
 
-std::string FaultyHost::Variable(const KeyPath& tasks, const std::string& of_scenario,
-                                 const std::string& name) {
+std::optional<std::string> FaultyHost::Variable(const KeyPath& tasks,
+                                                const std::string& of_scenario,
+                                                const std::string& name) {
   if (plan_.Next(Operation::kVariable, name)) throw RuntimeFault(FaultNumber::kNoHostObject, name);
   return TestHost::Variable(tasks, of_scenario, name);
 }

@@ -59,8 +59,8 @@ class FaultyHost : public TestHost {
   void PassReportOn(HostLibrary& library) { passed_on_ = &library; }
 
   std::unique_ptr<ReportWriter> CreateReportWriter() override;
-  std::string Variable(const KeyPath& tasks, const std::string& scenario,
-                       const std::string& name) override;
+  std::optional<std::string> Variable(const KeyPath& tasks, const std::string& scenario,
+                                      const std::string& name) override;
 
  private:
   class Writer;

@@ -93,6 +93,11 @@ SQLRETURN SQL_API SQLDriverConnect(SQLHDBC connection, SQLHWND window, SQLCHAR* 
       connection, window, in, in_length, out, out_size, out_length, completion);
 }
 
+SQLRETURN SQL_API SQLSetConnectOption(SQLHDBC connection, SQLUSMALLINT option, SQLULEN value) {
+  return Call(Operation::kSetConnectOption, connection, std::to_string(option),
+              &SQLSetConnectOption, AsAnswered, connection, option, value);
+}
+
 SQLRETURN SQL_API SQLGetInfo(SQLHDBC connection, SQLUSMALLINT type, SQLPOINTER value,
                              SQLSMALLINT size, SQLSMALLINT* length) {
   return Call(Operation::kGetInfo, connection, std::to_string(type), &SQLGetInfo, AsAnswered,

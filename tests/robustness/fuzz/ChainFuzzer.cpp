@@ -58,7 +58,7 @@ std::optional<ChainState> StateOf(const std::string& bytes) {
 std::string Written(const ChainState& state) {
   MemoryFiles files;
   RunFile file = RunFile::Create(files, "chain");
-  ChainWriter writer(file);
+  ChainWriter writer(file, {});
   for (const auto& [number, text] : state.open) {
     writer.Add({number, text ? std::optional<std::string_view>(*text) : std::nullopt});
   }
@@ -115,8 +115,8 @@ std::optional<std::vector<SlowTraceLine>> SlowTrace(const std::string& bytes) {
 }
 
 ChainState Merged(const ChainState& chain, const std::vector<SlowTraceLine>& trace,
-                  const std::string& rejected, bool skip_mark) {
-  const auto texts = SlowLines(rejected, skip_mark);
+                  const std::string& rejected) {
+  const auto texts = SlowLines(rejected, false);
   const std::int32_t last = trace.empty() ? 0 : trace.back().number;
   ChainState merged;
   std::size_t rejections = 0;
@@ -135,8 +135,8 @@ ChainState Merged(const ChainState& chain, const std::vector<SlowTraceLine>& tra
   return merged;
 }
 
-void CheckDecisions(const ResumeChain& chain, const ChainState& state) {
-  ResumeDecisions decisions(chain.Open());
+void CheckDecisions(const ResumeChain& chain, const ChainState& state, bool skip_mark) {
+  ResumeDecisions decisions(chain.Open(), skip_mark);
   // Lines are asked for in order, from the first; a chain may be of far more than there is time
   // for.
   const std::int32_t lines = std::min(state.reached, 300) + 2;
@@ -148,7 +148,9 @@ void CheckDecisions(const ResumeChain& chain, const ChainState& state) {
       Require(decision == (number <= state.reached ? ResumeDecision::kSkip : ResumeDecision::kTake),
               "lines that the chain reached are done, others are new");
     } else if (open->second) {
-      Require(decision == ResumeDecision::kReplace && line == *open->second,
+      std::string_view text = *open->second;
+      if (skip_mark && text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+      Require(decision == ResumeDecision::kReplace && line == text,
               "a rejected line is replaced by its text");
     } else {
       Require(decision == ResumeDecision::kTake && line == "the source's own",
@@ -166,22 +168,24 @@ void CheckMerge(const std::string& chain_bytes, const std::string& trace,
   const auto state = chain_bytes.empty() ? ChainState{} : StateOf(chain_bytes);
   const auto lines = SlowTrace(trace);
   ResumeChain chain(files, "chain");
+  const ChainIdentity identity{.scenario = "S", .task = "T", .source = {.path = "/T.CSV"}};
   try {
-    chain.Advance("trace", "rejected", skip_mark);
+    chain.Advance("trace", "rejected", identity);
   } catch (const RuntimeFault&) {
     Require(!state || !lines, "only damaged files are refused");
     Require(files.files == before, "a refused merge leaves every file as it was");
     return;
   }
   Require(state && lines, "damaged files are refused");
-  const ChainState merged = Merged(*state, *lines, rejected, skip_mark);
+  const ChainState merged = Merged(*state, *lines, rejected);
   const std::string once = files.files["chain"];
   Require(StateOf(once) == merged, "a chain is merged as a slow merge does it");
   Require(files.files.size() == before.size() + (chain_bytes.empty() ? 1 : 0),
           "a merge leaves no other file");
-  chain.Advance("trace", "rejected", skip_mark);
+  chain.Advance("trace", "rejected", identity);
   Require(files.files["chain"] == once, "merging again changes nothing");
-  CheckDecisions(chain, merged);
+  Require(chain.Open()->identity() == identity, "a chain is of the run that advanced it");
+  CheckDecisions(chain, merged, skip_mark);
 }
 
 void CheckChain(FuzzInput input) {

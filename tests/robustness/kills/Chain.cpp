@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <utility>
 
+#include "tests/scenarios/Advice.h"
+
 namespace imptable {
 namespace {
 
 constexpr int kDone = 0;
 constexpr int kHadErrors = 1;
 constexpr int kResumeRefused = 3;
+constexpr int kNotStored = 4;
 
 constexpr const char* kVoid = "VOID";  // of a chain that is over
 
@@ -85,6 +88,7 @@ bool Chain::GoThrough(const std::vector<Attempt>& attempts) {
     }
     // Another chain's trace goes on only by mistake, unless that chain says that it is over.
     Ended ended = TryOnce(attempt, !first && (!foreign_ || OtherChainIsOver()));
+    if (ended == Ended::kAdvised) ended = TryOnce(attempt, true);
     if (ended == Ended::kRefused) ended = TryOnce(attempt, false);
     if (kills_ > kills_before) killed_.insert(at);
     if (ended == Ended::kDone) return true;
@@ -128,7 +132,8 @@ Chain::Ended Chain::TryOnce(const Attempt& attempt, bool resume) {
   const Kill kill = attempt.kill(expected.lines.size());
   story_ += (resume ? "resume" : "run afresh") + std::string(" of ") +
             std::to_string(expected.lines.size()) + " lines" +
-            (attempt.table_missing ? ", no table" : "") + ", " + KillText(kill);
+            (attempt.table_missing ? ", no table" : "") +
+            (attempt.registry_fails ? ", no registry" : "") + ", " + KillText(kill);
   ++figures_.runs;
   if (resume) ++figures_.resumes;
   const Fate fate = Run(attempt, resume, kill);
@@ -136,7 +141,7 @@ Chain::Ended Chain::TryOnce(const Attempt& attempt, bool resume) {
   if (!fate.killed) {
     Check(!(resume && foreign_) || fate.code == kResumeRefused,
           "A resume was not refused although its chain was over: " + fate.said);
-    return AfterEnd(fate, expected, merged);
+    return AfterEnd(attempt, fate, expected, merged);
   }
   ++kills_;
   ++figures_.kills;
@@ -145,10 +150,11 @@ Chain::Ended Chain::TryOnce(const Attempt& attempt, bool resume) {
 }
 
 Fate Chain::Run(const Attempt& attempt, bool resume, const Kill& kill) {
-  if (!attempt.table_missing) return task_.Run(resume, kill);
-  task_.HideTable();
+  if (attempt.table_missing) task_.HideTable();
+  if (attempt.registry_fails) task_.BreakRegistry();
   Fate fate = task_.Run(resume, kill);
-  task_.ShowTable();
+  if (attempt.registry_fails) task_.MendRegistry();
+  if (attempt.table_missing) task_.ShowTable();
   return fate;
 }
 
@@ -190,8 +196,11 @@ void Chain::Execute(const PlannedLine& line, bool traced) {
 bool Chain::OtherChainIsOver() const { return task_.ChainText().starts_with(kVoid); }
 
 bool Chain::OtherChainStands(const SideTexts& now, bool took_effect) const {
+  // An older state, or that of a chain without a resume, is of no account without its trace.
+  const bool trace_stands = now.trace == left_.trace && !took_effect;
+  const bool first = foreign_->find("\nFIRST\n") != std::string::npos;
   const bool same =
-      foreign_->empty() ? now.trace == left_.trace && !took_effect : task_.ChainText() == *foreign_;
+      foreign_->empty() ? trace_stands : task_.ChainText() == *foreign_ && (!first || trace_stands);
   return same || (OtherChainIsOver() && now.trace == left_.trace && !now.trace.empty());
 }
 
@@ -236,23 +245,47 @@ Chain::Ended Chain::AfterKill(const ExpectedRun& expected, const ChainState& mer
   return Ended::kGoOn;
 }
 
-Chain::Ended Chain::AfterEnd(const Fate& fate, const ExpectedRun& expected,
+bool Chain::TakeAdvice(const Fate& fate) {
+  const std::vector<std::string> commands = AdvisedCommands(fate.said);
+  if (commands.empty()) return false;
+  Check(commands.size() == 2 && commands[0].ends_with("RecTrace=1") &&
+            commands[1].ends_with("--resume"),
+        "Not the commands that go on from there: " + fate.said);
+  story_ += "as advised: " + commands[0] + '\n';
+  task_.Obey(commands[0]);
+  ++figures_.advised;
+  return true;
+}
+
+Chain::Ended Chain::AfterEnd(const Attempt& attempt, const Fate& fate, const ExpectedRun& expected,
                              const ChainState& merged) {
   const SideTexts now = task_.Left();
   const std::vector<std::string> effects = task_.NewEffects();
   if (fate.code == kResumeRefused) {
-    Check(merged == ChainState{} && now == left_ && effects.empty(),
-          "A resume was refused although lines were traced: " + fate.said);
+    Check(now == left_ && effects.empty(), "A run that was refused did something");
+    if (TakeAdvice(fate)) {
+      Check(!task_.traced() && merged.rejected.empty(),
+            "A trace wasn't enough though it should be: " + fate.said);
+      return Ended::kAdvised;
+    }
+    Check(merged == ChainState{}, "A resume was refused although lines were traced: " + fate.said);
     return Ended::kRefused;
   }
   foreign_.reset();
   const std::size_t in_hand = TakeEffects(expected, expected.lines.size(), effects);
   Check(in_hand == 0, "More took effect than a whole run does");
   const bool done = expected.errors == 0;
-  Check(fate.code == (done ? kDone : kHadErrors),
+  const int code = done ? kDone : kHadErrors;
+  Check(fate.code == (attempt.registry_fails ? kNotStored : code),
         "Ended with " + std::to_string(fate.code) + ": " + fate.said);
-  Check(task_.Status() == (done ? kSucceeded : kFailed), "Status " + task_.Status());
-  if (done) {
+  if (attempt.registry_fails) {
+    Check(task_.Status() != kSucceeded, "Said to have succeeded, which couldn't be stored");
+    ++figures_.not_stored;
+    TakeAdvice(fate);
+  } else {
+    Check(task_.Status() == (done ? kSucceeded : kFailed), "Status " + task_.Status());
+  }
+  if (done && !attempt.registry_fails) {
     Check(task_.ChainFiles().empty(), "Side files that should be gone: " + task_.ChainFiles());
     return Ended::kDone;
   }

@@ -26,7 +26,8 @@ struct Attempt {
   double mended = 0;  ///< share of the rejected lines that get another text
   double badly = 0;   ///< share of those whose new text is refused again
   int error_limit = kNoLimit;
-  bool table_missing = false;  ///< so the run comes to no line
+  bool table_missing = false;   ///< so the run comes to no line
+  bool registry_fails = false;  ///< so its status can't be stored
 };
 
 struct ChainPlan {
@@ -60,14 +61,16 @@ class Chain {
   const std::string& story() const { return story_; }
 
  private:
-  enum class Ended { kDone, kGoOn, kRefused };
+  enum class Ended { kDone, kGoOn, kRefused, kAdvised };
 
   void Begin(const ChainPlan& plan);
   bool GoThrough(const std::vector<Attempt>& attempts);
   Ended TryOnce(const Attempt& attempt, bool resume);
   void Mend(const Attempt& attempt);
   Ended AfterKill(const ExpectedRun& expected, const ChainState& merged);
-  Ended AfterEnd(const Fate& fate, const ExpectedRun& expected, const ChainState& merged);
+  Ended AfterEnd(const Attempt& attempt, const Fate& fate, const ExpectedRun& expected,
+                 const ChainState& merged);
+  bool TakeAdvice(const Fate& fate);
   /// @return effects beyond those of the traced lines: of the line in hand.
   std::size_t TakeEffects(const ExpectedRun& expected, std::size_t traced,
                           const std::vector<std::string>& effects);

@@ -12,6 +12,7 @@ constexpr double kKilled = 0.85;
 constexpr double kLimited = 0.4;
 constexpr double kAfterAnother = 0.2;
 constexpr double kTableMissing = 0.05;
+constexpr double kRegistryFails = 0.1;
 constexpr double kToTheEnd = 0.6;
 
 std::vector<Attempt> RandomAttempts(const Pace& pace, Random& random, int count, int limit) {
@@ -20,7 +21,8 @@ std::vector<Attempt> RandomAttempts(const Pace& pace, Random& random, int count,
     Attempt attempt{.mended = Chance(random, 0.3) ? 0.0 : 0.1 * Between(random, 1, 10),
                     .badly = 0.1 * Between(random, 0, 4),
                     .error_limit = limit,
-                    .table_missing = Chance(random, kTableMissing)};
+                    .table_missing = Chance(random, kTableMissing),
+                    .registry_fails = Chance(random, kRegistryFails)};
     if (Chance(random, kKilled)) {
       attempt.kill = [&pace, &random](std::size_t lines) {
         return AimAnywhere(pace, lines, random);
@@ -65,6 +67,11 @@ std::vector<Stage> Stages() {
       {"first run", SmallPlan({{}}), 0},
       {"first run of good lines", SmallPlan({{}}, 0), 0},
       {"first run that stops at the error limit", SmallPlan({{.error_limit = 0}}), 0},
+      {"first run whose status can't be stored", SmallPlan({{.registry_fails = true}}), 0},
+      {"first run of good lines whose status can't be stored",
+       SmallPlan({{.registry_fails = true}}, 0), 0},
+      {"resume whose status can't be stored",
+       SmallPlan({{}, {.mended = 1, .registry_fails = true}}), 1},
       {"resume", SmallPlan({{}, {.mended = 0.5, .badly = 0.3}}), 1},
       {"resume to the end", SmallPlan({{}, {.mended = 1}}), 1},
       {"resume that comes to no line",

@@ -26,6 +26,8 @@ struct Figures {
   std::int64_t most_in_hand = 0;
   std::int64_t twice = 0;  ///< executions of lines that had taken effect before
   std::int64_t lost = 0;
+  std::int64_t advised = 0;     ///< resumes that the command's own advice made possible
+  std::int64_t not_stored = 0;  ///< runs whose status couldn't be stored
   std::int64_t faults = 0;
 
   void Add(const Figures& other) {
@@ -33,8 +35,8 @@ struct Figures {
          {&Figures::chains, &Figures::runs, &Figures::resumes, &Figures::kills,
           &Figures::kills_at_moments, &Figures::kills_before_lines, &Figures::kills_after_lines,
           &Figures::lines, &Figures::rejected, &Figures::mended, &Figures::limit_stops,
-          &Figures::finished, &Figures::in_hand, &Figures::twice, &Figures::lost,
-          &Figures::faults}) {
+          &Figures::finished, &Figures::in_hand, &Figures::twice, &Figures::lost, &Figures::advised,
+          &Figures::not_stored, &Figures::faults}) {
       this->*field += other.*field;
     }
     most_in_hand = std::max(most_in_hand, other.most_in_hand);
@@ -46,7 +48,8 @@ struct Figures {
         << kills_after_lines << " after the lines), " << chains << " chains, " << runs << " runs, "
         << resumes << " resumes, " << lines << " lines, " << rejected << " rejected, " << mended
         << " mended, " << limit_stops << " stops at the error limit, " << finished
-        << " chains to the end; executed twice " << twice << " (at most " << most_in_hand
+        << " chains to the end, " << advised << " resumed as advised, " << not_stored
+        << " not stored; executed twice " << twice << " (at most " << most_in_hand
         << " in hand at a kill), lost " << lost << ", faults " << faults << '\n';
   }
 };

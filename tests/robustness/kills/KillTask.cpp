@@ -24,7 +24,6 @@ constexpr const char* kTask = R"(Windows Registry Editor Version 5.00
 "Table"="client"
 "FormatFile"=dword:00000001
 "NombreColonnes"=dword:00000004
-"RecTrace"=dword:00000001
 )";
 
 std::string ModeLines(DatabaseKind kind, Work work) {
@@ -48,8 +47,10 @@ std::string ModeLines(DatabaseKind kind, Work work) {
 
 }  // namespace
 
-KillTask::KillTask(DatabaseKind kind, Work work) : Workplace(kind), kind_(kind), work_(work) {
-  LoadTask(folder().Write("task.reg", kTask + ModeLines(kind, work)));
+KillTask::KillTask(DatabaseKind kind, Work work, bool traced)
+    : Workplace(kind), kind_(kind), work_(work), traced_(traced) {
+  const std::string trace = traced ? "\"RecTrace\"=dword:00000001\n" : "";
+  LoadTask(folder().Write("task.reg", kTask + trace + ModeLines(kind, work)));
   settings_ = folder().Read("registry.db");
 }
 
@@ -73,6 +74,20 @@ void KillTask::ResetTable(const TableModel& table) {
 
 void KillTask::SetErrorLimit(int limit) const {
   OutputOf(Command({"set", "S1", "T1", "Erreurs=" + std::to_string(limit)}));
+}
+
+void KillTask::BreakRegistry() const {
+  for (const char* const change : {"INSERT", "UPDATE"}) {
+    const std::string name = std::string("no_") + change;
+    OutputOf({.words = {"sqlite3", folder().path() + "registry.db",
+                        "CREATE TRIGGER " + name + " BEFORE " + change +
+                            " ON \"values\" BEGIN SELECT RAISE(FAIL, 'broken'); END;"}});
+  }
+}
+
+void KillTask::MendRegistry() const {
+  OutputOf({.words = {"sqlite3", folder().path() + "registry.db",
+                      "DROP TRIGGER no_INSERT; DROP TRIGGER no_UPDATE;"}});
 }
 
 void KillTask::HideTable() const { database().Execute("ALTER TABLE client RENAME TO hidden;\n"); }

@@ -11,15 +11,17 @@
 
 namespace imptable {
 
-/// Task T1 of scenario S1: CLIENTS.CSV, lines of code;name;born;amount, into table client, with a
-/// trace that is enough for a resume. Triggers of the table log every row that is inserted, changed
-/// or deleted, in the transaction that does it.
+/// Task T1 of scenario S1: CLIENTS.CSV, lines of code;name;born;amount, into table client. Triggers
+/// of the table log every row that is inserted, changed or deleted, in the transaction that does
+/// it.
 class KillTask : public Workplace {
  public:
-  KillTask(DatabaseKind kind, Work work);
+  /// @param traced  whether a trace is enough for a resume from the start ("RecTrace").
+  KillTask(DatabaseKind kind, Work work, bool traced);
 
   DatabaseKind kind() const { return kind_; }
   Work work() const { return work_; }
+  bool traced() const { return traced_; }
 
   /// As before the first run of all: settings, table, no side files.
   void Reset(const TableModel& table, int error_limit);
@@ -29,6 +31,13 @@ class KillTask : public Workplace {
   /// Takes the table out of the command's sight, and back.
   void HideTable() const;
   void ShowTable() const;
+
+  /// Lets every write to the registry fail, and mends it.
+  void BreakRegistry() const;
+  void MendRegistry() const;
+
+  /// Types a command.
+  void Obey(const std::string& command) const { OutputOf(Typed(command)); }
 
   void Source(const std::string& text) const { folder().Write(kSource, text); }
   Fate Run(bool resume, const Kill& kill) const;
@@ -59,6 +68,7 @@ class KillTask : public Workplace {
 
   DatabaseKind kind_;
   Work work_;
+  bool traced_;
   std::string settings_;  // the registry file as loaded
   int seen_ = 0;          // number of the last log entry read
 };

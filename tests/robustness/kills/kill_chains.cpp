@@ -25,6 +25,7 @@ struct Options {
   std::int64_t every = 0;  ///< of the calls of each stage, every so many are tried; 0: none
   std::uint64_t seed = 0;
   int work = -1;            ///< the only one; -1: all
+  int trace = -1;           ///< the only "RecTrace"; -1: both
   std::int64_t chain = -1;  ///< the only random one
   std::string stage;        ///< the only one
   int call = 0;             ///< the only one of the stages
@@ -49,6 +50,8 @@ Options OptionsFrom(const std::vector<std::string>& words) {
       options.seed = std::stoull(value);
     else if (name == "work")
       options.work = std::stoi(value);
+    else if (name == "trace")
+      options.trace = std::stoi(value);
     else if (name == "chain")
       options.chain = std::stoll(value);
     else if (name == "stage")
@@ -65,7 +68,7 @@ Options OptionsFrom(const std::vector<std::string>& words) {
 
 /// One kind of work on one database, with its figures.
 struct Bench {
-  Bench(DatabaseKind kind, Work work) : task(kind, work) {}
+  Bench(DatabaseKind kind, Work work, bool traced) : task(kind, work, traced) {}
 
   KillTask task;
   Figures figures;
@@ -77,14 +80,10 @@ class Program {
   explicit Program(Options options) : options_(std::move(options)) {
     for (std::size_t at = 0; at < kWorks.size(); ++at) {
       if (options_.work >= 0 && static_cast<std::size_t>(options_.work) != at) continue;
-      benches_.push_back(std::make_unique<Bench>(options_.database, kWorks[at]));
-      Random random(options_.seed);
-      Bench& bench = *benches_.back();
-      bench.pace = PaceOf(bench.task, random);
-      std::cout << Title(bench) << ": a whole run takes " << bench.pace.Calls(0) << " calls and "
-                << static_cast<std::int64_t>(bench.pace.Microseconds(0)) << " us, a line "
-                << bench.pace.calls_of_a_line << " calls and "
-                << static_cast<std::int64_t>(bench.pace.microseconds_of_a_line) << " us\n";
+      for (const bool traced : {true, false}) {
+        if (options_.trace >= 0 && (options_.trace == 1) != traced) continue;
+        AddBench(kWorks[at], traced);
+      }
     }
   }
 
@@ -101,8 +100,20 @@ class Program {
   }
 
  private:
+  void AddBench(Work work, bool traced) {
+    benches_.push_back(std::make_unique<Bench>(options_.database, work, traced));
+    Random random(options_.seed);
+    Bench& bench = *benches_.back();
+    bench.pace = PaceOf(bench.task, random);
+    std::cout << Title(bench) << ": a whole run takes " << bench.pace.Calls(0) << " calls and "
+              << static_cast<std::int64_t>(bench.pace.Microseconds(0)) << " us, a line "
+              << bench.pace.calls_of_a_line << " calls and "
+              << static_cast<std::int64_t>(bench.pace.microseconds_of_a_line) << " us\n";
+  }
+
   std::string Title(const Bench& bench) const {
-    return std::string(NameOf(bench.task.kind())) + ", " + std::string(NameOf(bench.task.work()));
+    return std::string(NameOf(bench.task.kind())) + ", " + std::string(NameOf(bench.task.work())) +
+           (bench.task.traced() ? "" : ", RecTrace 0");
   }
 
   bool Enough() const { return faults_ >= kMostFaults; }
@@ -193,6 +204,7 @@ class Program {
                       static_cast<std::uint64_t>(bench->task.work()));
         Carry(*bench, RandomPlan(bench->pace, random), random,
               "work=" + std::to_string(static_cast<int>(bench->task.work())) +
+                  (bench->task.traced() ? " trace=1" : " trace=0") +
                   " chain=" + std::to_string(index));
       }
       if (options_.chain >= 0) break;

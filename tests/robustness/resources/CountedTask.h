@@ -17,8 +17,8 @@ enum class SourceKind {
 
 std::string SourceText(SourceKind kind, int lines);
 
-/// The client task on a table without a key: what is executed twice is there twice. Its runs are
-/// traced for a resume whether or not a line is rejected, and no number of errors stops them.
+/// The client task on a table without a key: what is executed twice is there twice. A trace is
+/// enough for its resumes unless the values say otherwise, and no number of errors stops its runs.
 class CountedTask : public ClientTask {
  public:
   /// @param values  further lines of the task's key; they win over its own.
@@ -31,6 +31,15 @@ class CountedTask : public ClientTask {
   /// that nothing is left to resume from.
   /// @param most_twice  rows that may be there twice, one for each run that was cut short.
   void CheckDone(int lines, int most_twice) const;
+
+  /// Resumes; where that is refused, does what the command says: types what it advises, or begins
+  /// afresh where there is nothing to resume.
+  Ending GoOn() const;
+
+  /// Checks that each line up to the last one that the trace knows is in the table or among the
+  /// rejected ones: what a run is to account for that ended with code 0 or 1.
+  /// @param lines  of the source, all of which a code 0 accounts for.
+  void CheckAccount(const Ending& ending, int lines) const;
 
   /// Mends every rejected line and resumes, until nothing is left to do; then checks as above.
   void CompleteAndCheck(int lines, int most_twice) const;

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <tuple>
 
 #include "tests/robustness/resources/CountedTask.h"
 #include "tests/robustness/resources/Figures.h"
@@ -35,13 +36,18 @@ void ExpectClearAccount(const CountedTask& task, const Ending& ending) {
 }
 
 /// The run's folder has little room for the side files; the source is elsewhere.
-class FullSideFiles : public testing::TestWithParam<SourceKind> {
+/// A trace is enough for a resume, or isn't: then the command says what to do.
+class FullSideFiles : public testing::TestWithParam<std::tuple<SourceKind, bool>> {
  protected:
-  FullSideFiles() { task_.folder().Write("source.csv", SourceText(GetParam(), lines_)); }
+  FullSideFiles() {
+    task_.folder().Write("source.csv", SourceText(std::get<SourceKind>(GetParam()), lines_));
+  }
 
   void MountFresh(const std::string& room) {
     room_.reset();
     task_.StartOver();
+    OutputOf(task_.Command(
+        {"set", "S1", "T1", std::string("RecTrace=") + (std::get<bool>(GetParam()) ? "1" : "0")}));
     room_.emplace(task_.RunFolder(), room);
     std::filesystem::create_symlink("../source.csv", task_.RunFolder() + "CLIENTS.CSV");
   }
@@ -62,6 +68,7 @@ TEST_P(FullSideFiles, AreNamedAtEverySizeAndAResumeLosesNothing) {
       break;
     }
     ExpectClearAccount(task_, ending);
+    task_.CheckAccount(ending, lines_);
     room_->MakeMuchRoom();
     task_.CompleteAndCheck(lines_, 1);
     if (HasFailure()) break;
@@ -79,7 +86,8 @@ TEST_P(FullSideFiles, GrowByAPageBetweenResumesUntilAllIsDone) {
     SCOPED_TRACE(Pages(pages));
     ExpectClearAccount(task_, ending);
     room_->Resize(Pages(pages + 1));
-    ending = task_.Run({"--resume"});
+    ending = task_.GoOn();
+    task_.CheckAccount(ending, lines_);
   }
   EXPECT_THAT(ending.code, AnyOf(0, 1)) << Shown(ending);
   EXPECT_LT(pages, kMostSteps);
@@ -112,21 +120,23 @@ TEST_P(FullSideFiles, AreNamedWhenNoFurtherFileFits) {
   }
 }
 
-std::string KindName(const testing::TestParamInfo<SourceKind>& each) {
-  switch (each.param) {
+std::string KindName(const testing::TestParamInfo<std::tuple<SourceKind, bool>>& each) {
+  const std::string advised = std::get<bool>(each.param) ? "" : "AsAdvised";
+  switch (std::get<SourceKind>(each.param)) {
     case SourceKind::kGood:
-      return "Trace";
+      return "Trace" + advised;
     case SourceKind::kRefused:
-      return "Diagnostics";
+      return "Diagnostics" + advised;
     case SourceKind::kLongBad:
-      return "RejectedLines";
+      return "RejectedLines" + advised;
   }
   return {};
 }
 
 INSTANTIATE_TEST_SUITE_P(MostlyOf, FullSideFiles,
-                         testing::Values(SourceKind::kGood, SourceKind::kRefused,
-                                         SourceKind::kLongBad),
+                         testing::Combine(testing::Values(SourceKind::kGood, SourceKind::kRefused,
+                                                          SourceKind::kLongBad),
+                                          testing::Bool()),
                          KindName);
 
 }  // namespace

@@ -1,5 +1,5 @@
 CREATE TABLE client (
-  code INTEGER PRIMARY KEY,
+  code VARCHAR(10) PRIMARY KEY,
   name VARCHAR(30) NOT NULL,
   since DATE
 );

@@ -26,7 +26,8 @@ class FailingAdministrator : public OdbcAdministrator {
 
 class FailingHost : public TestHost {
  public:
-  std::string Variable(const KeyPath&, const std::string&, const std::string&) override {
+  std::optional<std::string> Variable(const KeyPath&, const std::string&,
+                                      const std::string&) override {
     throw std::bad_alloc();
   }
 };

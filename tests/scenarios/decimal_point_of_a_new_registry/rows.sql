@@ -1,0 +1,1 @@
+SELECT code, a, b, c FROM client ORDER BY code;

@@ -1,0 +1,6 @@
+CREATE TABLE client (
+  code INTEGER PRIMARY KEY,
+  a DECIMAL(10,2),
+  b DECIMAL(10,2),
+  c SMALLINT
+);
