@@ -5,10 +5,10 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
-#include <regex>
 #include <set>
 #include <sstream>
 
@@ -32,8 +32,22 @@ const std::map<std::string, int> kCodes{
     {"rename", 0},     {"delete", 0},    {"variable", 0}, {"sources", 0}, {"reg", 0},
     {"reg import", 0}, {"reg export", 0}};
 
+/// A letter, digit or underscore at a place of the text; none is outside of it.
+bool IsPartOfAWord(const std::string& text, std::size_t place) {
+  return place < text.size() &&
+         (std::isalnum(static_cast<unsigned char>(text[place])) != 0 || text[place] == '_');
+}
+
+/// The text with each whole occurrence of a word or path replaced.
 std::string Replaced(const std::string& text, const std::string& word, const std::string& with) {
-  return std::regex_replace(text, std::regex("\\b" + word + "\\b"), with);
+  std::string replaced;
+  std::size_t taken = 0;
+  for (std::size_t at = 0; (at = text.find(word, at)) != std::string::npos; at += word.size()) {
+    const bool whole = !IsPartOfAWord(text, at - 1) && !IsPartOfAWord(text, at + word.size());
+    replaced += text.substr(taken, at - taken) + (whole ? with : word);
+    taken = at + word.size();
+  }
+  return replaced + text.substr(taken);
 }
 
 /// The words of a command after the global options.
@@ -132,7 +146,7 @@ class Surroundings {
 
 /// The command as somebody types it who reads it on the page: with names of his own.
 std::string Typed(const ShownCommand& shown, const std::string& name, const std::string& home) {
-  std::string text = std::regex_replace(shown.text, std::regex("/home/me"), home);
+  std::string text = Replaced(shown.text, "/home/me", home);
   for (const auto& [word, own] : kPlaceholders) text = Replaced(text, word, own);
   if (!shown.mentioned) return text;
   const std::vector<std::string> words = WordsOf(text);
