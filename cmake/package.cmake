@@ -23,8 +23,11 @@ install(FILES "${CMAKE_BINARY_DIR}/package/imptable.1.gz"
   DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT command)
 install(FILES resources/completion/imptable
   DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" COMPONENT command)
-install(FILES "${CMAKE_BINARY_DIR}/package/changelog.gz" README.md docs/settings.md
+install(FILES "${CMAKE_BINARY_DIR}/package/changelog.gz" README.md
   resources/package/copyright DESTINATION "${documents}" COMPONENT command)
+# The pages lie as they do in the tree, so that those who link to each other find each other.
+install(DIRECTORY docs DESTINATION "${documents}" COMPONENT command
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.svg" PATTERN "*.png" PATTERN "*.txt")
 install(DIRECTORY resources/demo/ DESTINATION "${documents}/examples" COMPONENT command)
 # The dialogs are a package of their own: a server needs no windows.
 install(TARGETS imptable-config RUNTIME COMPONENT dialogs)

@@ -10,6 +10,8 @@ function(zip_text source target)
 endfunction()
 zip_text(docs/windows-install.txt INSTALL.txt)
 zip_text(docs/settings.md settings.txt)
+zip_text(docs/files.md files.txt)
+zip_text(docs/resume.md resume.txt)
 zip_text(resources/windows/register.cmd register.cmd)
 zip_text(resources/windows/unregister.cmd unregister.cmd)
 

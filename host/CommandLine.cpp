@@ -61,6 +61,11 @@ std::optional<HostError> FirstLeftover(const CLI::App& app) {
   return chosen.empty() ? std::nullopt : FirstLeftover(*chosen.front());
 }
 
+std::string WithoutWord(std::string text, std::string_view word) {
+  const std::size_t at = text.find(word);
+  return at == std::string::npos ? text : text.erase(at, word.size());
+}
+
 /// Says in the host's words what the parser found wrong.
 HostError ErrorFor(const CLI::ParseError& error, const CLI::App& app) {
   if (std::optional<HostError> leftover = FirstLeftover(app)) return *leftover;
@@ -79,6 +84,9 @@ HostError ErrorFor(const CLI::ParseError& error, const CLI::App& app) {
   const std::string reason = error.what();
   if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
     return UsageError(HostText::kMissingOptionValue, reason.substr(0, reason.find(':')), command);
+  }
+  if (dynamic_cast<const CLI::ExcludesError*>(&error) != nullptr) {
+    return UsageError(HostText::kOptionsExclude, WithoutWord(reason, "excludes "), command);
   }
   for (const CLI::Option* option : command.get_options()) {
     const bool is_flag = option->get_expected_max() == 0;

@@ -131,6 +131,11 @@ TEST(CommandLine, NamesAFlagWithAValueThatItCannotTake) {
             "the option \"--json\" takes no value: see \"imptable run --help\"");
 }
 
+TEST(CommandLine, NamesOptionsThatExcludeEachOther) {
+  EXPECT_EQ(ErrorOf({"run", "S", "T", "--resume", "--auto"}),
+            "only one of the options \"--auto --resume\" can be given: see \"imptable run --help\"");
+}
+
 TEST(CommandLine, RefusesALanguageThatThereIsNot) {
   EXPECT_EQ(ErrorOf({"--lang", "de", "list"}), "--lang: unknown language \"de\": give fr or en");
 }

@@ -129,7 +129,7 @@ RunOutcome OutcomeOf(const HostContext& context, const CommandRequest& request,
   outcome.started = outcome.ended - static_cast<std::int64_t>(seconds);
   outcome.files = SideFilesOf(*context.files, run);
   const bool missing = run.source_state == SourceState::kMissing;
-  if (request.require_file && missing && outcome.ending == RunEnding::kDone) {
+  if (request.require_file && missing && outcome.ending == RunEnding::kErrors) {
     outcome.ending = RunEnding::kNoFile;
   }
   if (run.fault) outcome.fault = module.FaultText(*run.fault);

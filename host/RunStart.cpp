@@ -141,6 +141,7 @@ class Decision {
 
 RunStart DecideStart(HostContext& context, const CommandRequest& request) {
   context.state.commun.run.takes_changed_source = request.changed_file;
+  context.state.commun.run.requires_file = request.require_file;
   if (!request.resume && !request.automatic) return {};
   return Decision(context, request).Make();
 }

@@ -271,7 +271,14 @@ TEST_F(ChainLeft, KnowsAMissingFileThatWasRequired) {
   EXPECT_EQ(empty_night.code, 0);
   EXPECT_EQ(nlohmann::json::parse(empty_night.out)["file"]["state"], "missing");
   EXPECT_THAT(Run().out, HasSubstr("CLIENTS.CSV (missing)\n"));
+  Source("4;bad;x\n");
+  ASSERT_EQ(Run().code, 1);
+  std::filesystem::remove(session.folder.path() + "CLIENTS.CSV");
+  session.Run({"set", "S", "T", "Etat=2"});
+  const std::vector<std::string> before = Left();
   const auto required = Run({"--require-file", "--json"});
+  EXPECT_EQ(Left(), before) << "nothing of the last run is given up";
+  EXPECT_EQ(session.Run({"get", "S", "T", "Etat"}).out, "3\n");
   EXPECT_EQ(required.code, 1);
   EXPECT_THAT(required.err, AllOf(MatchesRegex(kOneLine), HasSubstr("CLIENTS.CSV is missing")));
   EXPECT_EQ(nlohmann::json::parse(required.out)["code"], 1);

@@ -38,9 +38,9 @@ TEST(SettingRules, SayWhichNumbersAreAllowed) {
   EXPECT_THAT(Refusal("Erreurs", "32768"), HasSubstr("from 0 to 32767"));
   EXPECT_THAT(Refusal("Erreurs", "-1"), HasSubstr("from 0 to 32767"));
   EXPECT_THAT(Refusal("Erreurs", "@N"), HasSubstr("from 0 to 32767"));
-  EXPECT_THAT(Refusal("Null", "32768"), HasSubstr("from -32768 to 32767"));
+  EXPECT_THAT(Refusal("Null", "2"), HasSubstr("from 0 to 1"));
   EXPECT_THAT(Refusal("NombreColonnes", "-1"), HasSubstr("from 0 to 32767"));
-  EXPECT_THAT(Refusal("Etat", "x"), HasSubstr("from -2147483648 to 2147483647"));
+  EXPECT_THAT(Refusal("Etat", "9"), HasSubstr("from 0 to 3"));
   for (const char* limit : {"", "0", " 12 ", "32767", "1e3"}) {
     EXPECT_EQ(Refusal("Erreurs", limit), "") << limit;
   }
@@ -171,7 +171,8 @@ std::string RandomText(std::mt19937& random) {
 /// What is refused although a run goes on with it, because the run would do something else than
 /// what was meant.
 bool IsStricterThanARun(const SettingPlace& place, const std::string& refusal) {
-  if (place.name == "Mode" || place.name == "Suppression" || place.text == SettingText::kColumn) {
+  const bool choice = place.type == RegistryType::kNumber && place.name != "NombreColonnes";
+  if (choice || place.text == SettingText::kColumn) {
     return true;
   }
   for (const char* reason : {"without a name", "would be a constant"}) {

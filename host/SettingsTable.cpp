@@ -25,7 +25,8 @@ constexpr Setting Number(std::string_view name, NumberRange range) {
 }
 
 constexpr NumberRange kAnyNumber{};
-constexpr NumberRange kShortNumber{-32768, 32767};  // what a run reads most of them as
+constexpr NumberRange kFlag{0, 1};
+constexpr std::int32_t kMostColumns = 32767;  // what a run can count
 
 // Names and types are what the component and the host read: never change.
 constexpr auto kSettings = std::to_array<Setting>({
@@ -40,22 +41,22 @@ constexpr auto kSettings = std::to_array<Setting>({
     Number("Mode", {0, 4}),
     Number("Suppression", {0, 2}),
     Text("Cle/Index", SettingText::kReferable),
-    Number("PrimKey", kShortNumber),
-    Number("DupKey", kShortNumber),
+    Number("PrimKey", kFlag),
+    Number("DupKey", kFlag),
     Text("CodErr", SettingText::kErrorCode),
     Text("Erreurs", SettingText::kErrorLimit),
-    Number("RecErreurs", kShortNumber),
-    Number("FicErr", kAnyNumber),
-    Number("SiVide", kShortNumber),
-    Number("SepDec", kShortNumber),
-    Number("Null", kShortNumber),
-    Number("Param", kShortNumber),
-    Number("NombreColonnes", {0, 32767}),
+    Number("RecErreurs", kFlag),
+    Number("FicErr", kFlag),
+    Number("SiVide", kFlag),
+    Number("SepDec", kFlag),
+    Number("Null", kFlag),
+    Number("Param", kFlag),
+    Number("NombreColonnes", {0, kMostColumns}),
     Text("DelimiteurFile", SettingText::kAny),
-    Number("FormatFile", kShortNumber),
-    Number("UseAlias", kShortNumber),
-    Number("RecTrace", kShortNumber),
-    Number("Etat", kAnyNumber),
+    Number("FormatFile", kFlag),
+    Number("UseAlias", kFlag),
+    Number("RecTrace", kFlag),
+    Number("Etat", {0, 3}),
     Text("ExecuteLe", SettingText::kAny),
     Text("CréeLe", SettingText::kAny),
     Text("ModifiéLe", SettingText::kAny),
@@ -73,7 +74,8 @@ constexpr std::array<ColumnSubkey, 2> kColumnSubkeys{
 
 bool IsColumnNumber(std::string_view text) {
   if (text.empty() || text.front() < '1' || text.front() > '9') return false;
-  return NumberFromText(text).has_value();
+  const std::optional<std::int32_t> number = NumberFromText(text);
+  return number && *number <= kMostColumns;
 }
 
 }  // namespace

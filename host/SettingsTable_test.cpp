@@ -39,7 +39,7 @@ TEST(Settings, OfAColumnAreTextsInASubkey) {
 
 TEST(Settings, OfAnyOtherNameAreNone) {
   for (const char* name : {"", "Creele", "Mode ", "Colonnes", "Colonnes\\", "Colonnes\\0",
-                           "Colonnes\\01", "Colonnes\\-1", "Colonnes\\1x", "Colonnes\\99999999999",
+                           "Colonnes\\01", "Colonnes\\-1", "Colonnes\\1x", "Champs\\32768", "Colonnes\\99999999999",
                            "Champs\\1\\2", "Action\\1", "\\Mode"}) {
     EXPECT_FALSE(FindSetting(name)) << name;
   }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "import/ColumnLayout.h"
+#include "plugin/core/MessageCatalogue.h"
 
 namespace imptable {
 namespace {
@@ -196,7 +197,11 @@ void ImportLoop::ImportLine(RecordParser& parser, std::string_view line) {
     case ParseResult::kEmpty:
       return;
     case ParseResult::kRecord:
-      result = mode_->ExecuteLine();
+      if (WouldBeCut(parser, line)) {
+        result.rejected = true;
+      } else {
+        result = mode_->ExecuteLine();
+      }
       break;
   }
   if (result.rejected) {
@@ -209,6 +214,17 @@ void ImportLoop::ImportLine(RecordParser& parser, std::string_view line) {
     files_.Done(session_.line_number, progress.errors);
     if (result.counter != nullptr) ++*result.counter;
   }
+}
+
+bool ImportLoop::WouldBeCut(const RecordParser& parser, std::string_view line) {
+  if (!session_.dialect->cuts_at_nul || line.find('\0') == std::string_view::npos) return false;
+  if (!parser.HasTextWithNul()) return false;
+  const bool english = module_.language_offset == kEnglishOffset;
+  session_.ReportText(module_.platform.encoding.FromUtf8(
+      english ? "The line holds a NUL, at which the driver ends a text; it was not executed"
+              : "La ligne contient un caractère nul, qui termine un texte pour le pilote ; elle n'a "
+                "pas été exécutée"));
+  return true;
 }
 
 void ImportLoop::ReportFault(const RuntimeFault& fault) {

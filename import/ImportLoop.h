@@ -89,6 +89,9 @@ class ImportLoop {
   void RequireWhole(const LineReader& source) const;
   void RestorePrevious();
   void ImportLine(RecordParser& parser, std::string_view line);
+  /// Reports a line of which the driver would send a part.
+  /// @return whether it is one.
+  bool WouldBeCut(const RecordParser& parser, std::string_view line);
   void ReportFault(const RuntimeFault& fault);
   void ReportCounts();
 

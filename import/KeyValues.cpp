@@ -32,7 +32,7 @@ struct Complaint {
 
 /// By rule.
 constexpr std::array<Complaint, 6> kComplaints{{
-    {"est trop longue ou contient un caractère nul", "is too long or holds a NUL"},
+    {"est trop longue", "is too long"},
     {"n'est pas un nombre", "is no number"},
     {"n'est ni 0 ni 1", "is neither 0 nor 1"},
     {"n'est pas une date", "is no date"},
@@ -61,17 +61,12 @@ KeyValues::Rule KeyValues::RuleOf(const TableColumn& column) const {
   return column.sql_type == kSqlTimestamp ? Rule::kDateAndTime : Rule::kWhole;
 }
 
-bool KeyValues::IsWhole(const ParameterBuffer& buffer) const {
-  if (buffer.cut) return false;
-  return !session_.dialect->cuts_at_nul || buffer.Text().find('\0') == std::string_view::npos;
-}
-
 bool KeyValues::Holds(Rule rule, const ParameterBuffer& buffer) const {
   const bool is_null = buffer.text_indicator == SQL_NULL_DATA;
   const Dialect& dialect = *session_.dialect;
   switch (rule) {
     case Rule::kWhole:
-      return is_null || IsWhole(buffer);
+      return is_null || !buffer.cut;
     case Rule::kNumber:
       if (buffer.unreadable) return false;
       return is_null ||

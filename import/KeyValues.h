@@ -29,7 +29,6 @@ class KeyValues {
 
   Rule RuleOf(const TableColumn& column) const;
   bool Holds(Rule rule, const ParameterBuffer& buffer) const;
-  bool IsWhole(const ParameterBuffer& buffer) const;
   void Report(const Key& key);
 
   const ModuleCommun& module_;

@@ -1,5 +1,6 @@
 #include "import/RecordParser.h"
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -64,6 +65,12 @@ ParseResult RecordParser::ParseRecord(std::string_view line) {
   }
   // The values of several columns are joined by ",", so their record is never empty.
   return plan_.column_count == 1 && empty ? ParseResult::kEmpty : ParseResult::kRecord;
+}
+
+bool RecordParser::HasTextWithNul() const {
+  return std::any_of(plan_.fields.begin(), plan_.fields.end(), [](const FieldPlan& field) {
+    return field.buffer->Text().find('\0') != std::string_view::npos;
+  });
 }
 
 bool RecordParser::FillDate(const FieldPlan& field, std::string_view value) {

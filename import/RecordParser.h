@@ -38,6 +38,9 @@ class RecordParser {
   /// A line costs no allocation, but for a value that is longer than any before it.
   ParseResult ParseRecord(std::string_view line);
 
+  /// Whether one of the texts that the last record put into the buffers holds a NUL.
+  bool HasTextWithNul() const;
+
  private:
   bool FillColumn(const FieldPlan& field, std::string_view value, bool& empty);
   bool FillDate(const FieldPlan& field, std::string_view value);

@@ -49,6 +49,20 @@ TEST(Refusal, OfAnInsertMayBeTheDuplicateThatTheTaskIgnores) {
   EXPECT_EQ(run.progress().inserted, 0);
 }
 
+TEST(Refusal, IsALineWhoseTextTheDriverWouldCutAtANul) {
+  const std::string cut("2;b\0c", 5);
+  ImportRun cutting;
+  cutting.Driver("info 17 PostgreSQL");
+  cutting.Source({"1;a", cut, "3;c"});
+  EXPECT_EQ(cutting.Go(), 3);
+  EXPECT_EQ(cutting.progress().inserted, 2);
+  EXPECT_THAT(cutting.Rejected(), ElementsAre(cut));
+  EXPECT_THAT(cutting.Errors(), ElementsAre(testing::HasSubstr("contient un caractère nul")));
+  ImportRun whole;
+  whole.Source({"1;a", cut});
+  EXPECT_EQ(whole.Go(), 2) << "other drivers are told the length";
+}
+
 class KeyedRefusal : public testing::TestWithParam<std::int32_t> {};
 
 TEST_P(KeyedRefusal, IsAnInformationWithAServersCodeWhereTheDialectSaysSo) {

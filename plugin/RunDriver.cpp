@@ -129,6 +129,10 @@ void RunDriver::RunTask() {
     return;
   }
   progress_();
+  if (run_.requires_file && LookAtDataFile().state == FileState::kMissing) {
+    RefuseMissingFile();
+    return;
+  }
   Report(module_.MessageText(kMessageDeleteErrorFiles), ReportKind::kInformation);
   state_.odbc.ReadSystemDecimalSeparator();
   DecideResume();  // while everything is as the last run left it
@@ -152,6 +156,13 @@ void RunDriver::RunTask() {
       import->Run();
     }
   }
+  RecordOutcome();
+}
+
+void RunDriver::RefuseMissingFile() {
+  Report(module_.MessageText(kMessageNoFile) + DataFilePath(run_, run_.full_file_name == 1),
+         ReportKind::kError);
+  state_.odbc.error_reported = true;
   RecordOutcome();
 }
 

@@ -52,6 +52,8 @@ class RunDriver {
   /// @throws RuntimeFault  when there is a chain to resume that this run may not go on with; the
   /// reason is reported.
   void DecideResume();
+  /// Ends the run as failed. The side files stay as the last run left them.
+  void RefuseMissingFile();
   void PrepareSideFiles();
   DataFile LookAtDataFile();
   void ReportDataFile(const DataFile& file);

@@ -99,6 +99,7 @@ struct RunState : OpenedTask {
 
   /// Set before a run: a resume takes whatever source there is for that of the chain.
   bool takes_changed_source = false;
+  bool requires_file = false;  // a data file that is missing fails the run
 
   bool pre_deletion_failed = false;
   RunStatus status = RunStatus::kNone;
