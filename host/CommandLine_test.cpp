@@ -133,7 +133,7 @@ TEST(CommandLine, NamesAFlagWithAValueThatItCannotTake) {
 
 TEST(CommandLine, NamesOptionsThatExcludeEachOther) {
   EXPECT_EQ(ErrorOf({"run", "S", "T", "--resume", "--auto"}),
-            "only one of the options \"--auto --resume\" can be given: see \"imptable run --help\"");
+            "only one of the options \"--resume --auto\" can be given: see \"imptable run --help\"");
 }
 
 TEST(CommandLine, RefusesALanguageThatThereIsNot) {
