@@ -3,10 +3,10 @@
 #include <chrono>
 #include <stdexcept>
 
-#include "import/LineReader.h"
-#include "import/RecordParser.h"
-#include "import/TaskFiles.h"
-#include "import/UpdateStatement.h"
+#include "import/ledger/TaskFiles.h"
+#include "import/source/LineReader.h"
+#include "import/target/RecordParser.h"
+#include "import/target/UpdateStatement.h"
 #include "plugin/ScenarioKeys.h"
 #include "plugin/TaskLoading.h"
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "bench/LineValues.h"
-#include "import/TargetTable.h"
+#include "import/target/TargetTable.h"
 #include "plugin/ModuleState.h"
 
 namespace imptable {

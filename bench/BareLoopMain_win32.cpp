@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <exception>
 
+#include "automation/AutomationModule.h"
 #include "bench/BareLoop.h"
-#include "plugin/automation/AutomationModule.h"
 
 int main(int count, char** arguments) {
   if (count != 3) {

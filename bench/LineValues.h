@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "import/ParameterBuffer.h"
+#include "import/values/ParameterBuffer.h"
 
 namespace imptable {
 

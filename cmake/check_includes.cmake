@@ -1,26 +1,39 @@
 # Fails on an include that the tree does not allow. cmake -DROOT=... -P check_includes.cmake
 cmake_minimum_required(VERSION 3.25)
 
-# Folders in the order of who may include whom; each may include itself and what its line names.
-set(may_include_platform "platform")
-set(may_include_plugin/core "platform plugin/core")
-set(may_include_odbc "platform plugin/core odbc")
-set(may_include_import "platform plugin/core odbc import")
-set(may_include_plugin "platform plugin/core odbc import plugin")
-set(may_include_dialogs "platform plugin/core odbc import plugin dialogs")
-set(may_include_dialogs/widgets "platform plugin/core odbc import plugin dialogs dialogs/widgets")
-set(may_include_plugin/automation
-  "platform plugin/core odbc import plugin dialogs dialogs/widgets plugin/automation")
-set(may_include_host "platform plugin/core odbc import plugin host")
-set(may_include_host/configure
-  "platform plugin/core odbc import plugin dialogs dialogs/widgets host host/configure")
-set(may_include_bench "platform plugin/core odbc import plugin host plugin/automation bench")
-set(may_include_tests
-  "platform plugin/core odbc import plugin plugin/automation dialogs dialogs/widgets host host/configure
-  tests")
-set(folders
-  platform plugin/core odbc import plugin plugin/automation dialogs dialogs/widgets host
-  host/configure bench tests)
+# Folders from the lowest to the highest. Each may include itself and what its line names.
+set(folders "")
+macro(floor folder)
+  list(APPEND folders ${folder})
+  set(may_include_${folder} ${folder} ${ARGN})
+endmacro()
+floor(platform/windows)
+floor(platform/text platform/windows)
+floor(platform/files platform/windows platform/text)
+floor(platform/registry platform/windows platform/text platform/files)
+floor(platform/system platform/windows platform/text platform/files)
+floor(platform ${folders})
+set(platform ${folders})
+floor(core ${platform})
+floor(odbc ${platform} core)
+set(ground ${platform} core odbc)
+floor(import/layout ${ground})
+floor(import/source ${ground} import/layout)
+floor(import/values ${ground} import/layout)
+floor(import/target ${ground} import/layout import/source import/values)
+floor(import/modes ${ground} import/layout import/source import/values import/target)
+floor(import/ledger ${ground} import/source)
+set(import import/layout import/source import/values import/target import/modes import/ledger)
+floor(import ${ground} ${import})
+list(APPEND import import)
+floor(plugin ${ground} ${import})
+floor(dialogs ${ground} ${import})
+floor(dialogs/widgets ${ground} ${import} dialogs)
+floor(automation ${ground} ${import} plugin dialogs dialogs/widgets)
+floor(host ${ground} ${import} plugin)
+floor(host/configure ${ground} ${import} plugin dialogs dialogs/widgets host)
+floor(bench ${ground} ${import} plugin host automation)
+floor(tests ${folders})
 
 # The longest folder of the list that the path lies in.
 function(folder_of path result)
@@ -37,7 +50,8 @@ function(folder_of path result)
 endfunction()
 
 file(GLOB_RECURSE files RELATIVE "${ROOT}"
-  "${ROOT}/platform/*" "${ROOT}/plugin/*" "${ROOT}/odbc/*" "${ROOT}/import/*"
+  "${ROOT}/platform/*" "${ROOT}/core/*" "${ROOT}/odbc/*" "${ROOT}/import/*" "${ROOT}/plugin/*"
+  "${ROOT}/automation/*"
   "${ROOT}/dialogs/*" "${ROOT}/host/*" "${ROOT}/bench/*" "${ROOT}/tests/*")
 list(FILTER files INCLUDE REGEX "\\.(cpp|h)$")
 set(checked 0)
@@ -49,7 +63,7 @@ foreach(file IN LISTS files)
   if(file MATCHES "_test\\.cpp$|/testing/|^tests/")
     set(is_test TRUE)
   endif()
-  string(REPLACE " " ";" allowed "${may_include_${from}}")
+  set(allowed ${may_include_${from}})
   file(STRINGS "${ROOT}/${file}" lines REGEX "^#include ")
   foreach(line IN LISTS lines)
     if(line MATCHES "^#include \"([^\"]+)\"")

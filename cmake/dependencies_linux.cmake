@@ -7,8 +7,8 @@ pkg_check_modules(ODBC REQUIRED IMPORTED_TARGET odbc)
 find_package(CLI11 REQUIRED)
 find_package(nlohmann_json REQUIRED)
 
-add_library(platform_system INTERFACE)
-target_link_libraries(platform_system INTERFACE PkgConfig::SQLITE Threads::Threads)
+add_library(system_libraries INTERFACE)
+target_link_libraries(system_libraries INTERFACE PkgConfig::SQLITE Threads::Threads)
 add_library(odbc_system INTERFACE)
 target_link_libraries(odbc_system INTERFACE PkgConfig::ODBC)
 

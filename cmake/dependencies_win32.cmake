@@ -3,8 +3,8 @@
 
 enable_language(C RC)
 
-add_library(platform_system INTERFACE)
-target_link_libraries(platform_system INTERFACE advapi32 user32)
+add_library(system_libraries INTERFACE)
+target_link_libraries(system_libraries INTERFACE advapi32 user32)
 add_library(odbc_system INTERFACE)
 target_link_libraries(odbc_system INTERFACE odbc32)
 

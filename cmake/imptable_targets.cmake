@@ -85,32 +85,65 @@ function(imptable_tests program)
   endif()
 endfunction()
 
-# imptable_folder(NAME [DEPENDS libraries...] [TEST_DEPENDS libraries...]
-#                 [LEAVE_OUT sources...] [TEST_SHARDS number])
+# imptable_sources(SOURCES TESTS folders...)
 #
-# The current folder as one library NAME and one test program NAME_test. Unit tests stand beside
-# what they test (*_test.cpp); bodies and tests for another system (*_linux.cpp, *_win32.cpp,
-# *_linux_test.cpp, *_win32_test.cpp) are left out. A dependency that the tree doesn't allow isn't
-# linked, so it fails.
-function(imptable_folder name)
-  cmake_parse_arguments(ARG "" "TEST_SHARDS" "DEPENDS;TEST_DEPENDS;LEAVE_OUT" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+# The C++ files of folders, tests apart. Those for another system (*_linux.cpp, *_win32.cpp,
+# *_linux_test.cpp, *_win32_test.cpp) are left out.
+function(imptable_sources sources_out tests_out)
+  set(patterns ${ARGN})
+  list(TRANSFORM patterns APPEND "/*.cpp")
+  file(GLOB sources CONFIGURE_DEPENDS ${patterns})
   set(tests ${sources})
   list(FILTER sources EXCLUDE REGEX "_test\\.cpp$|_${other_system}\\.cpp$")
   list(FILTER tests INCLUDE REGEX "_test\\.cpp$")
   list(FILTER tests EXCLUDE REGEX "_${other_system}_test\\.cpp$")
-  foreach(file IN LISTS ARG_LEAVE_OUT)
-    list(REMOVE_ITEM sources "${CMAKE_CURRENT_SOURCE_DIR}/${file}")
-  endforeach()
-  if(sources)
-    add_library(${name} STATIC ${sources})
+  set(${sources_out} ${sources} PARENT_SCOPE)
+  set(${tests_out} ${tests} PARENT_SCOPE)
+endfunction()
+
+# imptable_library(NAME SOURCES [sources...] DEPENDS [libraries...])
+function(imptable_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
+  if(ARG_SOURCES)
+    add_library(${name} STATIC ${ARG_SOURCES})
     target_link_libraries(${name} PUBLIC imptable_flags ${ARG_DEPENDS})
   else()
     add_library(${name} INTERFACE)
     target_link_libraries(${name} INTERFACE imptable_flags ${ARG_DEPENDS})
   endif()
-  if(IMPTABLE_TESTS AND tests)
-    add_executable(${name}_test ${tests})
+endfunction()
+
+# imptable_folder(NAME [DEPENDS libraries...] [TEST_DEPENDS libraries...] [FLOORS folders...]
+#                 [ROOMS folders...] [LEAVE_OUT sources...] [TEST_SHARDS number])
+#
+# The current folder as one library NAME and one test program NAME_test. Unit tests stand beside
+# what they test (*_test.cpp). FLOORS are folders in it, from the lowest up: each is a library
+# NAME_FOLDER that stands on DEPENDS and on those before it, and NAME stands on them all. ROOMS are
+# folders that belong to NAME itself. A dependency that the tree doesn't allow isn't linked, so it
+# fails.
+function(imptable_folder name)
+  cmake_parse_arguments(ARG "" "TEST_SHARDS" "DEPENDS;TEST_DEPENDS;FLOORS;ROOMS;LEAVE_OUT" ${ARGN})
+  set(here "${CMAKE_CURRENT_SOURCE_DIR}")
+  set(below ${ARG_DEPENDS})
+  set(all_tests "")
+  foreach(floor IN LISTS ARG_FLOORS)
+    imptable_sources(sources tests "${here}/${floor}")
+    imptable_library(${name}_${floor} SOURCES ${sources} DEPENDS ${below})
+    list(APPEND below ${name}_${floor})
+    list(APPEND all_tests ${tests})
+  endforeach()
+  set(rooms "${here}")
+  foreach(room IN LISTS ARG_ROOMS)
+    list(APPEND rooms "${here}/${room}")
+  endforeach()
+  imptable_sources(sources tests ${rooms})
+  list(APPEND all_tests ${tests})
+  foreach(file IN LISTS ARG_LEAVE_OUT)
+    list(REMOVE_ITEM sources "${here}/${file}")
+  endforeach()
+  imptable_library(${name} SOURCES ${sources} DEPENDS ${below})
+  if(IMPTABLE_TESTS AND all_tests)
+    add_executable(${name}_test ${all_tests})
     target_link_libraries(${name}_test PRIVATE ${name} ${ARG_TEST_DEPENDS}
       GTest::gmock GTest::gtest_main)
     imptable_quick_build(${name}_test)

@@ -1,7 +1,7 @@
 #include <array>
 
 #include "dialogs/AdministratorPath.h"
-#include "platform/Windows_win32.h"
+#include "platform/windows/Windows_win32.h"
 
 namespace imptable {
 namespace {

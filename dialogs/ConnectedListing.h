@@ -5,7 +5,7 @@
 #include <string>
 
 #include "odbc/Catalogue.h"
-#include "odbc/ModuleODBC.h"
+#include "odbc/OdbcSession.h"
 
 namespace imptable {
 

@@ -4,9 +4,9 @@
 #include <functional>
 #include <string>
 
+#include "core/ModuleCommun.h"
 #include "dialogs/DialogBoxes.h"
 #include "dialogs/OdbcAdministrator.h"
-#include "plugin/core/ModuleCommun.h"
 
 namespace imptable {
 

@@ -1,6 +1,6 @@
 #include "dialogs/HostReference.h"
 
-#include "plugin/core/TaskSettings.h"
+#include "core/TaskSettings.h"
 
 namespace imptable {
 

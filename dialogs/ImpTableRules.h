@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
+#include "core/ModuleCommun.h"
+#include "core/TaskSettings.h"
 #include "dialogs/ImpTableState.h"
-#include "plugin/core/ModuleCommun.h"
-#include "plugin/core/TaskSettings.h"
 
 namespace imptable {
 

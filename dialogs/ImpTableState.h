@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "dialogs/ColumnLayoutState.h"
+#include "dialogs/columns/ColumnLayoutState.h"
 
 namespace imptable {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "import/CharacterCount.h"
-#include "platform/Utf8.h"
+#include "platform/text/CharacterCount.h"
+#include "platform/text/Utf8.h"
 
 namespace imptable {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#include "import/CharacterCount.h"
 #include "platform/testing/PlainEncodings.h"
+#include "platform/text/CharacterCount.h"
 
 namespace imptable {
 namespace {

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "dialogs/ColumnLayoutEditor.h"
+#include "core/Blanks.h"
+#include "core/TaskSettings.h"
 #include "dialogs/WholeNumber.h"
-#include "platform/NameFolding.h"
-#include "plugin/core/Blanks.h"
-#include "plugin/core/TaskSettings.h"
+#include "dialogs/columns/ColumnLayoutEditor.h"
+#include "platform/text/NameFolding.h"
 
 namespace imptable {
 namespace {

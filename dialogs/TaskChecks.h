@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/ModuleCommun.h"
 #include "dialogs/ImpTableState.h"
-#include "plugin/core/ModuleCommun.h"
 
 namespace imptable {
 

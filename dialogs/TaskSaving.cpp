@@ -2,9 +2,9 @@
 
 #include <string_view>
 
-#include "plugin/TaskDialog.h"
-#include "plugin/core/StampText.h"
-#include "plugin/core/TaskSettings.h"
+#include "core/StampText.h"
+#include "core/TaskDialog.h"
+#include "core/TaskSettings.h"
 
 namespace imptable {
 namespace {

@@ -5,9 +5,9 @@
 #include <optional>
 #include <string>
 
-#include "dialogs/ColumnLayoutEditor.h"
+#include "core/ModuleCommun.h"
 #include "dialogs/ImpTableState.h"
-#include "plugin/core/ModuleCommun.h"
+#include "dialogs/columns/ColumnLayoutEditor.h"
 
 namespace imptable {
 

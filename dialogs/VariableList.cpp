@@ -1,7 +1,7 @@
 #include "dialogs/VariableList.h"
 
+#include "core/TaskSettings.h"
 #include "dialogs/HostReference.h"
-#include "plugin/core/TaskSettings.h"
 
 namespace imptable {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "core/ModuleCommun.h"
 #include "dialogs/ImpTableControls.h"
-#include "plugin/core/ModuleCommun.h"
 
 namespace imptable {
 

@@ -2,7 +2,7 @@
 
 #include <charconv>
 
-#include "plugin/core/Blanks.h"
+#include "core/Blanks.h"
 
 namespace imptable {
 

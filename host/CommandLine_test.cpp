@@ -132,8 +132,9 @@ TEST(CommandLine, NamesAFlagWithAValueThatItCannotTake) {
 }
 
 TEST(CommandLine, NamesOptionsThatExcludeEachOther) {
-  EXPECT_EQ(ErrorOf({"run", "S", "T", "--resume", "--auto"}),
-            "only one of the options \"--resume --auto\" can be given: see \"imptable run --help\"");
+  EXPECT_EQ(
+      ErrorOf({"run", "S", "T", "--resume", "--auto"}),
+      "only one of the options \"--resume --auto\" can be given: see \"imptable run --help\"");
 }
 
 TEST(CommandLine, RefusesALanguageThatThereIsNot) {

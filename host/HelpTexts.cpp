@@ -1,6 +1,6 @@
 #include "host/HelpTexts.h"
 
-#include "host/SettingsTable.h"
+#include "host/tasks/SettingsTable.h"
 
 namespace imptable {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "platform/TextEncoding.h"
-#include "platform/Utf8.h"
+#include "platform/text/TextEncoding.h"
+#include "platform/text/Utf8.h"
 
 namespace imptable {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/WarningBox.h"
+#include "platform/system/WarningBox.h"
 
 namespace imptable {
 

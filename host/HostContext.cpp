@@ -1,10 +1,10 @@
 #include "host/HostContext.h"
 
 #include "host/HostError.h"
-#include "host/KeyName.h"
-#include "host/NewRegistry.h"
-#include "host/RegistryLocation.h"
-#include "host/ShownValue.h"
+#include "host/registry/KeyName.h"
+#include "host/registry/NewRegistry.h"
+#include "host/registry/RegistryLocation.h"
+#include "host/tasks/ShownValue.h"
 #include "plugin/ScenarioKeys.h"
 
 namespace imptable {

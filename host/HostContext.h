@@ -9,9 +9,9 @@
 
 #include "host/HostConsole.h"
 #include "host/HostTexts.h"
-#include "platform/ProfileFileReader.h"
-#include "platform/RegistryStore.h"
-#include "platform/SqliteRegistry.h"
+#include "platform/files/ProfileFileReader.h"
+#include "platform/registry/RegistryStore.h"
+#include "platform/registry/SqliteRegistry.h"
 #include "plugin/ModuleState.h"
 #include "plugin/StandaloneHostLibrary.h"
 

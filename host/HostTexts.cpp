@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstddef>
 
-#include "plugin/core/MessageCatalogue.h"
+#include "core/MessageCatalogue.h"
 
 namespace imptable {
 namespace {

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/TextEncoding.h"
+#include "platform/text/TextEncoding.h"
 
 namespace imptable {
 

@@ -11,9 +11,9 @@
 #include "host/Commands.h"
 #include "host/HelpTexts.h"
 #include "host/HostError.h"
-#include "host/RegistryFailureText.h"
-#include "host/RegistryLocation.h"
-#include "host/RunSummary.h"
+#include "host/registry/RegistryFailureText.h"
+#include "host/registry/RegistryLocation.h"
+#include "host/run/RunSummary.h"
 
 namespace imptable {
 namespace {

@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "import/ColumnLayout.h"
-#include "plugin/core/MessageCatalogue.h"
+#include "core/MessageCatalogue.h"
+#include "import/layout/ColumnLayout.h"
 
 namespace imptable {
 namespace {
@@ -221,9 +221,10 @@ bool ImportLoop::WouldBeCut(const RecordParser& parser, std::string_view line) {
   if (!parser.HasTextWithNul()) return false;
   const bool english = module_.language_offset == kEnglishOffset;
   session_.ReportText(module_.platform.encoding.FromUtf8(
-      english ? "The line holds a NUL, at which the driver ends a text; it was not executed"
-              : "La ligne contient un caractère nul, qui termine un texte pour le pilote ; elle n'a "
-                "pas été exécutée"));
+      english
+          ? "The line holds a NUL, at which the driver ends a text; it was not executed"
+          : "La ligne contient un caractère nul, qui termine un texte pour le pilote ; elle n'a "
+            "pas été exécutée"));
   return true;
 }
 

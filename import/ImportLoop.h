@@ -6,52 +6,11 @@
 #include <string>
 #include <string_view>
 
-#include "import/RecordParser.h"
-#include "import/SideFiles.h"
-#include "odbc/ModuleODBC.h"
+#include "import/ledger/SideFiles.h"
+#include "import/modes/ModeRoutine.h"
+#include "odbc/OdbcSession.h"
 
 namespace imptable {
-
-/// What became of one line.
-struct LineResult {
-  bool rejected = false;
-
-  /// The counter of the run's progress that goes up once the line is traced; null for none.
-  std::int64_t* counter = nullptr;
-};
-
-/// What one import mode does its own way; the loop does the rest.
-class ModeRoutine {
- public:
-  virtual ~ModeRoutine() = default;
-
-  /// Number of the catalogue text that opens the mode's report.
-  virtual std::int32_t BannerMessage() const = 0;
-
-  /// What the mode itself asks of the settings.
-  /// @throws RuntimeFault  naming the setting.
-  virtual void CheckSettings() const {}
-
-  /// Everything that is known before the first line: columns, statements, bindings, parser.
-  /// @return false when there is nothing to run; the reason has been reported.
-  virtual bool Prepare() = 0;
-
-  virtual RecordParser& Parser() = 0;
-
-  /// Executes the record in the buffers; reports the diagnostics of a failure.
-  virtual LineResult ExecuteLine() = 0;
-
-  virtual void DropStatements() = 0;
-
-  /// The closing counts, as they end both the failed and the successful closing line.
-  virtual std::string CountsText() const = 0;
-
-  /// Writes the closing line of an import without errors.
-  virtual void ReportSuccess(const std::string& text) = 0;
-
-  /// A fault inside the mode counts as a failed deletion before the import.
-  virtual bool FaultFailsDeletion() const { return true; }
-};
 
 /// One import mode at work. Its steps are apart, so that the run can delete what is to go first
 /// once nothing that can be known stands against the import. What the steps before Run have to

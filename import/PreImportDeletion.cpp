@@ -6,10 +6,10 @@
 #include <optional>
 #include <system_error>
 
-#include "import/CharacterCount.h"
-#include "import/TaskFiles.h"
+#include "core/Blanks.h"
+#include "import/ledger/TaskFiles.h"
 #include "odbc/Catalogue.h"
-#include "plugin/core/Blanks.h"
+#include "platform/text/CharacterCount.h"
 
 namespace imptable {
 namespace {

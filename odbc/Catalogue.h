@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "odbc/ModuleODBC.h"
+#include "odbc/OdbcSession.h"
 
 namespace imptable {
 

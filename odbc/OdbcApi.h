@@ -3,7 +3,7 @@
 
 // The one place that includes the driver manager's headers: on Windows they need <windows.h> first.
 #ifdef _WIN32
-#include "platform/Windows_win32.h"
+#include "platform/windows/Windows_win32.h"
 #endif
 #include <sql.h>
 #include <sqlext.h>

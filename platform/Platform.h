@@ -1,14 +1,14 @@
 #ifndef PLATFORM_PLATFORM_H_
 #define PLATFORM_PLATFORM_H_
 
-#include "platform/Clock.h"
-#include "platform/FileSystem.h"
-#include "platform/MessageLoop.h"
-#include "platform/MousePointer.h"
-#include "platform/ProfileFile.h"
-#include "platform/Registry.h"
-#include "platform/TextEncoding.h"
-#include "platform/WarningBox.h"
+#include "platform/files/FileSystem.h"
+#include "platform/files/ProfileFile.h"
+#include "platform/registry/Registry.h"
+#include "platform/system/Clock.h"
+#include "platform/system/MessageLoop.h"
+#include "platform/system/MousePointer.h"
+#include "platform/system/WarningBox.h"
+#include "platform/text/TextEncoding.h"
 
 namespace imptable {
 

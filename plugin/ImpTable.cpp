@@ -3,11 +3,11 @@
 #include <chrono>
 #include <limits>
 
+#include "core/LocationRestorer.h"
 #include "plugin/RunDriver.h"
 #include "plugin/ScenarioActions.h"
 #include "plugin/ScenarioKeys.h"
 #include "plugin/TaskDescription.h"
-#include "plugin/core/LocationRestorer.h"
 
 namespace imptable {
 namespace {

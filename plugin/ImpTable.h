@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/MessageLoop.h"
+#include "core/TaskDialog.h"
+#include "platform/system/MessageLoop.h"
 #include "plugin/ModuleState.h"
-#include "plugin/TaskDialog.h"
 
 namespace imptable {
 

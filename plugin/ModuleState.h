@@ -1,8 +1,8 @@
 #ifndef PLUGIN_MODULE_STATE_H_
 #define PLUGIN_MODULE_STATE_H_
 
-#include "odbc/ModuleODBC.h"
-#include "plugin/core/ModuleCommun.h"
+#include "core/ModuleCommun.h"
+#include "odbc/OdbcSession.h"
 
 namespace imptable {
 

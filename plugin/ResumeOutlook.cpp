@@ -1,11 +1,11 @@
 #include "plugin/ResumeOutlook.h"
 
-#include "import/ResumeChain.h"
-#include "import/TaskFiles.h"
-#include "plugin/ResumeRule.h"
+#include "core/FileLook.h"
+#include "import/ledger/ResumeChain.h"
+#include "import/ledger/ResumeRule.h"
+#include "import/ledger/TaskFiles.h"
 #include "plugin/RunDriver.h"
 #include "plugin/TaskLoading.h"
-#include "plugin/core/FileLook.h"
 
 namespace imptable {
 namespace {

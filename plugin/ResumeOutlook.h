@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "import/ResumeCheck.h"
+#include "import/ledger/ResumeCheck.h"
 #include "plugin/ModuleState.h"
 
 namespace imptable {

@@ -4,18 +4,18 @@
 #include <optional>
 #include <utility>
 
-#include "import/DeleteMode.h"
-#include "import/InsertMode.h"
+#include "core/FileLook.h"
+#include "core/StampText.h"
 #include "import/PreImportDeletion.h"
-#include "import/ResumeChain.h"
-#include "import/ResumeCheck.h"
-#include "import/TaskFiles.h"
-#include "import/UpdateInsertMode.h"
-#include "import/UpdateMode.h"
-#include "plugin/ResumeRule.h"
+#include "import/ledger/ResumeChain.h"
+#include "import/ledger/ResumeCheck.h"
+#include "import/ledger/ResumeRule.h"
+#include "import/ledger/TaskFiles.h"
+#include "import/modes/DeleteMode.h"
+#include "import/modes/InsertMode.h"
+#include "import/modes/UpdateInsertMode.h"
+#include "import/modes/UpdateMode.h"
 #include "plugin/TaskLoading.h"
-#include "plugin/core/FileLook.h"
-#include "plugin/core/StampText.h"
 
 namespace imptable {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/Registry.h"
+#include "platform/registry/Registry.h"
 
 namespace imptable {
 

@@ -5,10 +5,10 @@
 #include <optional>
 #include <string_view>
 
+#include "core/LocationRestorer.h"
+#include "core/StoredValue.h"
+#include "core/TaskDialog.h"
 #include "plugin/ScenarioKeys.h"
-#include "plugin/TaskDialog.h"
-#include "plugin/core/LocationRestorer.h"
-#include "plugin/core/StoredValue.h"
 
 namespace imptable {
 namespace {

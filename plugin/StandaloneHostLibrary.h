@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "plugin/core/HostLibrary.h"
-#include "plugin/core/ModuleCommun.h"
+#include "core/HostLibrary.h"
+#include "core/ModuleCommun.h"
 
 namespace imptable {
 

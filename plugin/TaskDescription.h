@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "plugin/core/TaskSettings.h"
+#include "core/TaskSettings.h"
 
 namespace imptable {
 

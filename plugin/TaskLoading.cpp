@@ -4,8 +4,8 @@
 #include <optional>
 #include <utility>
 
-#include "import/ColumnLayout.h"
-#include "plugin/core/TaskSettings.h"
+#include "core/TaskSettings.h"
+#include "import/layout/ColumnLayout.h"
 
 namespace imptable {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "plugin/core/ModuleCommun.h"
+#include "core/ModuleCommun.h"
 
 namespace imptable {
 

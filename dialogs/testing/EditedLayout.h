@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "dialogs/ColumnLayoutEditor.h"
+#include "dialogs/columns/ColumnLayoutEditor.h"
 #include "dialogs/testing/RecordingBoxes.h"
 #include "platform/testing/TemporaryFolder.h"
 #include "tests/kit/TestComponent.h"

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "dialogs/FrmImpTable.h"
+#include "dialogs/ImpTablePresenter.h"
 
 namespace imptable {
 

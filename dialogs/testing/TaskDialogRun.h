@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "dialogs/FrmImpTable.h"
+#include "dialogs/ImpTablePresenter.h"
 #include "dialogs/testing/RecordingBoxes.h"
 #include "dialogs/testing/RecordingImpTableView.h"
 #include "dialogs/testing/RegistryJournal.h"

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "dialogs/TypeMenu.h"
+#include "dialogs/columns/TypeMenu.h"
 
 namespace imptable {
 namespace {

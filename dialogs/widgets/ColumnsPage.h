@@ -4,7 +4,7 @@
 #include <functional>
 #include <memory>
 
-#include "dialogs/ColumnLayoutEditor.h"
+#include "dialogs/columns/ColumnLayoutEditor.h"
 #include "dialogs/widgets/ColumnGrid.h"
 #include "dialogs/widgets/OriginPicker.h"
 #include "dialogs/widgets/PageBuilder.h"

@@ -5,7 +5,7 @@
 
 #include <functional>
 
-#include "plugin/core/ModuleCommun.h"
+#include "core/ModuleCommun.h"
 
 namespace imptable {
 

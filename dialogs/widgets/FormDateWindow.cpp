@@ -7,7 +7,7 @@
 #include <wx/statbox.h>
 #include <wx/textctrl.h>
 
-#include "dialogs/DateFormat.h"
+#include "dialogs/columns/DatePattern.h"
 #include "dialogs/widgets/AccessibleName.h"
 #include "dialogs/widgets/DialogFrame.h"
 #include "dialogs/widgets/DialogIcon.h"

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "dialogs/FormDate.h"
+#include "dialogs/columns/DateFormatPresenter.h"
 #include "dialogs/widgets/WidgetText.h"
 
 class wxCheckBox;

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "dialogs/FormNombre.h"
+#include "dialogs/columns/NumberPresenter.h"
 #include "dialogs/widgets/WidgetText.h"
 
 class wxTextCtrl;

@@ -3,7 +3,7 @@
 
 #include <wx/dialog.h>
 
-#include "dialogs/FrmTable.h"
+#include "dialogs/TablePickerPresenter.h"
 #include "dialogs/widgets/WidgetText.h"
 
 class wxListView;

@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "dialogs/FrmImpTable.h"
+#include "dialogs/ImpTablePresenter.h"
 #include "dialogs/widgets/ColumnsPage.h"
 #include "dialogs/widgets/PageBuilder.h"
 #include "dialogs/widgets/WidgetText.h"

@@ -1,5 +1,5 @@
 #include "dialogs/widgets/InputTime.h"
-#include "platform/Windows_win32.h"
+#include "platform/windows/Windows_win32.h"
 
 namespace imptable {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "dialogs/ColumnLayoutState.h"
+#include "dialogs/columns/ColumnLayoutState.h"
 #include "dialogs/widgets/PageBuilder.h"
 #include "dialogs/widgets/WidgetText.h"
 

@@ -1,7 +1,7 @@
 #include <wx/listbox.h>
 
 #include "dialogs/widgets/Overlay.h"
-#include "platform/Windows_win32.h"
+#include "platform/windows/Windows_win32.h"
 
 namespace imptable {
 

@@ -3,7 +3,7 @@
 
 #include <wx/toplevel.h>
 
-#include "platform/Windows_win32.h"
+#include "platform/windows/Windows_win32.h"
 
 namespace imptable {
 

@@ -3,8 +3,8 @@
 
 #include "dialogs/DialogBoxes.h"
 #include "dialogs/widgets/WidgetText.h"
-#include "platform/MousePointer.h"
-#include "platform/WarningBox.h"
+#include "platform/system/MousePointer.h"
+#include "platform/system/WarningBox.h"
 
 namespace imptable {
 

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "dialogs/AdministratorPath.h"
-#include "platform/ProcessLauncher.h"
+#include "platform/system/ProcessLauncher.h"
 
 namespace imptable {
 namespace {

@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
+#include "core/TaskDialog.h"
 #include "dialogs/DialogServices.h"
-#include "plugin/TaskDialog.h"
 
 class wxWindow;
 

@@ -7,8 +7,8 @@
 #include "dialogs/widgets/WidgetOdbcAdministrator.h"
 #include "dialogs/widgets/WidgetTaskDialogs.h"
 #include "host/HostError.h"
-#include "host/KeyName.h"
 #include "host/RunHost.h"
+#include "host/registry/KeyName.h"
 #include "plugin/ImpTable.h"
 #include "plugin/ScenarioKeys.h"
 

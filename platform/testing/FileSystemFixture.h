@@ -8,7 +8,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "platform/FileSystem.h"
+#include "platform/files/FileSystem.h"
 #include "platform/testing/TemporaryFolder.h"
 
 namespace imptable {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/Clock.h"
+#include "platform/system/Clock.h"
 
 namespace imptable {
 

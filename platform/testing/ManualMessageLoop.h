@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/MessageLoop.h"
+#include "platform/system/MessageLoop.h"
 
 namespace imptable {
 

@@ -8,7 +8,7 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/FileSystem.h"
+#include "platform/files/FileSystem.h"
 
 namespace imptable {
 

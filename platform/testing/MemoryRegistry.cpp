@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "platform/NameFolding.h"
-#include "platform/RegistryPath.h"
+#include "platform/registry/RegistryPath.h"
+#include "platform/text/NameFolding.h"
 
 namespace imptable {
 namespace {

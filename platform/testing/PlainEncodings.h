@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/TextEncoding.h"
+#include "platform/text/TextEncoding.h"
 
 namespace imptable {
 

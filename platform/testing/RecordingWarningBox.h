@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/WarningBox.h"
+#include "platform/system/WarningBox.h"
 
 namespace imptable {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Registry.h"
-#include "platform/TextEncoding.h"
+#include "platform/registry/Registry.h"
+#include "platform/text/TextEncoding.h"
 
 namespace imptable {
 

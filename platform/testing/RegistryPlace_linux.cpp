@@ -1,5 +1,5 @@
-#include "platform/RegistryStore.h"
-#include "platform/SqliteRegistry.h"
+#include "platform/registry/RegistryStore.h"
+#include "platform/registry/SqliteRegistry.h"
 #include "platform/testing/PlainEncodings.h"
 #include "platform/testing/RegistryPlace.h"
 #include "platform/testing/TemporaryFolder.h"

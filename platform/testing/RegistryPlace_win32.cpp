@@ -1,8 +1,8 @@
 #include <random>
 
-#include "platform/Registry_win32.h"
-#include "platform/Windows_win32.h"
+#include "platform/registry/Registry_win32.h"
 #include "platform/testing/RegistryPlace.h"
+#include "platform/windows/Windows_win32.h"
 
 namespace imptable {
 namespace {

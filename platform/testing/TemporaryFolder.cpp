@@ -6,7 +6,7 @@
 #include <random>
 #include <system_error>
 
-#include "platform/FileSystem.h"
+#include "platform/files/FileSystem.h"
 
 namespace imptable {
 namespace {

@@ -6,7 +6,7 @@
 #include <ios>
 #include <string>
 
-#include "platform/FileSystem.h"
+#include "platform/files/FileSystem.h"
 
 namespace imptable {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "platform/ProfileFileReader.h"
+#include "platform/files/ProfileFileReader.h"
 #include "platform/testing/FaultyFileSystem.h"
 #include "platform/testing/ManualClock.h"
 #include "platform/testing/ManualMessageLoop.h"

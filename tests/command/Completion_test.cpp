@@ -4,7 +4,7 @@
 #include <sstream>
 
 #include "host/CommandLine.h"
-#include "host/SettingsTable.h"
+#include "host/tasks/SettingsTable.h"
 #include "platform/testing/TemporaryFolder.h"
 #include "tests/command/ChildProcess.h"
 

@@ -6,7 +6,7 @@
 #include <sstream>
 #include <string>
 
-#include "host/SettingsTable.h"
+#include "host/tasks/SettingsTable.h"
 
 namespace imptable {
 namespace {

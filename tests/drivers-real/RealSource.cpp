@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <thread>
 
-#include "import/TargetTable.h"
+#include "import/target/TargetTable.h"
 
 namespace imptable {
 namespace {

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/FileSystem.h"
+#include "platform/files/FileSystem.h"
 #include "platform/testing/TemporaryFolder.h"
 #include "plugin/ImpTable.h"
 #include "tests/drivers/ScriptedDataSource.h"

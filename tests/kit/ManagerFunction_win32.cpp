@@ -1,4 +1,4 @@
-#include "platform/Windows_win32.h"
+#include "platform/windows/Windows_win32.h"
 #include "tests/kit/ManagerFunction.h"
 
 namespace imptable {

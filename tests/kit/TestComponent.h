@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/ProfileFileReader.h"
+#include "platform/files/ProfileFileReader.h"
 #include "platform/testing/FaultyFileSystem.h"
 #include "platform/testing/ManualClock.h"
 #include "platform/testing/ManualMessageLoop.h"

@@ -1,6 +1,6 @@
 #include "tests/kit/TestHost.h"
 
-#include "plugin/core/RuntimeFault.h"
+#include "core/RuntimeFault.h"
 
 namespace imptable {
 namespace {

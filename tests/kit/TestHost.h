@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/MousePointer.h"
-#include "plugin/core/HostLibrary.h"
+#include "core/HostLibrary.h"
+#include "platform/system/MousePointer.h"
 
 namespace imptable {
 

@@ -3,13 +3,13 @@
 
 #include <memory>
 
-#include "platform/ProfileFileReader.h"
+#include "core/ModuleCommun.h"
+#include "platform/files/ProfileFileReader.h"
 #include "platform/testing/ManualClock.h"
 #include "platform/testing/ManualMessageLoop.h"
 #include "platform/testing/PlainEncodings.h"
 #include "platform/testing/RecordingWarningBox.h"
 #include "plugin/StandaloneHostLibrary.h"
-#include "plugin/core/ModuleCommun.h"
 
 namespace imptable {
 

@@ -1,9 +1,11 @@
-#include "import/ValueConversion.h"
-#include "platform/ProfileFileReader.h"
-#include "platform/RegistryStore.h"
-#include "platform/SqliteRegistry.h"
-#include "platform/TextEncoding_linux.h"
-#include "plugin/core/ModuleCommun.h"
+#include "core/ModuleCommun.h"
+#include "import/layout/DateFormat.h"
+#include "import/values/DateConversion.h"
+#include "import/values/NumberConversion.h"
+#include "platform/files/ProfileFileReader.h"
+#include "platform/registry/RegistryStore.h"
+#include "platform/registry/SqliteRegistry.h"
+#include "platform/text/TextEncoding_linux.h"
 #include "tests/opinions/System.h"
 
 namespace imptable {

@@ -1,10 +1,10 @@
 // clang-format off
-#include "platform/Windows_win32.h"
+#include "platform/windows/Windows_win32.h"
 #include <oleauto.h>
 // clang-format on
 
-#include "platform/ProfileFile_win32.h"
-#include "platform/Registry_win32.h"
+#include "platform/files/ProfileFile_win32.h"
+#include "platform/registry/Registry_win32.h"
 #include "tests/opinions/System.h"
 
 namespace imptable {

@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "import/ColumnLayout.h"
-#include "plugin/core/RuntimeFault.h"
+#include "core/RuntimeFault.h"
+#include "import/layout/ColumnLayout.h"
 
 namespace imptable {
 namespace {

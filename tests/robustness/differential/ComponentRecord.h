@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "import/RecordParser.h"
+#include "import/target/RecordParser.h"
 #include "tests/kit/TestComponent.h"
 #include "tests/robustness/differential/RuleModel.h"
 

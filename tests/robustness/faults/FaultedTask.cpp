@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "plugin/ResumeRule.h"
+#include "import/ledger/ResumeRule.h"
 
 namespace imptable {
 namespace {

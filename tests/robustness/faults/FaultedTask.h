@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/ProfileFileReader.h"
+#include "platform/files/ProfileFileReader.h"
 #include "platform/testing/ManualClock.h"
 #include "platform/testing/ManualMessageLoop.h"
 #include "platform/testing/MemoryRegistry.h"

@@ -8,7 +8,7 @@
 #include <system_error>
 #include <vector>
 
-#include "platform/FileSystem.h"
+#include "platform/files/FileSystem.h"
 #include "tests/robustness/faults/FaultPlan.h"
 
 namespace imptable {

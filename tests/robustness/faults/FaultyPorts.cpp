@@ -4,7 +4,7 @@
 #include <system_error>
 #include <utility>
 
-#include "plugin/core/RuntimeFault.h"
+#include "core/RuntimeFault.h"
 
 namespace imptable {
 namespace {

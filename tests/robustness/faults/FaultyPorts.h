@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/ProfileFile.h"
-#include "platform/Registry.h"
+#include "platform/files/ProfileFile.h"
+#include "platform/registry/Registry.h"
 #include "tests/kit/TestHost.h"
 #include "tests/robustness/faults/FaultPlan.h"
 

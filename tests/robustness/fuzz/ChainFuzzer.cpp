@@ -5,9 +5,9 @@
 #include <optional>
 #include <string>
 
-#include "import/ResumeChain.h"
-#include "import/ResumeDecisions.h"
-#include "plugin/core/RuntimeFault.h"
+#include "core/RuntimeFault.h"
+#include "import/ledger/ResumeChain.h"
+#include "import/ledger/ResumeDecisions.h"
 #include "tests/robustness/fuzz/FuzzInput.h"
 #include "tests/robustness/fuzz/MemoryFiles.h"
 #include "tests/robustness/fuzz/Property.h"

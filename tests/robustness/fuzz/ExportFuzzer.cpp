@@ -3,8 +3,8 @@
 #include <variant>
 #include <vector>
 
-#include "host/RegistryExportFile.h"
-#include "host/RegistryExportText.h"
+#include "host/registry/RegistryExportFile.h"
+#include "host/registry/RegistryExportText.h"
 #include "platform/testing/PlainEncodings.h"
 #include "tests/robustness/fuzz/FuzzInput.h"
 #include "tests/robustness/fuzz/Property.h"

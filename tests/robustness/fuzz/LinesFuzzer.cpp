@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "import/LineReader.h"
+#include "import/source/LineReader.h"
 #include "tests/robustness/fuzz/FuzzInput.h"
 #include "tests/robustness/fuzz/MemoryInput.h"
 #include "tests/robustness/fuzz/Property.h"

@@ -7,7 +7,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/FileSystem.h"
+#include "platform/files/FileSystem.h"
 #include "tests/robustness/fuzz/MemoryInput.h"
 
 namespace imptable {

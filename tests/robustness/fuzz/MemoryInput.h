@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/FileSystem.h"
+#include "platform/files/FileSystem.h"
 
 namespace imptable {
 

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <string>
 
-#include "platform/ProfileFileReader.h"
+#include "platform/files/ProfileFileReader.h"
 #include "platform/testing/PlainEncodings.h"
 #include "tests/robustness/fuzz/FuzzInput.h"
 #include "tests/robustness/fuzz/MemoryFiles.h"

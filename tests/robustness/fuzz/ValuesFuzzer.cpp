@@ -2,9 +2,11 @@
 #include <array>
 #include <string>
 
-#include "import/CharacterCount.h"
-#include "import/ParameterBuffer.h"
-#include "import/ValueConversion.h"
+#include "import/layout/DateFormat.h"
+#include "import/values/DateConversion.h"
+#include "import/values/NumberConversion.h"
+#include "import/values/ParameterBuffer.h"
+#include "platform/text/CharacterCount.h"
 #include "tests/robustness/differential/RuleValues.h"
 #include "tests/robustness/fuzz/FuzzInput.h"
 #include "tests/robustness/fuzz/Property.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "plugin/automation/AutomationApi.h"
+#include "automation/AutomationApi.h"
 
 namespace imptable {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "plugin/automation/AutomationText.h"
+#include "automation/AutomationText.h"
 #include "tests/win32/component/ComponentDll.h"
 
 namespace imptable {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "plugin/automation/ComPointer.h"
+#include "automation/ComPointer.h"
 
 namespace imptable {
 

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "plugin/automation/testing/StandInHost.h"
+#include "automation/testing/StandInHost.h"
 #include "tests/win32/component/TaskKeys.h"
 
 namespace imptable {

@@ -1,6 +1,6 @@
 // What registration writes, and that nothing of it stays.
 
-#include "plugin/automation/Registration.h"
+#include "automation/Registration.h"
 
 #include <gmock/gmock.h>
 

@@ -5,7 +5,7 @@
 
 #include <array>
 
-#include "plugin/automation/AutomationText.h"
+#include "automation/AutomationText.h"
 #include "tests/win32/component/ComponentDll.h"
 
 namespace imptable {

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "plugin/automation/AutomationText.h"
+#include "automation/AutomationText.h"
 
 namespace imptable {
 namespace {

@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-#include "plugin/automation/AutomationText.h"
+#include "automation/AutomationText.h"
 #include "tests/win32/dialogs/ScreenPicture.h"
 #include "tests/win32/dialogs/ScreenWindows.h"
 #include "tests/win32/dialogs/SeenControls.h"

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/Windows_win32.h"
+#include "platform/windows/Windows_win32.h"
 
 namespace imptable {
 

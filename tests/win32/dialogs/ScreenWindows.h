@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/Windows_win32.h"
+#include "platform/windows/Windows_win32.h"
 
 // Windows of any process, as whoever looks at the screen sees them.
 

@@ -5,7 +5,7 @@
 #include <fstream>
 #include <string>
 
-#include "platform/Windows_win32.h"
+#include "platform/windows/Windows_win32.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #ifndef TESTS_WIN32_HOST_EVENTCOUNTER_H_
 #define TESTS_WIN32_HOST_EVENTCOUNTER_H_
 
-#include "platform/Windows_win32.h"
+#include "platform/windows/Windows_win32.h"
 
 struct IConnectionPoint;
 

@@ -3,10 +3,10 @@
 #include <memory>
 #include <type_traits>
 
-#include "host/RegistryExportText.h"
-#include "host/ShownValue.h"
-#include "platform/Windows_win32.h"
-#include "plugin/core/StoredValue.h"
+#include "core/StoredValue.h"
+#include "host/registry/RegistryExportText.h"
+#include "host/tasks/ShownValue.h"
+#include "platform/windows/Windows_win32.h"
 #include "tests/win32/host/Failure.h"
 #include "tests/win32/host/WideText.h"
 

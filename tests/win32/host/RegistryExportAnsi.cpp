@@ -1,5 +1,5 @@
-#include "host/RegistryExportText.h"
-#include "platform/Windows_win32.h"
+#include "host/registry/RegistryExportText.h"
+#include "platform/windows/Windows_win32.h"
 #include "tests/win32/host/WideText.h"
 
 namespace imptable {

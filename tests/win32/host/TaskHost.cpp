@@ -24,14 +24,14 @@
 #include <iterator>
 #include <optional>
 
-#include "host/Assignment.h"
-#include "host/RegistryExportFile.h"
-#include "host/SettingsTable.h"
-#include "host/ShownValue.h"
-#include "platform/TextEncoding.h"
-#include "platform/Windows_win32.h"
+#include "core/StoredValue.h"
+#include "host/registry/RegistryExportFile.h"
+#include "host/tasks/Assignment.h"
+#include "host/tasks/SettingsTable.h"
+#include "host/tasks/ShownValue.h"
+#include "platform/text/TextEncoding.h"
+#include "platform/windows/Windows_win32.h"
 #include "plugin/ScenarioKeys.h"
-#include "plugin/core/StoredValue.h"
 #include "tests/win32/host/EventCounter.h"
 #include "tests/win32/host/Failure.h"
 #include "tests/win32/host/LateBoundTask.h"

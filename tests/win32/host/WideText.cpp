@@ -1,6 +1,6 @@
 #include "tests/win32/host/WideText.h"
 
-#include "platform/Windows_win32.h"
+#include "platform/windows/Windows_win32.h"
 
 namespace imptable {
 

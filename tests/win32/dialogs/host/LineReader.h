@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Windows_win32.h"
+#include "platform/windows/Windows_win32.h"
 
 namespace imptable {
 

@@ -8,8 +8,8 @@
 #include <thread>
 #include <vector>
 
-#include "plugin/automation/AutomationText.h"
-#include "plugin/automation/testing/StandInHost.h"
+#include "automation/AutomationText.h"
+#include "automation/testing/StandInHost.h"
 #include "tests/win32/component/ComponentDll.h"
 #include "tests/win32/dialogs/host/LineReader.h"
 #include "tests/win32/dialogs/host/ScarceMemory.h"

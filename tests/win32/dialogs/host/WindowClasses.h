@@ -1,7 +1,7 @@
 #ifndef TESTS_WIN32_DIALOGS_HOST_WINDOW_CLASSES_H_
 #define TESTS_WIN32_DIALOGS_HOST_WINDOW_CLASSES_H_
 
-#include "platform/Windows_win32.h"
+#include "platform/windows/Windows_win32.h"
 
 namespace imptable {
 

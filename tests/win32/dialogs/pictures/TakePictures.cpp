@@ -6,7 +6,7 @@
 #include <iostream>
 #include <string>
 
-#include "plugin/automation/AutomationText.h"
+#include "automation/AutomationText.h"
 #include "tests/win32/dialogs/DialogWords.h"
 #include "tests/win32/dialogs/HostProcess.h"
 #include "tests/win32/dialogs/ScreenPerson.h"

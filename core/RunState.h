@@ -1,0 +1,121 @@
+#ifndef CORE_RUN_STATE_H_
+#define CORE_RUN_STATE_H_
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/HostLibrary.h"
+#include "core/RuntimeFault.h"
+
+namespace imptable {
+
+/// Values of "Etat", seen by the host: never change.
+enum class RunStatus : std::int16_t { kNone = 0, kRunning = 1, kSucceeded = 2, kFailed = 3 };
+
+/// Value of the run request that asks for a resume.
+inline constexpr std::int16_t kResumeRequest = 2;
+
+/// What a run has done so far, for whoever watches it. Lines, but for the bytes.
+struct RunProgress {
+  std::int64_t read = 0;
+  std::int64_t inserted = 0;
+  std::int64_t modified = 0;
+  std::int64_t deleted = 0;
+  std::int64_t errors = 0;
+  std::int64_t ignored = 0;    // duplicates that the task's settings ignore
+  std::int64_t skipped = 0;    // done by the run that this one resumes
+  std::int64_t unmatched = 0;  // changed or deleted no row, though nothing was wrong with them
+  /// Rows deleted before the import; nullopt when the data source didn't count them.
+  std::optional<std::int64_t> deleted_before = 0;
+  std::uint64_t bytes_read = 0;
+  std::uint64_t bytes_in_file = 0;
+};
+
+/// What a run found in the place of its source.
+enum class SourceState : std::uint8_t { kUnknown, kMissing, kEmpty, kPresent };
+
+/// One value of "Champs": where a table column's value comes from.
+struct StoredAssignment {
+  std::string name;  // the number of the table column
+  std::string value;
+};
+
+/// A setting without a value to run with.
+struct MissingValue {
+  std::string setting;
+  std::string stored;    // what the registry has
+  std::string variable;  // that it names and that isn't set; empty when it names none
+};
+
+/// A task as one run takes it: read once, with every "@" reference resolved.
+struct OpenedTask {
+  std::string scenario;
+  std::string task;
+  std::string data_source;
+  std::string login;
+  std::string password;
+  std::string owner;
+  std::string table;
+  std::string alias;      // as stored, trailing blanks included
+  std::string directory;  // ends with the path separator
+  std::int16_t mode = 0;
+  std::int16_t deletion_mode = 0;
+  std::int32_t error_limit = 0;
+  std::int16_t resume_option = 0;  // "RecErreurs"
+  std::int16_t trace_option = 0;   // "RecTrace": 1 when a trace alone is enough for a resume
+  std::int16_t empty_file_policy = 0;
+  std::int16_t separator_option = 0;  // "SepDec"
+  std::int16_t null_option = 0;
+  std::int16_t parameter_option = 0;
+  std::int16_t full_file_name = 0;
+  std::string delimiter;
+  std::int16_t delimited = 0;
+  std::vector<std::string> column_layout;     // entry of file column n at n - 1
+  std::vector<StoredAssignment> assignments;  // "Champs", in the order of the registry
+  std::map<std::string, std::string, std::less<>> variables;  // that the assignments name
+  std::string key_or_index;
+  std::int16_t primary_key = 0;
+  std::int16_t duplicate_key = 0;
+  std::string error_code;
+
+  /// Why no run of this task may begin: a reference names a variable that isn't set, or the data
+  /// source is empty.
+  std::optional<MissingValue> refusal;
+
+  /// The assignments whose variable isn't set: their columns get null.
+  std::vector<MissingValue> unset_origins;
+};
+
+/// What one run shares with the import engine: the task and the run's flags. Lives until the next
+/// run overwrites it.
+struct RunState : OpenedTask {
+  bool resume = false;
+  SourceState source_state = SourceState::kUnknown;
+
+  /// Set before a run: a resume takes whatever source there is for that of the chain.
+  bool takes_changed_source = false;
+  bool requires_file = false;  // a data file that is missing fails the run
+
+  bool pre_deletion_failed = false;
+  RunStatus status = RunStatus::kNone;
+  HostDisplay* display = nullptr;  // borrowed from the host for the length of the run
+  RunProgress progress;
+
+  /// The fault that ended the last run or one of its modes; empty when there was none.
+  std::optional<RuntimeFault> fault;
+
+  /// The run ended before its last line because that was asked for.
+  bool interrupted = false;
+
+  /// Set from a signal handler or another thread: the run ends after the current line.
+  std::atomic<bool> stop_requested{false};
+};
+
+}  // namespace imptable
+
+#endif  // CORE_RUN_STATE_H_

@@ -1,0 +1,94 @@
+#include "dialogs/columns/ColumnCheck.h"
+
+#include "dialogs/WholeNumber.h"
+#include "dialogs/columns/DatePattern.h"
+#include "dialogs/columns/FieldAssignment.h"
+
+namespace imptable {
+namespace {
+
+constexpr std::int32_t kEnterDateFormat = 149;
+constexpr std::int32_t kLengthMustBeGreater = 150;
+constexpr std::int32_t kThanDecimals = 151;
+constexpr std::int32_t kColumn = 152;
+constexpr std::int32_t kEnterOrigin = 154;
+constexpr std::int32_t kUnknownColumn = 155;
+
+/// The message that asks for a length; 0 for a type that needs none.
+std::int32_t LengthMessage(FileColumnType type) {
+  switch (type) {
+    case FileColumnType::kText:
+    case FileColumnType::kBoolean:
+      return 143;
+    case FileColumnType::kByte:
+      return 144;
+    case FileColumnType::kInteger:
+      return 145;
+    case FileColumnType::kLong:
+      return 146;
+    case FileColumnType::kSingle:
+      return 147;
+    case FileColumnType::kDouble:
+      return 148;
+    case FileColumnType::kDate:
+      return 0;
+  }
+  return 0;
+}
+
+bool LeavesRoomForDecimals(const FileColumn& column) {
+  if (column.type != FileColumnType::kSingle && column.type != FileColumnType::kDouble) return true;
+  return ReadWholeNumber(column.length).value_or(0) > ReadWholeNumber(column.decimals).value_or(0);
+}
+
+/// @param number  of the column, as the user counts.
+std::string FailureOf(const ModuleCommun& module, const FileColumn& column, bool fixed_width,
+                      const std::string& number) {
+  const std::int32_t length_message = LengthMessage(column.type);
+  if (fixed_width && length_message != 0 && column.length.empty()) {
+    return module.MessageText(length_message) + number;
+  }
+  if (fixed_width && !LeavesRoomForDecimals(column)) {
+    return module.MessageText(kLengthMustBeGreater) + ' ' + module.MessageText(kThanDecimals) +
+           module.MessageText(kColumn) + number;
+  }
+  if (column.type == FileColumnType::kDate && !ReadDateFormat(module, column.decimals)) {
+    return module.MessageText(kEnterDateFormat) + number;
+  }
+  return {};
+}
+
+std::string FailureOf(const ModuleCommun& module, const FieldRow& row,
+                      std::size_t file_column_count) {
+  if (row.origin.empty() || row.origin == kVariableOrigin) {
+    return module.MessageText(kEnterOrigin) + row.name;
+  }
+  const auto number = NumberOfFileColumnOrigin(module, row.origin);
+  if (!number) return {};
+  const bool known = *number > 0 && static_cast<std::size_t>(*number) <= file_column_count;
+  return known ? std::string() : module.MessageText(kUnknownColumn);
+}
+
+}  // namespace
+
+std::optional<LayoutFailure> CheckFileColumns(const ModuleCommun& module,
+                                              const std::vector<FileColumn>& columns,
+                                              bool fixed_width) {
+  for (std::size_t row = 0; row < columns.size(); ++row) {
+    std::string text = FailureOf(module, columns[row], fixed_width, std::to_string(row + 1));
+    if (!text.empty()) return LayoutFailure{std::move(text), row};
+  }
+  return std::nullopt;
+}
+
+std::optional<LayoutFailure> CheckFields(const ModuleCommun& module,
+                                         const std::vector<FieldRow>& rows,
+                                         std::size_t file_column_count) {
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    std::string text = FailureOf(module, rows[row], file_column_count);
+    if (!text.empty()) return LayoutFailure{std::move(text), row};
+  }
+  return std::nullopt;
+}
+
+}  // namespace imptable

@@ -1,0 +1,49 @@
+#ifndef DIALOGS_COLUMNS_FIELD_ASSIGNMENT_H_
+#define DIALOGS_COLUMNS_FIELD_ASSIGNMENT_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/ModuleCommun.h"
+#include "dialogs/columns/ColumnLayoutState.h"
+#include "odbc/Catalogue.h"
+
+namespace imptable {
+
+// Origins of the list, the same in both languages.
+inline constexpr std::string_view kIgnoreOrigin = "Ignore";
+inline constexpr std::string_view kNullOrigin = "Null";
+inline constexpr std::string_view kVariableOrigin = "Variable";
+
+/// The origin that names a column of the source file.
+/// @param number  from 1.
+std::string FileColumnOrigin(const ModuleCommun& module, std::int32_t number);
+
+/// The number that an origin of that form names; 0 when it names none.
+/// @return nullopt for an origin of any other form.
+std::optional<std::int32_t> NumberOfFileColumnOrigin(const ModuleCommun& module,
+                                                     std::string_view origin);
+
+/// A typed origin as the grid shows it.
+/// @return nullopt for a text that "Champs" can't hold or that the import would take otherwise.
+std::optional<std::string> TypedOrigin(const ModuleCommun& module, std::string_view text);
+
+/// The value of "Champs" that stores a row: its name, format and origin, separated by ",".
+std::string FieldAssignmentCode(const ModuleCommun& module, const FieldRow& row);
+
+/// The reverse of FieldAssignmentCode; the number is left to the caller. A "," between parentheses
+/// belongs to the format, any other one before that to the name.
+/// @param readable  set to false when the origin names no file column though it has to; it is then
+/// left empty.
+FieldRow ReadFieldAssignment(const ModuleCommun& module, std::string_view code, bool& readable);
+
+/// A table's column as Grid2 shows its format: type name, and for texts, bytes and decimal numbers
+/// the size, as VARCHAR(30) and DECIMAL(10,2). A type name that has a size already stays as it is.
+std::string TableColumnFormat(const TableColumn& column);
+
+}  // namespace imptable
+
+#endif  // DIALOGS_COLUMNS_FIELD_ASSIGNMENT_H_

@@ -1,0 +1,91 @@
+#include "dialogs/columns/StoredLayout.h"
+
+#include "dialogs/columns/FieldAssignment.h"
+
+namespace imptable {
+namespace {
+
+constexpr std::string_view kFileColumns = "Colonnes";
+constexpr std::string_view kFields = "Champs";
+
+std::string Subkey(std::string_view task, std::string_view name) {
+  return std::string(task) + '\\' + std::string(name);
+}
+
+std::string ValueName(std::string_view subkey, std::string_view name) {
+  return std::string(subkey) + '\\' + std::string(name);
+}
+
+/// A subkey that is written anew, value by value.
+class Rewriting {
+ public:
+  Rewriting(ModuleCommun& module, std::string_view task, std::string_view name)
+      : module_(module), path_(Subkey(task, name)) {
+    const std::int32_t code = module.DeleteKey(task, name);
+    if (code != kRegistryNotFound) code_ = code;
+  }
+
+  /// Values are named "1", "2", ... in the order of the calls.
+  void Add(const std::string& value) {
+    const std::int32_t code = module_.WriteText(path_, std::to_string(++count_), value);
+    if (code_ == kRegistryOk) code_ = code;
+  }
+
+  std::int32_t code() const { return code_; }
+
+ private:
+  ModuleCommun& module_;
+  std::string path_;
+  std::size_t count_ = 0;
+  std::int32_t code_ = kRegistryOk;
+};
+
+}  // namespace
+
+std::vector<FileColumn> ReadColonnes(const ModuleCommun& module, std::string_view task,
+                                     bool fixed_width, std::size_t count,
+                                     std::vector<UnreadableValue>& unreadable) {
+  const std::string path = Subkey(task, kFileColumns);
+  std::vector<FileColumn> columns(count);
+  if (count == 0 || module.ValueNames(path).empty()) return columns;
+  for (std::size_t n = 1; n <= count; ++n) {
+    const std::string name = std::to_string(n);
+    const std::string code = AsText(module.ReadValue(path, name));
+    bool readable = true;
+    columns[n - 1] = ReadFileColumn(module, code, fixed_width, readable);
+    if (!readable) unreadable.push_back({ValueName(kFileColumns, name), code});
+  }
+  return columns;
+}
+
+std::vector<FieldRow> ReadChamps(const ModuleCommun& module, std::string_view task,
+                                 std::vector<UnreadableValue>& unreadable) {
+  const std::string path = Subkey(task, kFields);
+  std::vector<FieldRow> rows;
+  for (const std::string& name : module.ValueNames(path)) {
+    const std::string code = AsText(module.ReadValue(path, name));
+    bool readable = !code.empty();
+    rows.push_back(ReadFieldAssignment(module, code, readable));
+    if (!readable) unreadable.push_back({ValueName(kFields, name), code});
+  }
+  return rows;
+}
+
+std::int32_t WriteColonnes(ModuleCommun& module, std::string_view task, bool fixed_width,
+                           const std::vector<FileColumn>& columns) {
+  Rewriting subkey(module, task, kFileColumns);
+  for (const FileColumn& column : columns) {
+    subkey.Add(FileColumnCode(module, column, fixed_width));
+  }
+  return subkey.code();
+}
+
+std::int32_t WriteChamps(ModuleCommun& module, std::string_view task, bool assigned,
+                         const std::vector<FieldRow>& rows) {
+  Rewriting subkey(module, task, kFields);
+  if (!assigned) return subkey.code();
+  for (const FieldRow& row : rows) subkey.Add(FieldAssignmentCode(module, row));
+  return subkey.code();
+}
+
+}  // namespace imptable

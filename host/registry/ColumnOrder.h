@@ -1,0 +1,22 @@
+#ifndef HOST_REGISTRY_COLUMN_ORDER_H_
+#define HOST_REGISTRY_COLUMN_ORDER_H_
+
+#include <vector>
+
+#include "platform/registry/RegistryStore.h"
+
+namespace imptable {
+
+/// Whether a key holds one value per column of a task: its "Colonnes" or its "Champs".
+bool IsColumnKey(const KeyPath& key);
+
+/// Leaves the values of a key in the order of the numbers that are their names; a run reads
+/// "Champs" in the order in which the registry lists it. Other names come last.
+void OrderByNumber(RegistryStore& store, const KeyPath& key);
+
+/// The same for every column key that one of the edits writes to.
+void OrderColumnsOf(RegistryStore& store, const std::vector<RegistryEdit>& edits);
+
+}  // namespace imptable
+
+#endif  // HOST_REGISTRY_COLUMN_ORDER_H_

@@ -1,0 +1,22 @@
+#ifndef HOST_REGISTRY_KEY_NAME_H_
+#define HOST_REGISTRY_KEY_NAME_H_
+
+#include <cstddef>
+#include <string>
+
+#include "platform/registry/Registry.h"
+#include "platform/text/TextEncoding.h"
+
+namespace imptable {
+
+// What the registry of the other platform holds at most; what is more could never go there.
+inline constexpr std::size_t kLongestKeyName = 255;      // characters of UTF-16
+inline constexpr std::size_t kLongestValueName = 16383;  // the same
+inline constexpr std::size_t kDeepestKey = 512;          // keys, from the root's subkeys on
+
+/// @throws HostError  wrong usage, when no registry key can have this name.
+void RequireName(const TextEncoding& encoding, const std::string& name);
+
+}  // namespace imptable
+
+#endif  // HOST_REGISTRY_KEY_NAME_H_

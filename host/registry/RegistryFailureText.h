@@ -1,0 +1,17 @@
+#ifndef HOST_REGISTRY_REGISTRY_FAILURE_TEXT_H_
+#define HOST_REGISTRY_REGISTRY_FAILURE_TEXT_H_
+
+#include <string>
+
+#include "host/HostTexts.h"
+#include "platform/registry/RegistryFileError.h"
+
+namespace imptable {
+
+/// What is wrong with the registry file and what to do, in one line. The reason that the system
+/// gave stands in its own words.
+std::string RegistryFailureText(const RegistryFileError& error, const HostTexts& texts);
+
+}  // namespace imptable
+
+#endif  // HOST_REGISTRY_REGISTRY_FAILURE_TEXT_H_

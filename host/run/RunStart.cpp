@@ -1,0 +1,149 @@
+#include "host/run/RunStart.h"
+
+#include "core/FileLook.h"
+#include "host/HostError.h"
+#include "host/run/OwnCommand.h"
+#include "import/ledger/ReplacingFile.h"
+#include "plugin/ResumeOutlook.h"
+#include "plugin/ScenarioKeys.h"
+#include "plugin/TaskLoading.h"
+
+namespace imptable {
+namespace {
+
+constexpr std::string_view kOldSuffix = ".OLD";
+
+class Decision {
+ public:
+  Decision(HostContext& context, const CommandRequest& request)
+      : context_(context), request_(request), module_(context.state.commun) {}
+
+  RunStart Make() {
+    Load();
+    outlook_ = Look();
+    if (outlook_.answer == ResumeAnswer::kResumes) return {.resumes = true};
+    if (!request_.automatic) throw Refusal();
+    if (outlook_.answer == ResumeAnswer::kNothing) return {};
+    if (IsEndOfChainWithAnotherSource()) return {.resumes = false, .given_up = GiveUp()};
+    throw Refusal();
+  }
+
+ private:
+  void Load() {
+    module_.location = TasksKey(request_.scenario);
+    TakeTask(module_, module_.opened_task ? *module_.opened_task
+                                          : OpenTask(module_, request_.scenario, request_.task));
+  }
+
+  ResumeOutlook Look() {
+    try {
+      return LookAtResume(module_);
+    } catch (const RuntimeFault& fault) {
+      throw HostError(ExitCode::kFault, HostText::kResumeDamaged,
+                      {request_.task, module_.FaultText(fault)});
+    }
+  }
+
+  bool IsEndOfChainWithAnotherSource() const {
+    return outlook_.obstacle && outlook_.obstacle->kind == ResumeObstacle::Kind::kOtherSource &&
+           outlook_.chain.mark == ChainMark::kRead;
+  }
+
+  std::string GiveUp() {
+    const std::string count = context_.texts.Number(outlook_.chain.rejected_lines);
+    if (outlook_.chain.rejected_lines == 0) {
+      return context_.texts.Text(HostText::kChainGivenUp,
+                                 {request_.task, outlook_.source_path, count});
+    }
+    const std::string& from = outlook_.chain.rejected_path;
+    const std::string to = from + std::string(kOldSuffix);
+    try {
+      CopiedFile source(*context_.files, from);
+      ReplacingFile copy(*context_.files, to + ".NEW");
+      source.CopyTo(copy.file());
+      copy.Replace(to);
+    } catch (const RuntimeFault& fault) {
+      throw HostError(ExitCode::kFault, HostText::kCannotKeepRejected,
+                      {request_.task, from, module_.FaultText(fault)});
+    }
+    return context_.texts.Text(HostText::kChainGivenUpKept,
+                               {request_.task, outlook_.source_path, count, to});
+  }
+
+  HostError Missing(HostText text, std::vector<std::string> arguments) const {
+    arguments.insert(arguments.begin(), request_.task);
+    return {ExitCode::kMissing, text, std::move(arguments)};
+  }
+
+  std::string ResumeCommand() const { return RunCommandFor(request_, "--resume"); }
+
+  HostError Refusal() const {
+    const ChainFindings& chain = outlook_.chain;
+    const std::string reached = context_.texts.Number(chain.reached);
+    switch (outlook_.answer) {
+      case ResumeAnswer::kResumes:
+      case ResumeAnswer::kDone:
+        return Missing(HostText::kAllIsDone, {outlook_.source_path});
+      case ResumeAnswer::kNothing:
+        if (outlook_.succeeded) return Missing(HostText::kLastRunSucceeded, {});
+        return Missing(HostText::kNothingToResume, {chain.trace_path});
+      case ResumeAnswer::kOptionOff:
+        return Missing(HostText::kResumeOptionOff,
+                       {reached, chain.reached_path, SetCommandFor(request_, "RecErreurs=1"),
+                        ResumeCommand()});
+      case ResumeAnswer::kNeedsTraceOption:
+        return Missing(
+            HostText::kResumeNeedsTrace,
+            {reached, chain.reached_path, SetCommandFor(request_, "RecTrace=1"), ResumeCommand()});
+      case ResumeAnswer::kNoSource:
+        return Missing(HostText::kResumeNoSource, {outlook_.source_path});
+      case ResumeAnswer::kEmptySource:
+        return Missing(HostText::kResumeEmptySource, {outlook_.source_path});
+      case ResumeAnswer::kModeImportsNothing:
+        return Missing(HostText::kResumeImportsNothing,
+                       {std::to_string(module_.run.mode), outlook_.source_path});
+      case ResumeAnswer::kObstacle:
+        break;
+    }
+    return ObstacleRefusal(*outlook_.obstacle);
+  }
+
+  HostError ObstacleRefusal(const ResumeObstacle& obstacle) const {
+    const ChainFindings& chain = outlook_.chain;
+    switch (obstacle.kind) {
+      case ResumeObstacle::Kind::kOtherTask:
+        return Missing(HostText::kResumeOtherTask, {chain.chain_path, obstacle.before});
+      case ResumeObstacle::Kind::kOtherTarget:
+        return Missing(HostText::kResumeOtherTarget,
+                       {chain.chain_path, obstacle.setting, obstacle.before, obstacle.now});
+      case ResumeObstacle::Kind::kRejectedLines:
+        return Missing(HostText::kResumeRejectedLines,
+                       {chain.rejected_path, obstacle.now, obstacle.before, chain.trace_path});
+      case ResumeObstacle::Kind::kOtherSource:
+        break;
+    }
+    const SourceIdentity& before = chain.identity->source;
+    const SourceIdentity& now = obstacle.source_now;
+    return Missing(
+        HostText::kResumeOtherSource,
+        {outlook_.source_path, context_.texts.Number(static_cast<std::int64_t>(before.size)),
+         TimeText(before.modified), context_.texts.Number(static_cast<std::int64_t>(now.size)),
+         TimeText(now.modified)});
+  }
+
+  HostContext& context_;
+  const CommandRequest& request_;
+  ModuleCommun& module_;
+  ResumeOutlook outlook_;
+};
+
+}  // namespace
+
+RunStart DecideStart(HostContext& context, const CommandRequest& request) {
+  context.state.commun.run.takes_changed_source = request.changed_file;
+  context.state.commun.run.requires_file = request.require_file;
+  if (!request.resume && !request.automatic) return {};
+  return Decision(context, request).Make();
+}
+
+}  // namespace imptable

@@ -1,0 +1,61 @@
+#include "host/run/RunWarnings.h"
+
+#include "import/layout/ColumnLayout.h"
+#include "import/ledger/TaskFiles.h"
+
+namespace imptable {
+namespace {
+
+constexpr std::int16_t kModes = 5;
+constexpr std::int16_t kModeInsertUpdate = 2;
+constexpr std::int16_t kDeletions = 3;
+constexpr std::int16_t kSelectiveDeletion = 2;
+
+/// The numbers, from 1, of the date columns without one of the date styles.
+std::vector<std::size_t> UnknownDateStyles(const OpenedTask& task) {
+  std::vector<std::size_t> numbers;
+  try {
+    const auto layout = ParseColumnLayout(task.column_layout, task.delimited != 1);
+    for (std::size_t i = 0; i < layout.size(); ++i) {
+      if (layout[i].type == FileColumnType::kDate && layout[i].date.style == 0) {
+        numbers.push_back(i + 1);
+      }
+    }
+  } catch (const RuntimeFault&) {
+    // The run refuses that layout, and says which column.
+  }
+  return numbers;
+}
+
+}  // namespace
+
+std::vector<std::string> RunWarnings(const OpenedTask& task, const FileSystem& files,
+                                     const HostTexts& texts) {
+  std::vector<std::string> warnings;
+  const auto warn = [&](HostText text, const std::vector<std::string>& arguments) {
+    warnings.push_back(texts.Text(text, arguments));
+  };
+  if (task.mode < 0 || task.mode >= kModes || task.mode == kModeInsertUpdate) {
+    warn(HostText::kModeImportsNothing, {std::to_string(task.mode)});
+  }
+  if (task.deletion_mode < 0 || task.deletion_mode >= kDeletions) {
+    warn(HostText::kDeletionIsNone, {std::to_string(task.deletion_mode)});
+  }
+  if (task.deletion_mode == kSelectiveDeletion) {
+    const std::string path = SideFilePath(task, kSelectionExtension);
+    std::error_code error;
+    if (!files.Query(files.Locate(path), error) && !error) {
+      warn(HostText::kNoSelectionFile, {path});
+    }
+  }
+  for (const std::size_t number : UnknownDateStyles(task)) {
+    const std::string column = std::to_string(number);
+    warn(HostText::kNoSuchDateStyle, {column, task.column_layout[number - 1]});
+  }
+  for (const MissingValue& origin : task.unset_origins) {
+    warn(HostText::kOriginIsNull, {origin.setting, origin.stored, origin.variable, task.scenario});
+  }
+  return warnings;
+}
+
+}  // namespace imptable

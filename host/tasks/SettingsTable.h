@@ -1,0 +1,53 @@
+#ifndef HOST_TASKS_SETTINGS_TABLE_H_
+#define HOST_TASKS_SETTINGS_TABLE_H_
+
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/registry/Registry.h"
+
+namespace imptable {
+
+/// Subkeys of a task's key that hold one text per column, named by its number.
+inline constexpr std::string_view kColumnsSubkey = "Colonnes";
+inline constexpr std::string_view kFieldsSubkey = "Champs";
+
+/// What a setting's text has to be for a run to take it.
+enum class SettingText : std::uint8_t {
+  kAny,
+  kReferable,   // any, or "@" and the name of a variable
+  kErrorCode,   // a number, or "@" and the name of a variable
+  kErrorLimit,  // a number of errors
+  kColumn,      // of the data file
+  kField,       // of the table
+};
+
+/// The whole numbers that a setting may have.
+struct NumberRange {
+  std::int32_t least = std::numeric_limits<std::int32_t>::min();
+  std::int32_t most = std::numeric_limits<std::int32_t>::max();
+};
+
+/// Where a setting is stored, as what, and what it may be.
+struct SettingPlace {
+  std::string subkey;  // of the task's key; empty for the task's key itself
+  std::string name;
+  RegistryType type = RegistryType::kText;
+  SettingText text = SettingText::kAny;  // of a text
+  NumberRange range;                     // of a number
+};
+
+/// Finds a setting by its value name, without regard to case: a value of the task's key or
+/// Colonnes\N or Champs\N, N from 1. Takes and gives UTF-8.
+/// @return nullopt for a name that no task has.
+std::optional<SettingPlace> FindSetting(std::string_view name);
+
+/// Every value name of a task's key, in UTF-8, separated by ", ".
+std::string SettingNames();
+
+}  // namespace imptable
+
+#endif  // HOST_TASKS_SETTINGS_TABLE_H_

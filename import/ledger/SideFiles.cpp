@@ -1,0 +1,205 @@
+#include "import/ledger/SideFiles.h"
+
+#include <utility>
+
+#include "core/FileLook.h"
+#include "import/ledger/ReplacingFile.h"
+#include "import/ledger/ResumeChain.h"
+#include "import/ledger/TaskFiles.h"
+#include "import/ledger/TraceLine.h"
+
+namespace imptable {
+namespace {
+
+/// What a side file is put back under until it is complete.
+constexpr std::string_view kNewSuffix = ".NEW";
+
+/// A longer line isn't copied just to save one call.
+constexpr std::size_t kMostJoinedBytes = std::size_t{64} << 10U;
+
+// Numbers of catalogue texts: never change.
+constexpr std::int32_t kMessageLine = 157;
+constexpr std::int32_t kMessageBadRecord = 160;
+constexpr std::int32_t kMessageBadRecordEnd = 161;
+
+/// How the run before this one ended, by what the source holds now.
+ChainMark MarkOf(const ResumeChain& chain, const SourceIdentity& source) {
+  const auto lines = chain.Open();
+  while (lines && lines->Next()) {
+  }
+  if (!lines) return ChainMark::kNone;
+  const bool grown = lines->identity() && lines->identity()->source.size != source.size;
+  return lines->mark() == ChainMark::kRead && grown ? ChainMark::kStopped : lines->mark();
+}
+
+}  // namespace
+
+std::unique_ptr<LineReader> SideFiles::OpenForReading(const std::string& path) {
+  FileSystem& files = module_.platform.files;
+  const std::string located = files.Locate(path);
+  std::error_code error;
+  auto file = files.OpenForReading(located, error);
+  if (!file) throw FileFault(error, located);
+  return std::make_unique<LineReader>(std::move(file), located, module_.platform.encoding.IsUtf8());
+}
+
+void SideFiles::CopyFile(const std::string& from, const std::string& to) {
+  FileSystem& files = module_.platform.files;
+  const std::string located = files.Locate(from);
+  if (!LookAt(files, located)) return;
+  CopiedFile source(files, located);
+  RunFile copy = RunFile::Create(files, to);
+  source.CopyTo(copy);
+  copy.Close();
+}
+
+void SideFiles::AdvanceChain() {
+  const RunState& run = module_.run;
+  ResumeChain chain(module_.platform.files, SideFilePath(run, kChainExtension));
+  const ChainIdentity identity = IdentityOf(module_.platform.files, run);
+  previous_mark_ = MarkOf(chain, identity.source);
+  chain.Advance(SideFilePath(run, kTraceExtension), SideFilePath(run, kRejectedExtension),
+                identity);
+  auto state = chain.Open();
+  if (!state) {
+    throw FileFault(std::make_error_code(std::errc::no_such_file_or_directory), chain.path());
+  }
+  resume_ = std::make_unique<ResumeDecisions>(std::move(state), module_.platform.encoding.IsUtf8());
+}
+
+void SideFiles::BeginChain() {
+  FileSystem& files = module_.platform.files;
+  ResumeChain(files, SideFilePath(module_.run, kChainExtension))
+      .Begin(IdentityOf(files, module_.run));
+}
+
+void SideFiles::CopyPrevious() {
+  const RunState& run = module_.run;
+  FileSystem& files = module_.platform.files;
+  const std::string rejected = SideFilePath(run, kRejectedCopyExtension);
+  const std::string trace = SideFilePath(run, kTraceCopyExtension);
+  files.Remove(files.Locate(rejected));
+  files.Remove(files.Locate(trace));
+  CopyFile(SideFilePath(run, kRejectedExtension), rejected);
+  CopyFile(SideFilePath(run, kTraceExtension), trace);
+  previous_copied_ = true;
+}
+
+void SideFiles::OpenSource() {
+  const RunState& run = module_.run;
+  source_ = OpenForReading(DataFilePath(run, run.full_file_name == 1));
+  if (run.resume) AdvanceChain();
+}
+
+void SideFiles::TakeDiagnostics(bool taken) {
+  session_.error_file = taken && errors_ ? &*errors_ : nullptr;
+}
+
+void SideFiles::Open() {
+  const RunState& run = module_.run;
+  FileSystem& files = module_.platform.files;
+  errors_ = RunFile::Create(files, SideFilePath(run, kErrorExtension));
+  TakeDiagnostics(true);
+  if (run.resume) CopyPrevious();
+  if (run.resume_option == 0) return;
+  rejected_ = RunFile::Create(files, SideFilePath(run, kRejectedExtension));
+  trace_ = RunFile::Create(files, SideFilePath(run, kTraceExtension));
+  // Only now: a chain that is over may have said so of an older trace, which is empty by now.
+  if (!run.resume) BeginChain();
+}
+
+void SideFiles::Trace(std::int32_t line_number, bool failed, std::int64_t errors) {
+  text_.clear();
+  AppendTraceLine({line_number, failed, static_cast<std::int32_t>(errors)}, text_);
+  text_ += SystemLineEnd();
+  trace_->Write(text_);
+}
+
+void SideFiles::Reject(std::string_view line, std::int32_t line_number, std::int64_t errors) {
+  if (!rejected_) return;
+  if (line.size() <= kMostJoinedBytes) {
+    text_.assign(line);
+    text_ += SystemLineEnd();
+    rejected_->Write(text_);
+  } else {
+    rejected_->Write(line);
+    rejected_->Write(SystemLineEnd());
+  }
+  Trace(line_number, true, errors);
+}
+
+void SideFiles::ReportParseFailure(std::int32_t line_number) {
+  errors_->Write(module_.DateTimeText() + module_.MessageText(kMessageLine) +
+                 SignedText(line_number) + ' ' + module_.MessageText(kMessageBadRecord) +
+                 module_.run.delimiter + module_.MessageText(kMessageBadRecordEnd) +
+                 std::string(SystemLineEnd()));
+}
+
+void SideFiles::EndOfLines(std::int32_t lines, bool all) {
+  if (all && resume_ && resume_->MissesLines(lines)) {
+    throw RuntimeFault(FaultNumber::kInputPastEnd, source_->path());
+  }
+  // Where a run came to no line, what the one before it left is put back, its mark with it.
+  if (trace_ && lines > 0) MarkChain(all ? ChainMark::kRead : ChainMark::kStopped);
+}
+
+void SideFiles::MarkChain(ChainMark mark) {
+  ResumeChain(module_.platform.files, SideFilePath(module_.run, kChainExtension)).Mark(mark);
+}
+
+void SideFiles::RestoreFile(std::string_view copy, std::string_view extension) {
+  FileSystem& files = module_.platform.files;
+  const std::string from = files.Locate(SideFilePath(module_.run, copy));
+  if (!LookAt(files, from)) return;
+  const std::string path = files.Locate(SideFilePath(module_.run, extension));
+  CopiedFile source(files, from);
+  ReplacingFile restored(files, path + std::string(kNewSuffix));
+  source.CopyTo(restored.file());
+  restored.Replace(path);
+}
+
+void SideFiles::RestorePrevious() {
+  if (!previous_copied_) return;
+  // Some systems replace no open file.
+  for (std::optional<RunFile>* file : {&rejected_, &trace_}) {
+    if (*file) (*file)->Close();
+    file->reset();
+  }
+  // The trace first: a run that dies in between leaves it without rejected lines, as one does that
+  // has just emptied them, and never rejected lines that belong to no trace.
+  RestoreFile(kTraceCopyExtension, kTraceExtension);
+  RestoreFile(kRejectedCopyExtension, kRejectedExtension);
+  MarkChain(previous_mark_);
+}
+
+void SideFiles::Discard() {
+  std::vector<std::string> made;
+  for (const std::optional<RunFile>* file : {&errors_, &rejected_, &trace_}) {
+    if (*file) made.push_back((*file)->path());
+  }
+  // What can't be closed or deleted is empty, and the next run's to complain about.
+  static_cast<void>(Close());
+  if (module_.run.resume) return;
+  FileSystem& files = module_.platform.files;
+  for (const std::string& path : made) static_cast<void>(files.Remove(path));
+  static_cast<void>(files.Remove(files.Locate(SideFilePath(module_.run, kChainExtension))));
+}
+
+std::optional<RuntimeFault> SideFiles::Close() {
+  std::optional<RuntimeFault> first;
+  session_.error_file = nullptr;
+  source_.reset();
+  for (std::optional<RunFile>* file : {&errors_, &rejected_, &trace_}) {
+    if (!*file) continue;
+    try {
+      (*file)->Close();
+    } catch (const RuntimeFault& fault) {
+      if (!first) first = fault;
+    }
+    file->reset();
+  }
+  resume_.reset();
+  return first;
+}
+
+}  // namespace imptable

@@ -1,0 +1,129 @@
+#include "import/target/TargetTable.h"
+
+#include <utility>
+
+namespace imptable {
+namespace {
+
+/// @param column  that gets no value; empty: none does.
+RuntimeFault NoValueFault(const std::string& column) {
+  std::string names = "\"Champs\", \"NombreColonnes\"";
+  if (!column.empty()) names += ", \"" + column + '"';
+  return RuntimeFault(FaultNumber::kInvalidArgument, names, FaultRemedy::kGiveColumns);
+}
+
+bool HoldsBytes(std::int16_t sql_type) {
+  return sql_type == SQL_BINARY || sql_type == SQL_VARBINARY || sql_type == SQL_LONGVARBINARY;
+}
+
+}  // namespace
+
+SQLRETURN BindParameter(SQLHSTMT statement, SQLUSMALLINT number, const TableColumn& column,
+                        ParameterBuffer& buffer) {
+  const auto bind = [&](SQLSMALLINT c_type, SQLULEN size, SQLSMALLINT digits, void* value,
+                        SQLLEN length, SQLLEN* indicator) {
+    return SQLBindParameter(statement, number, SQL_PARAM_INPUT, c_type, column.sql_type, size,
+                            digits, value, length, indicator);
+  };
+  const auto precision = static_cast<SQLULEN>(column.precision);
+  switch (column.sql_type) {
+    case kSqlFloat:
+      return bind(SQL_C_DOUBLE, precision, column.scale, &buffer.number, 0,
+                  &buffer.number_indicator);
+    case kSqlDate:
+      return bind(SQL_C_DATE, 0, 0, &buffer.date, 0, &buffer.date_indicator);
+    case kSqlTimestamp:
+      return bind(SQL_C_TIMESTAMP, 0, 0, &buffer.date, 0, &buffer.date_indicator);
+    default:
+      return bind(SQL_C_CHAR, precision, column.scale, buffer.text.data(), kParameterTextBytes,
+                  &buffer.text_indicator);
+  }
+}
+
+void TargetTable::MarkIgnored() {
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    const std::string number = std::to_string(i + 1);
+    for (const StoredAssignment& assignment : module_.run.assignments) {
+      if (assignment.name == number) columns_[i].ignored = assignment.value.ends_with("Ignore");
+    }
+  }
+}
+
+bool TargetTable::Load(bool with_special_columns) {
+  Catalogue catalogue(module_, session_);
+  columns_.clear();
+  bool found = false;
+  bool loaded = catalogue.GetTableColumns(columns_);
+  MarkIgnored();
+  if (loaded && with_special_columns) loaded = catalogue.GetSpecialColumns(columns_, found);
+  buffers_ = std::vector<ParameterBuffer>(columns_.size());
+  bound_.assign(columns_.size(), false);
+  is_key_.assign(columns_.size(), false);
+  return loaded;
+}
+
+SQLRETURN TargetTable::Bind(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column) {
+  bound_[column] = true;
+  TableColumn sent = columns_[column];
+  if (session_.dialect->binds_bytes_as_text && HoldsBytes(sent.sql_type)) {
+    sent.sql_type = kSqlVarchar;
+  }
+  return BindParameter(statement, number, sent, buffers_[column]);
+}
+
+SQLRETURN TargetTable::BindKey(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column) {
+  is_key_[column] = true;
+  return Bind(statement, number, column);
+}
+
+RecordPlan TargetTable::MakePlan() {
+  RecordPlan plan = CompileRecordPlan(module_, session_, columns_, bound_, buffers_);
+  for (FieldPlan& field : plan.fields) field.is_key = is_key_[field.column];
+  return plan;
+}
+
+RecordParser TargetTable::MakeParser() {
+  RecordPlan plan = MakePlan();
+  bool any_value = false;
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    any_value = any_value || (bound_[i] && !plan.always_null[i]);
+  }
+  if (!any_value) throw NoValueFault({});
+  return RecordParser(std::move(plan));
+}
+
+RecordParser TargetTable::MakeKeyedParser() {
+  RecordPlan plan = MakePlan();
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (is_key_[i] && plan.always_null[i]) throw NoValueFault(columns_[i].name);
+  }
+  return RecordParser(std::move(plan));
+}
+
+std::string TargetTable::InsertText() const {
+  std::string names;
+  std::string marks;
+  for (const TableColumn& column : columns_) {
+    if (column.ignored) continue;
+    if (!names.empty()) names += ',';
+    names += QuoteIdentifier(session_, column.name);
+    marks += marks.empty() ? "?" : ", ?";
+  }
+  return "INSERT INTO " + TableReference(module_, session_) + " (" + names + ") VALUES (" + marks +
+         ")";
+}
+
+bool TargetTable::PrepareInsert(SQLHSTMT statement, bool information_fails) {
+  const std::string text = InsertText();
+  const SQLRETURN code = SQLPrepare(statement, SqlText(text), static_cast<SQLINTEGER>(text.size()));
+  bool ready = information_fails ? code == SQL_SUCCESS : Succeeded(code);
+  SQLUSMALLINT number = 0;
+  for (std::size_t i = 0; ready && i < columns_.size(); ++i) {
+    if (columns_[i].ignored) continue;
+    ready = Bind(statement, ++number, i) == SQL_SUCCESS;
+  }
+  if (!ready) session_.ReportError(statement);
+  return ready;
+}
+
+}  // namespace imptable

@@ -1,0 +1,73 @@
+#ifndef IMPORT_TARGET_TARGET_TABLE_H_
+#define IMPORT_TARGET_TARGET_TABLE_H_
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "import/target/RecordParser.h"
+#include "import/values/ParameterBuffer.h"
+#include "odbc/Catalogue.h"
+
+namespace imptable {
+
+/// Binds parameter `number` (from 1) of a prepared statement to the field of the buffer that the
+/// column's SQL type uses.
+SQLRETURN BindParameter(SQLHSTMT statement, SQLUSMALLINT number, const TableColumn& column,
+                        ParameterBuffer& buffer);
+
+/// The target table of a run: its columns, a value buffer for each, and which of these a statement
+/// uses.
+class TargetTable {
+ public:
+  /// @param module, session  borrowed; must outlive the table.
+  TargetTable(const ModuleCommun& module, OdbcSession& session)
+      : module_(module), session_(session) {}
+
+  /// Reads the columns and, when asked to, marks those that the database versions itself.
+  /// @return false after a diagnostic has been reported.
+  bool Load(bool with_special_columns);
+
+  const std::vector<TableColumn>& columns() const { return columns_; }
+
+  /// Binds a parameter to the buffer of the column of this index.
+  SQLRETURN Bind(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column);
+
+  /// The same for a parameter that rows are looked for by.
+  SQLRETURN BindKey(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column);
+
+  bool is_key(std::size_t column) const { return is_key_[column]; }
+  const ParameterBuffer& buffer(std::size_t column) const { return buffers_[column]; }
+
+  /// The parser of the run's lines, for all columns but those that are ignored and not bound.
+  /// @throws RuntimeFault  when the column layout can't be understood, or no line can give any
+  /// bound column a value.
+  RecordParser MakeParser();
+
+  /// The same for lines that do nothing without a row of their key.
+  /// @throws RuntimeFault  as well when no line can give one of the keys a value.
+  RecordParser MakeKeyedParser();
+
+  /// "INSERT INTO " table " (" columns that aren't ignored ")" " VALUES (" "?, ?" ")".
+  std::string InsertText() const;
+
+  /// Prepares InsertText() on the statement and binds its parameters. A failure is reported.
+  /// @param information_fails  whether the driver's information about the text is a failure too.
+  bool PrepareInsert(SQLHSTMT statement, bool information_fails);
+
+ private:
+  /// Marks the columns that the task leaves out.
+  void MarkIgnored();
+  RecordPlan MakePlan();
+
+  const ModuleCommun& module_;
+  OdbcSession& session_;
+  std::vector<TableColumn> columns_;
+  std::vector<ParameterBuffer> buffers_;
+  std::vector<bool> bound_;
+  std::vector<bool> is_key_;
+};
+
+}  // namespace imptable
+
+#endif  // IMPORT_TARGET_TARGET_TABLE_H_

@@ -1,0 +1,40 @@
+#ifndef IMPORT_TARGET_UPDATE_STATEMENT_H_
+#define IMPORT_TARGET_UPDATE_STATEMENT_H_
+
+#include <string>
+#include <vector>
+
+#include "import/target/KeyColumns.h"
+#include "odbc/Statement.h"
+
+namespace imptable {
+
+/// The prepared UPDATE of the modes that change rows.
+class UpdateStatement {
+ public:
+  /// @param module, session, table  borrowed; must outlive the statement.
+  UpdateStatement(ModuleCommun& module, OdbcSession& session, TargetTable& table)
+      : module_(module), session_(session), table_(table) {}
+
+  /// Allocates and prepares the statement and binds the columns of its SET list, then its keys.
+  /// @return false after a diagnostic has been reported.
+  /// @throws RuntimeFault  index out of range for a key that no column has the name of.
+  bool Prepare(const std::vector<std::string>& keys);
+
+  /// "UPDATE " table " SET " columns " WHERE " keys. The SET list leaves out the columns that are
+  /// ignored and those whose type the database counts by itself.
+  std::string Text(const std::vector<std::string>& keys) const;
+
+  SQLHSTMT raw() const { return statement_.raw(); }
+  void Drop() { statement_.Drop(); }
+
+ private:
+  ModuleCommun& module_;
+  OdbcSession& session_;
+  TargetTable& table_;
+  Statement statement_;
+};
+
+}  // namespace imptable
+
+#endif  // IMPORT_TARGET_UPDATE_STATEMENT_H_
