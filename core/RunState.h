@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/HostLibrary.h"
+#include "core/ImportSettings.h"
 #include "core/RuntimeFault.h"
 
 namespace imptable {
@@ -39,12 +40,6 @@ struct RunProgress {
 /// What a run found in the place of its source.
 enum class SourceState : std::uint8_t { kUnknown, kMissing, kEmpty, kPresent };
 
-/// One value of "Champs": where a table column's value comes from.
-struct StoredAssignment {
-  std::string name;  // the number of the table column
-  std::string value;
-};
-
 /// A setting without a value to run with.
 struct MissingValue {
   std::string setting;
@@ -52,36 +47,14 @@ struct MissingValue {
   std::string variable;  // that it names and that isn't set; empty when it names none
 };
 
-/// A task as one run takes it: read once, with every "@" reference resolved.
-struct OpenedTask {
+/// A task as one run takes it: read once, with every "@" reference resolved and its folder ending
+/// with the path separator. The alias is as stored, trailing blanks included.
+struct OpenedTask : ImportSettings {
   std::string scenario;
   std::string task;
-  std::string data_source;
-  std::string login;
-  std::string password;
-  std::string owner;
-  std::string table;
-  std::string alias;      // as stored, trailing blanks included
-  std::string directory;  // ends with the path separator
-  std::int16_t mode = 0;
-  std::int16_t deletion_mode = 0;
-  std::int32_t error_limit = 0;
-  std::int16_t resume_option = 0;  // "RecErreurs"
-  std::int16_t trace_option = 0;   // "RecTrace": 1 when a trace alone is enough for a resume
-  std::int16_t empty_file_policy = 0;
-  std::int16_t separator_option = 0;  // "SepDec"
-  std::int16_t null_option = 0;
-  std::int16_t parameter_option = 0;
-  std::int16_t full_file_name = 0;
-  std::string delimiter;
-  std::int16_t delimited = 0;
-  std::vector<std::string> column_layout;     // entry of file column n at n - 1
+  std::int32_t most_errors = 0;               // the number in `error_limit`
   std::vector<StoredAssignment> assignments;  // "Champs", in the order of the registry
   std::map<std::string, std::string, std::less<>> variables;  // that the assignments name
-  std::string key_or_index;
-  std::int16_t primary_key = 0;
-  std::int16_t duplicate_key = 0;
-  std::string error_code;
 
   /// Why no run of this task may begin: a reference names a variable that isn't set, or the data
   /// source is empty.

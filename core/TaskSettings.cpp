@@ -1,6 +1,9 @@
 #include "core/TaskSettings.h"
 
+#include <array>
 #include <utility>
+
+#include "core/SettingsTable.h"
 
 namespace imptable {
 namespace {
@@ -12,12 +15,25 @@ class SettingReader {
                 std::vector<RuntimeFault>* faults)
       : module_(module), path_(path), faults_(faults) {}
 
+  /// Reads one setting into its member.
+  void Into(ImportSettings& settings, SettingId id) const {
+    const Setting& setting = SettingOf(id);
+    if (setting.text_member != nullptr) {
+      settings.*setting.text_member = Text(setting.name, setting.default_text);
+    } else if (id == SettingId::kColumnCount) {
+      settings.*setting.number_member = Count(setting.name);
+    } else {
+      settings.*setting.number_member = Number(setting.name, setting.default_number);
+    }
+  }
+
   std::string Text(std::string_view name, std::string_view fallback = "") const {
     std::string text = AsText(module_.ReadValue(path_, name));
     return text.empty() ? std::string(fallback) : text;
   }
 
-  std::int16_t Number(std::string_view name, std::int16_t fallback = 0) const {
+ private:
+  std::int16_t Number(std::string_view name, std::int16_t fallback) const {
     const SettingValue value = module_.ReadValue(path_, name);
     const auto* text = std::get_if<std::string>(&value);
     if (text != nullptr && text->empty()) return fallback;
@@ -25,7 +41,7 @@ class SettingReader {
   }
 
   std::int16_t Count(std::string_view name) const {
-    const std::int16_t count = Number(name);
+    const std::int16_t count = Number(name, 0);
     return Readable(0, [&] {
       if (count < 0) {
         throw RuntimeFault(FaultNumber::kIndexOutOfRange,
@@ -35,7 +51,6 @@ class SettingReader {
     });
   }
 
- private:
   template <typename Read>
   std::int16_t Readable(std::int16_t fallback, Read read) const {
     if (faults_ == nullptr) return read();
@@ -56,44 +71,36 @@ std::vector<std::string> LoadColumnLayout(const ModuleCommun& module, std::strin
                                           std::int16_t count) {
   std::vector<std::string> layout;
   layout.reserve(static_cast<std::size_t>(count));
-  const std::string path = std::string(task) + "\\Colonnes";
+  const std::string path = std::string(task) + '\\' + std::string(kColumnsSubkey);
   const SettingReader read(module, path, nullptr);
   for (int n = 1; n <= count; ++n) layout.push_back(read.Text(std::to_string(n)));
   return layout;
 }
 
+// The order in which the host's registry sees them read: never change. The columns of the file come
+// after their format.
+constexpr auto kReadBeforeColumns = std::to_array<SettingId>(
+    {SettingId::kDataSource,      SettingId::kLogin,      SettingId::kPassword,
+     SettingId::kOwner,           SettingId::kTable,      SettingId::kAlias,
+     SettingId::kComment,         SettingId::kDirectory,  SettingId::kMode,
+     SettingId::kKeyOrIndex,      SettingId::kPrimaryKey, SettingId::kDeletionMode,
+     SettingId::kEmptyFilePolicy, SettingId::kErrorLimit, SettingId::kRecordErrors,
+     SettingId::kSeparatorOption, SettingId::kNullOption, SettingId::kColumnCount,
+     SettingId::kDelimiter,       SettingId::kDelimited});
+constexpr auto kReadAfterColumns =
+    std::to_array<SettingId>({SettingId::kParameterOption, SettingId::kDuplicateKey,
+                              SettingId::kErrorCode, SettingId::kFullFileName});
+
 ImportSettings Load(const ModuleCommun& module, std::string_view task,
                     std::vector<RuntimeFault>* faults) {
   const SettingReader read(module, task, faults);
   ImportSettings settings;
-  settings.data_source = read.Text("Base Cible");
-  settings.login = read.Text("Login");
-  settings.password = read.Text("Password");
+  for (const SettingId id : kReadBeforeColumns) read.Into(settings, id);
   if (!IsVariableReference(settings.password)) {
     settings.password = TransformPassword(std::move(settings.password));
   }
-  settings.owner = read.Text("Owner");
-  settings.table = read.Text("Table");
-  settings.alias = read.Text("Alias");
-  settings.comment = read.Text("Comment");
-  settings.directory = read.Text("Dir");
-  settings.mode = read.Number("Mode");
-  settings.key_or_index = read.Text("Cle/Index");
-  settings.primary_key = read.Number("PrimKey");
-  settings.deletion_mode = read.Number("Suppression");
-  settings.empty_file_policy = read.Number("SiVide");
-  settings.error_limit = read.Text("Erreurs", "100");
-  settings.record_errors = read.Number("RecErreurs", 1);
-  settings.separator_option = read.Number("SepDec");
-  settings.null_option = read.Number("Null");
-  settings.column_count = read.Count("NombreColonnes");
-  settings.delimiter = read.Text("DelimiteurFile", ";");
-  settings.delimited = read.Number("FormatFile");
   settings.column_layout = LoadColumnLayout(module, task, settings.column_count);
-  settings.parameter_option = read.Number("Param");
-  settings.duplicate_key = read.Number("DupKey");
-  settings.error_code = read.Text("CodErr");
-  settings.full_file_name = read.Number("UseAlias");
+  for (const SettingId id : kReadAfterColumns) read.Into(settings, id);
   return settings;
 }
 
@@ -101,12 +108,12 @@ ImportSettings Load(const ModuleCommun& module, std::string_view task,
 
 std::string TransformPassword(std::string password) { return password; }
 
-std::int16_t LoadTraceOption(const ModuleCommun& module, std::string_view task) {
-  return SettingReader(module, task, nullptr).Number("RecTrace");
+void LoadOwnSettings(const ModuleCommun& module, std::string_view task, ImportSettings& settings) {
+  SettingReader(module, task, nullptr).Into(settings, SettingId::kTraceOption);
 }
 
 std::vector<StoredAssignment> LoadAssignments(const ModuleCommun& module, std::string_view task) {
-  const std::string path = std::string(task) + "\\Champs";
+  const std::string path = std::string(task) + '\\' + std::string(kFieldsSubkey);
   std::vector<StoredAssignment> assignments;
   for (std::string& name : module.ValueNames(path)) {
     std::string value = AsText(module.ReadValue(path, name));

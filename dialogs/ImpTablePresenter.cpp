@@ -4,11 +4,11 @@
 #include <cassert>
 #include <utility>
 
+#include "core/WholeNumber.h"
 #include "dialogs/BusyScope.h"
 #include "dialogs/ImpTableControls.h"
 #include "dialogs/ImpTableRules.h"
 #include "dialogs/TaskSaving.h"
-#include "dialogs/WholeNumber.h"
 
 namespace imptable {
 namespace {

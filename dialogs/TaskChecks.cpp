@@ -4,7 +4,7 @@
 
 #include "core/Blanks.h"
 #include "core/TaskSettings.h"
-#include "dialogs/WholeNumber.h"
+#include "core/WholeNumber.h"
 #include "dialogs/columns/ColumnLayoutEditor.h"
 #include "platform/text/NameFolding.h"
 

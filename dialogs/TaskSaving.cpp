@@ -1,7 +1,9 @@
 #include "dialogs/TaskSaving.h"
 
+#include <array>
 #include <string_view>
 
+#include "core/SettingsTable.h"
 #include "core/StampText.h"
 #include "core/TaskDialog.h"
 #include "core/TaskSettings.h"
@@ -9,23 +11,42 @@
 namespace imptable {
 namespace {
 
-// Value names as other readers of the key know them: never change.
-constexpr std::string_view kCreatedName = "CréeLe";
-constexpr std::string_view kModifiedName = "ModifiéLe";
-
-constexpr std::string_view kDefaultErrorLimit = "100";
+// What a host's registry sees written, in this order: never change. The columns of the file and
+// those of the table come between.
+constexpr auto kSavedBeforeColumns = std::to_array<SettingId>(
+    {SettingId::kDataSource,   SettingId::kLogin,        SettingId::kPassword,
+     SettingId::kTable,        SettingId::kOwner,        SettingId::kAlias,
+     SettingId::kComment,      SettingId::kKeyOrIndex,   SettingId::kPrimaryKey,
+     SettingId::kMode,         SettingId::kDeletionMode, SettingId::kDuplicateKey,
+     SettingId::kErrorCode,    SettingId::kDirectory,    SettingId::kErrorLimit,
+     SettingId::kRecordErrors, SettingId::kErrorFile,    SettingId::kDelimiter,
+     SettingId::kDelimited,    SettingId::kColumnCount,  SettingId::kEmptyFilePolicy});
+constexpr auto kSavedBetweenColumns = std::to_array<SettingId>(
+    {SettingId::kSeparatorOption, SettingId::kNullOption, SettingId::kParameterOption});
 
 /// Writes values of one task until the registry refuses one.
 class TaskWriter {
  public:
   TaskWriter(ModuleCommun& module, const std::string& task) : module_(module), task_(task) {}
 
-  void Text(std::string_view name, std::string_view text) {
+  void Text(SettingId id, std::string_view text) {
+    const std::string name = Name(id);
     if (!failure_) Note(name, module_.WriteText(task_, name, text));
   }
 
-  void Number(std::string_view name, std::int32_t number) {
+  void Number(SettingId id, std::int32_t number) {
+    const std::string name = Name(id);
     if (!failure_) Note(name, module_.WriteNumber(task_, name, number));
+  }
+
+  /// The member of the settings that the table gives for it.
+  void Member(SettingId id, const ImportSettings& settings) {
+    const Setting& setting = SettingOf(id);
+    if (setting.text_member != nullptr) {
+      Text(id, settings.*setting.text_member);
+    } else {
+      Number(id, settings.*setting.number_member);
+    }
   }
 
   template <typename Write>
@@ -36,6 +57,10 @@ class TaskWriter {
   const std::optional<SaveFailure>& failure() const { return failure_; }
 
  private:
+  std::string Name(SettingId id) const {
+    return module_.platform.encoding.FromUtf8(SettingOf(id).name);
+  }
+
   void Note(std::string_view name, std::int32_t code) {
     if (code != kRegistryOk) failure_ = SaveFailure{std::string(name), code};
   }
@@ -45,49 +70,64 @@ class TaskWriter {
   std::optional<SaveFailure> failure_;
 };
 
+/// What the dialog shows, as a task's settings.
+ImportSettings SettingsOf(const ImpTableState& state, std::int32_t column_count) {
+  const auto flag = [](bool on) { return static_cast<std::int16_t>(on ? 1 : 0); };
+  ImportSettings settings;
+  settings.data_source = state.Combo1;
+  settings.login = state.txtLogin;
+  settings.password =
+      IsVariableReference(state.txtPass) ? state.txtPass : TransformPassword(state.txtPass);
+  settings.table = state.txtTable;
+  settings.owner = state.txtOwn;
+  settings.alias = state.txtAlias;
+  settings.comment = state.txtComm;
+  settings.key_or_index = state.txtCle;
+  settings.primary_key = flag(state.chkPrimKey);
+  settings.mode = static_cast<std::int16_t>(state.optBCP);
+  settings.deletion_mode = static_cast<std::int16_t>(state.optSup);
+  settings.duplicate_key = flag(state.chkDou);
+  settings.error_code = state.txtErr;
+  settings.directory = state.txtRep;
+  settings.error_limit = state.txtErreur;
+  settings.record_errors = flag(state.chkRecup);
+  settings.delimiter = state.txtDelimiteurFile;
+  settings.delimited = flag(state.optForm == kDelimitedButton);
+  settings.column_count = static_cast<std::int16_t>(column_count);
+  settings.empty_file_policy = flag(state.chkSupp);
+  settings.separator_option = flag(state.chkDec);
+  settings.null_option = flag(state.chkNull);
+  settings.parameter_option = flag(state.chkParam);
+  settings.full_file_name = flag(state.OptCsv == kFullNameButton);
+  return settings;
+}
+
 }  // namespace
 
 std::optional<SaveFailure> SaveTask(ModuleCommun& module, const std::string& task, bool existing,
                                     ImpTableState& state, ColumnLayoutEditor& columns) {
   TaskWriter write(module, task);
-  const TextEncoding& encoding = module.platform.encoding;
   const std::string now = StampText(module.platform.clock.Now());
   if (existing) {
-    write.Text(encoding.FromUtf8(kModifiedName), now);
+    write.Text(SettingId::kModified, now);
   } else {
-    write.Number("Etat", 0);
-    write.Text(encoding.FromUtf8(kCreatedName), now);
+    write.Number(SettingId::kStatus, 0);
+    write.Text(SettingId::kCreated, now);
   }
-  write.Number("Type", kWrapperType);
-  write.Text("Base Cible", state.Combo1);
-  write.Text("Login", state.txtLogin);
-  write.Text("Password",
-             IsVariableReference(state.txtPass) ? state.txtPass : TransformPassword(state.txtPass));
-  write.Text("Table", state.txtTable);
-  write.Text("Owner", state.txtOwn);
-  write.Text("Alias", state.txtAlias);
-  write.Text("Comment", state.txtComm);
-  write.Text("Cle/Index", state.txtCle);
-  write.Number("PrimKey", state.chkPrimKey ? 1 : 0);
-  write.Number("Mode", state.optBCP);
-  write.Number("Suppression", state.optSup);
-  write.Number("DupKey", state.chkDou ? 1 : 0);
-  write.Text("CodErr", state.txtErr);
-  write.Text("Dir", state.txtRep);
-  if (state.txtErreur.empty()) state.txtErreur = kDefaultErrorLimit;
-  write.Text("Erreurs", state.txtErreur);
-  write.Number("RecErreurs", state.chkRecup ? 1 : 0);
-  write.Number("FicErr", 1);
-  write.Text("DelimiteurFile", state.txtDelimiteurFile);
-  write.Number("FormatFile", state.optForm == kDelimitedButton ? 1 : 0);
-  write.Number("NombreColonnes", columns.column_count());
-  write.Number("SiVide", state.chkSupp ? 1 : 0);
+  write.Number(SettingId::kType, kWrapperType);
+  if (state.txtErreur.empty()) state.txtErreur = SettingOf(SettingId::kErrorLimit).default_text;
+  const ImportSettings settings = SettingsOf(state, columns.column_count());
+  for (const SettingId id : kSavedBeforeColumns) {
+    if (id == SettingId::kErrorFile) {
+      write.Number(id, 1);
+    } else {
+      write.Member(id, settings);
+    }
+  }
   write.Subkey("Colonnes", [&] { return columns.WriteColonnes(task); });
-  write.Number("SepDec", state.chkDec ? 1 : 0);
-  write.Number("Null", state.chkNull ? 1 : 0);
-  write.Number("Param", state.chkParam ? 1 : 0);
+  for (const SettingId id : kSavedBetweenColumns) write.Member(id, settings);
   write.Subkey("Champs", [&] { return columns.WriteChamps(task, state.chkParam); });
-  write.Number("UseAlias", state.OptCsv == kFullNameButton ? 1 : 0);
+  write.Member(SettingId::kFullFileName, settings);
   return write.failure();
 }
 

@@ -1,6 +1,6 @@
 #include "host/HelpTexts.h"
 
-#include "host/tasks/SettingsTable.h"
+#include "core/SettingsTable.h"
 
 namespace imptable {
 namespace {

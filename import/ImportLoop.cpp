@@ -22,11 +22,11 @@ constexpr std::string_view kCountPrefix = " ----->   ";
 /// The number of errors that a run may have, as the modes hold it.
 /// @throws RuntimeFault  overflow when it is negative or doesn't fit 16 bits.
 std::int16_t ErrorLimitOf(const RunState& run) {
-  if (run.error_limit < 0) {
+  if (run.most_errors < 0) {
     throw RuntimeFault(FaultNumber::kOverflow,
-                       "\"Erreurs\" = \"" + std::to_string(run.error_limit) + '"');
+                       "\"Erreurs\" = \"" + std::to_string(run.most_errors) + '"');
   }
-  return AsInt16(run.error_limit, "Erreurs");
+  return AsInt16(run.most_errors, "Erreurs");
 }
 
 }  // namespace

@@ -41,7 +41,7 @@ ResumeOutlook LookAtResume(ModuleCommun& module) {
     return outlook;
   }
   outlook.answer = [&] {
-    if (run.resume_option == 0) return ResumeAnswer::kOptionOff;
+    if (run.record_errors == 0) return ResumeAnswer::kOptionOff;
     const auto source = LookAt(files, outlook.source_path);
     if (!source) return ResumeAnswer::kNoSource;
     if (source->is_file && source->size == 0) return ResumeAnswer::kEmptySource;

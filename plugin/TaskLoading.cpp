@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "core/SettingsTable.h"
 #include "core/TaskSettings.h"
 #include "import/layout/ColumnLayout.h"
 
@@ -59,58 +60,33 @@ class References {
   OpenedTask& task_;
 };
 
+/// The settings that may name a variable, in the order in which the host is asked for them.
+constexpr auto kResolved = std::to_array<SettingId>(
+    {SettingId::kDataSource, SettingId::kLogin, SettingId::kTable, SettingId::kPassword,
+     SettingId::kOwner, SettingId::kAlias, SettingId::kDirectory, SettingId::kErrorCode,
+     SettingId::kKeyOrIndex});
+
 }  // namespace
 
 OpenedTask OpenTask(const ModuleCommun& module, const std::string& scenario,
                     const std::string& task) {
-  ImportSettings settings = LoadSettings(module, task);
   OpenedTask opened;
+  static_cast<ImportSettings&>(opened) = LoadSettings(module, task);
+  LoadOwnSettings(module, task, opened);
   opened.scenario = scenario;
   opened.task = task;
-  opened.trace_option = LoadTraceOption(module, task);
   opened.assignments = LoadAssignments(module, task);
 
-  opened.parameter_option = settings.parameter_option;
-
   References references(module, opened);
-  const std::array<std::pair<std::string*, std::string_view>, 9> texts{
-      {{&settings.data_source, "Base Cible"},
-       {&settings.login, "Login"},
-       {&settings.table, "Table"},
-       {&settings.password, "Password"},
-       {&settings.owner, "Owner"},
-       {&settings.alias, "Alias"},
-       {&settings.directory, "Dir"},
-       {&settings.error_code, "CodErr"},
-       {&settings.key_or_index, "Cle/Index"}}};
-  const std::string stored_source = settings.data_source;
-  for (const auto& [text, name] : texts) references.Resolve(*text, name);
+  const std::string stored_source = opened.data_source;
+  for (const SettingId id : kResolved) {
+    const Setting& setting = SettingOf(id);
+    references.Resolve(opened.*setting.text_member, setting.name);
+  }
   references.ResolveAssignments();
-  references.RequireDataSource(settings.data_source, stored_source);
-  EndWithSeparator(settings.directory);
-
-  opened.data_source = std::move(settings.data_source);
-  opened.login = std::move(settings.login);
-  opened.password = std::move(settings.password);
-  opened.owner = std::move(settings.owner);
-  opened.table = std::move(settings.table);
-  opened.alias = std::move(settings.alias);
-  opened.directory = std::move(settings.directory);
-  opened.mode = settings.mode;
-  opened.deletion_mode = settings.deletion_mode;
-  opened.error_limit = AsInt32(settings.error_limit, "Erreurs");
-  opened.resume_option = settings.record_errors;
-  opened.empty_file_policy = settings.empty_file_policy;
-  opened.separator_option = settings.separator_option;
-  opened.null_option = settings.null_option;
-  opened.full_file_name = settings.full_file_name;
-  opened.delimiter = std::move(settings.delimiter);
-  opened.delimited = settings.delimited;
-  opened.column_layout = std::move(settings.column_layout);
-  opened.key_or_index = std::move(settings.key_or_index);
-  opened.primary_key = settings.primary_key;
-  opened.duplicate_key = settings.duplicate_key;
-  opened.error_code = std::move(settings.error_code);
+  references.RequireDataSource(opened.data_source, stored_source);
+  EndWithSeparator(opened.directory);
+  opened.most_errors = AsInt32(opened.error_limit, SettingOf(SettingId::kErrorLimit).name);
   return opened;
 }
 

@@ -160,11 +160,11 @@ TEST_F(TaskLoading, EndsTheDirectoryThatAVariableNamesToo) {
 }
 
 TEST_F(TaskLoading, MakesTheErrorLimitANumberOf32Bits) {
-  EXPECT_EQ(Load().error_limit, 100);
+  EXPECT_EQ(Load().most_errors, 100);
   Set("Erreurs", "70000");
-  EXPECT_EQ(Load().error_limit, 70000);
+  EXPECT_EQ(Load().most_errors, 70000);
   Set("Erreurs", " -1 ");
-  EXPECT_EQ(Load().error_limit, -1);
+  EXPECT_EQ(Load().most_errors, -1);
   for (const char* text : {"none", "2147483648"}) {
     Set("Erreurs", text);
     EXPECT_THROW(Load(), RuntimeFault) << text;
@@ -184,7 +184,7 @@ TEST_F(TaskLoading, CopiesEverySettingToItsPlace) {
   const RunState& loaded = Load();
   EXPECT_EQ(loaded.mode, 11);
   EXPECT_EQ(loaded.deletion_mode, 12);
-  EXPECT_EQ(loaded.resume_option, 13);
+  EXPECT_EQ(loaded.record_errors, 13);
   EXPECT_EQ(loaded.empty_file_policy, 14);
   EXPECT_EQ(loaded.separator_option, 15);
   EXPECT_EQ(loaded.null_option, 16);

@@ -1,6 +1,6 @@
 #include "dialogs/columns/ColumnCheck.h"
 
-#include "dialogs/WholeNumber.h"
+#include "core/WholeNumber.h"
 #include "dialogs/columns/DatePattern.h"
 #include "dialogs/columns/FieldAssignment.h"
 

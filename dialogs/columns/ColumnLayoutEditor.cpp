@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "core/Blanks.h"
+#include "core/WholeNumber.h"
 #include "dialogs/PrintableText.h"
-#include "dialogs/WholeNumber.h"
 #include "dialogs/columns/ColumnCheck.h"
 
 namespace imptable {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "dialogs/WholeNumber.h"
+#include "core/WholeNumber.h"
 
 namespace imptable {
 namespace {

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "core/Blanks.h"
-#include "dialogs/WholeNumber.h"
+#include "core/WholeNumber.h"
 #include "dialogs/columns/DatePattern.h"
 #include "platform/text/CharacterCount.h"
 

@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "dialogs/WholeNumber.h"
+#include "core/WholeNumber.h"
 
 namespace imptable {
 namespace {

@@ -5,7 +5,7 @@
 #include <set>
 #include <string>
 
-#include "host/tasks/SettingsTable.h"
+#include "core/SettingsTable.h"
 #include "platform/registry/RegistryPath.h"
 #include "platform/text/NameFolding.h"
 

@@ -75,7 +75,7 @@ void RequireWritableReport(HostContext& context, const std::string& path) {
 /// What a resume goes by may be out of sight for now; then the resume itself says so.
 NextStep NextStepOf(FileSystem& files, const RunState& run) {
   if (!run.resume && run.progress.read == 0) return NextStep::kAfresh;
-  if (run.resume_option == 0) return NextStep::kNone;
+  if (run.record_errors == 0) return NextStep::kNone;
   try {
     if (CanResume(files, run)) return NextStep::kResume;
     return IsNotEmpty(files, SideFilePath(run, kTraceExtension)) ? NextStep::kTraceThenResume

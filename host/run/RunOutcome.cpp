@@ -100,7 +100,7 @@ RunEnding EndingOf(const RunState& run, bool connected) {
   if (run.fault) return RunEnding::kModeFaulted;
   if (run.pre_deletion_failed) return RunEnding::kDeletionFailed;
   if (run.progress.errors == 0) return RunEnding::kErrors;
-  return run.progress.errors > run.error_limit ? RunEnding::kErrorLimit : RunEnding::kRejected;
+  return run.progress.errors > run.most_errors ? RunEnding::kErrorLimit : RunEnding::kRejected;
 }
 
 ExitCode ExitCodeOf(const RunOutcome& outcome) {

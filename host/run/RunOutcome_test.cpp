@@ -65,7 +65,7 @@ TEST(RunEnding, FollowsFromTheStateOfTheRun) {
   };
   for (const EndingCase& given : cases) {
     RunState run;
-    run.error_limit = 100;
+    run.most_errors = 100;
     run.status = given.status;
     if (given.fault) run.fault = RuntimeFault(FaultNumber::kDiskFull);
     run.pre_deletion_failed = given.deletion_failed;

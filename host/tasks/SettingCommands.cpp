@@ -6,8 +6,10 @@
 #include <utility>
 #include <vector>
 
+#include "core/SettingsTable.h"
 #include "core/StampText.h"
 #include "core/StoredValue.h"
+#include "core/WholeNumber.h"
 #include "host/Commands.h"
 #include "host/HostError.h"
 #include "host/registry/ColumnOrder.h"
@@ -15,7 +17,6 @@
 #include "host/tasks/Assignment.h"
 #include "host/tasks/InputValue.h"
 #include "host/tasks/SettingRules.h"
-#include "host/tasks/SettingsTable.h"
 #include "host/tasks/ShownPassword.h"
 #include "host/tasks/ShownValue.h"
 #include "plugin/ImpTable.h"

@@ -8,6 +8,7 @@
 #include "core/ModuleCommun.h"
 #include "core/StoredValue.h"
 #include "core/TaskSettings.h"
+#include "core/WholeNumber.h"
 #include "host/HostError.h"
 #include "host/tasks/ShownValue.h"
 #include "import/layout/ColumnLayout.h"

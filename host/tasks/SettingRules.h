@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "host/tasks/SettingsTable.h"
+#include "core/SettingsTable.h"
 #include "platform/text/TextEncoding.h"
 
 namespace imptable {

@@ -142,7 +142,7 @@ bool RunTakes(const SettingPlace& place, const RegistryValue& value, bool fixed_
   component.registry.Write(key, place.name, value);
   try {
     const OpenedTask run = OpenTask(component.state.commun, "S", "T");
-    if (run.error_limit < 0 || run.error_limit > 32767) return false;
+    if (run.most_errors < 0 || run.most_errors > 32767) return false;
     if (!run.error_code.empty() && !run.error_code.starts_with('@')) {
       AsInt32(run.error_code, "CodErr");
     }

@@ -1,8 +1,5 @@
 #include "host/tasks/ShownValue.h"
 
-#include <charconv>
-#include <system_error>
-
 #include "core/StoredValue.h"
 
 namespace imptable {
@@ -48,13 +45,6 @@ std::string ShownValue(const RegistryValue& value) {
       break;
   }
   return Hexadecimal(value.data);
-}
-
-std::optional<std::int32_t> NumberFromText(std::string_view text) {
-  std::int32_t number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return number;
 }
 
 }  // namespace imptable

@@ -14,9 +14,6 @@ namespace imptable {
 /// joined by "|", anything else as bytes in hexadecimal.
 std::string ShownValue(const RegistryValue& value);
 
-/// @return nullopt when the text is anything else than a decimal number of 32 bits.
-std::optional<std::int32_t> NumberFromText(std::string_view text);
-
 }  // namespace imptable
 
 #endif  // HOST_TASKS_SHOWN_VALUE_H_

@@ -22,14 +22,5 @@ TEST(ShownValue, HasListsAndBytesInOneLine) {
   EXPECT_EQ(ShownValue({static_cast<RegistryType>(11), "\1\2"}), "01,02");
 }
 
-TEST(NumberFromText, TakesOnlyWholeDecimalNumbersOf32Bits) {
-  EXPECT_EQ(NumberFromText("0"), 0);
-  EXPECT_EQ(NumberFromText("2147483647"), 2147483647);
-  EXPECT_EQ(NumberFromText("-2147483648"), -2147483647 - 1);
-  for (const char* text : {"", " 1", "1 ", "1.5", "+1", "0x10", "2147483648", "abc"}) {
-    EXPECT_FALSE(NumberFromText(text)) << text;
-  }
-}
-
 }  // namespace
 }  // namespace imptable

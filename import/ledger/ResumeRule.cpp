@@ -20,7 +20,7 @@ bool IsNotEmpty(const FileSystem& files, const std::string& path) {
 }
 
 bool CanResume(FileSystem& files, const RunState& run) {
-  if (run.resume_option == 0) return false;
+  if (run.record_errors == 0) return false;
   const auto chain = ResumeChain(files, SideFilePath(run, kChainExtension)).state();
   if (chain == ResumeChain::State::kVoid) return false;
   if (chain == ResumeChain::State::kOpen) return true;

@@ -101,7 +101,7 @@ void SideFiles::Open() {
   errors_ = RunFile::Create(files, SideFilePath(run, kErrorExtension));
   TakeDiagnostics(true);
   if (run.resume) CopyPrevious();
-  if (run.resume_option == 0) return;
+  if (run.record_errors == 0) return;
   rejected_ = RunFile::Create(files, SideFilePath(run, kRejectedExtension));
   trace_ = RunFile::Create(files, SideFilePath(run, kTraceExtension));
   // Only now: a chain that is over may have said so of an older trace, which is empty by now.

@@ -3,8 +3,8 @@
 
 #include <sstream>
 
+#include "core/SettingsTable.h"
 #include "host/CommandLine.h"
-#include "host/tasks/SettingsTable.h"
 #include "platform/testing/TemporaryFolder.h"
 #include "tests/command/ChildProcess.h"
 

@@ -6,7 +6,7 @@
 #include <sstream>
 #include <string>
 
-#include "host/tasks/SettingsTable.h"
+#include "core/SettingsTable.h"
 
 namespace imptable {
 namespace {

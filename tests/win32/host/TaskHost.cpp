@@ -24,10 +24,11 @@
 #include <iterator>
 #include <optional>
 
+#include "core/SettingsTable.h"
 #include "core/StoredValue.h"
+#include "core/WholeNumber.h"
 #include "host/registry/RegistryExportFile.h"
 #include "host/tasks/Assignment.h"
-#include "host/tasks/SettingsTable.h"
 #include "host/tasks/ShownValue.h"
 #include "platform/text/TextEncoding.h"
 #include "platform/windows/Windows_win32.h"

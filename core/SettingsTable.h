@@ -1,12 +1,14 @@
-#ifndef HOST_TASKS_SETTINGS_TABLE_H_
-#define HOST_TASKS_SETTINGS_TABLE_H_
+#ifndef CORE_SETTINGS_TABLE_H_
+#define CORE_SETTINGS_TABLE_H_
 
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
+#include "core/ImportSettings.h"
 #include "platform/registry/Registry.h"
 
 namespace imptable {
@@ -14,6 +16,41 @@ namespace imptable {
 /// Subkeys of a task's key that hold one text per column, named by its number.
 inline constexpr std::string_view kColumnsSubkey = "Colonnes";
 inline constexpr std::string_view kFieldsSubkey = "Champs";
+
+/// The values of a task's key, in the order in which they are listed.
+enum class SettingId : std::uint8_t {
+  kDataSource,
+  kLogin,
+  kPassword,
+  kOwner,
+  kTable,
+  kAlias,
+  kComment,
+  kDirectory,
+  kMode,
+  kDeletionMode,
+  kKeyOrIndex,
+  kPrimaryKey,
+  kDuplicateKey,
+  kErrorCode,
+  kErrorLimit,
+  kRecordErrors,
+  kErrorFile,
+  kEmptyFilePolicy,
+  kSeparatorOption,
+  kNullOption,
+  kParameterOption,
+  kColumnCount,
+  kDelimiter,
+  kDelimited,
+  kFullFileName,
+  kTraceOption,
+  kStatus,
+  kEnded,
+  kCreated,
+  kModified,
+  kType,
+};
 
 /// What a setting's text has to be for a run to take it.
 enum class SettingText : std::uint8_t {
@@ -30,6 +67,24 @@ struct NumberRange {
   std::int32_t least = std::numeric_limits<std::int32_t>::min();
   std::int32_t most = std::numeric_limits<std::int32_t>::max();
 };
+
+/// One value of a task's key. A value that is no part of ImportSettings has neither member.
+struct Setting {
+  SettingId id = SettingId::kDataSource;
+  std::string_view name;  // in UTF-8
+  RegistryType type = RegistryType::kText;
+  SettingText text = SettingText::kAny;
+  NumberRange range;                // of a number
+  std::string_view default_text;    // of one that is absent or empty
+  std::int16_t default_number = 0;  // the same
+  std::string ImportSettings::*text_member = nullptr;
+  std::int16_t ImportSettings::*number_member = nullptr;
+};
+
+const Setting& SettingOf(SettingId id);
+
+/// All of them, in the order of SettingId.
+std::span<const Setting> Settings();
 
 /// Where a setting is stored, as what, and what it may be.
 struct SettingPlace {
@@ -50,4 +105,4 @@ std::string SettingNames();
 
 }  // namespace imptable
 
-#endif  // HOST_TASKS_SETTINGS_TABLE_H_
+#endif  // CORE_SETTINGS_TABLE_H_

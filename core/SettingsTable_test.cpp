@@ -1,4 +1,4 @@
-#include "host/tasks/SettingsTable.h"
+#include "core/SettingsTable.h"
 
 #include <gtest/gtest.h>
 
