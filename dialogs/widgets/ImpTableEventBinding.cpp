@@ -97,8 +97,7 @@ void ImpTableWindow::BindButtons() {
     wxWindow& control = *controls_.at(button.name);
     control.Bind(wxEVT_BUTTON, [this, action = button.action](wxCommandEvent&) {
       Later([this, action, pressed = TimeOfInput()] {
-        // Who presses a button while the work of another one keeps the dialog from looking doesn't
-        // mean to begin something after it.
+        // Ignore presses made while another button was working.
         const bool begins = action != &ImpTablePresenter::Cancel;
         if (begins && IsBefore(pressed, work_done_)) return;
         (presenter_.*action)();

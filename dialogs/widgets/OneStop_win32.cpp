@@ -2,7 +2,7 @@
 
 namespace imptable {
 
-// It is one there.
+// On Windows the group is one stop already.
 void MakeOneStop(wxComboBox& /*list*/) {}
 
 }  // namespace imptable
