@@ -16,7 +16,7 @@ struct Row {
 };
 
 constexpr std::array kRows{
-#define MESSAGE(number, french, english) Row{number, french, english},
+#define MESSAGE(name, number, french, english) Row{number, french, english},
 #include "resources/Messages.inc"
 #undef MESSAGE
 };

@@ -13,6 +13,13 @@ namespace imptable {
 inline constexpr std::int32_t kFrenchOffset = 0;
 inline constexpr std::int32_t kEnglishOffset = 10000;
 
+/// The texts by their names; the value is the number of the French one.
+enum class Message : std::int32_t {
+#define MESSAGE(name, number, french, english) name = (number),
+#include "resources/Messages.inc"
+#undef MESSAGE
+};
+
 inline constexpr std::int32_t kMessageCount = 180;
 
 /// Every text that a user sees, in both languages: numbers 1 to 180 French, 10001 to 10180 English.

@@ -75,8 +75,8 @@ class ModuleCommun {
 
   /// The catalogue entry in the current language.
   /// @throws RuntimeFault  as MessageCatalogue::Text.
-  const std::string& MessageText(std::int32_t number) const {
-    return catalogue_.Text(number, language_offset);
+  const std::string& MessageText(Message message) const {
+    return catalogue_.Text(static_cast<std::int32_t>(message), language_offset);
   }
 
   /// The fault's description in the current language.

@@ -188,7 +188,8 @@ TEST_F(ReportLine, EndsSilentlyWhenTheHostFailsWhileItRepaints) {
 TEST_F(ReportLine, IsWrittenInTheCodePageOfItsText) {
   TestComponent latin(std::make_unique<Latin1TextEncoding>());
   latin.module().report_path = folder_.path() + "latin.txt";
-  latin.module().ReportLine(latin.module().MessageText(167), nullptr, ReportKind::kInformation);
+  latin.module().ReportLine(latin.module().MessageText(Message::kEdited), nullptr,
+                            ReportKind::kInformation);
   EXPECT_EQ(folder_.Read("latin.txt"), "15/11/2006 08:30:00  Enregistrement(s) modifi\xe9(s)\r\n");
 }
 

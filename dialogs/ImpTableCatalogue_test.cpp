@@ -93,24 +93,24 @@ TEST_F(TaskDialogCatalogue, ConnectsWithWhatIsTypedNow) {
 TEST_F(TaskDialogCatalogue, OpensNoPickerWithoutWhatItConnectsTo) {
   ImpTablePresenter& dialog = run_.OpenNew();
   dialog.OnOption("optBCP", 1);
-  const auto refused = [&](std::int32_t message, const char* control) {
+  const auto refused = [&](Message message, const char* control) {
     EXPECT_THAT(run_.Boxes(),
                 ElementsAre("Warn|Importation Table|" + run_.module().MessageText(message)));
     EXPECT_EQ(run_.view.focused.back(), control);
     EXPECT_EQ(run_.view.pickers_run, 0);
   };
   dialog.OnTables();
-  refused(47, "Combo1");
+  refused(Message::kSelectDataSource, "Combo1");
   dialog.OnKeys();
-  refused(47, "Combo1");
+  refused(Message::kSelectDataSource, "Combo1");
   dialog.OnColumns();
-  refused(47, "Combo1");
+  refused(Message::kSelectDataSource, "Combo1");
   dialog.OnText("Combo1", run_.source.name());
   dialog.OnKeys();
-  refused(129, "txtTable");
+  refused(Message::kChooseTable, "txtTable");
   dialog.OnTab(3);
   dialog.OnColumns();
-  refused(129, "txtTable");
+  refused(Message::kChooseTable, "txtTable");
   EXPECT_EQ(run_.shown().tab, 0);
   EXPECT_THAT(run_.source.LogLines(), IsEmpty());
 }
@@ -142,8 +142,8 @@ TEST_F(TaskDialogCatalogue, ListsTheColumnsOfTheTableAndMarksItsKey) {
 TEST_F(TaskDialogCatalogue, SaysThatATableHasNoColumns) {
   ImpTablePresenter& dialog = run_.OpenComplete();
   dialog.OnColumns();
-  EXPECT_THAT(run_.Boxes(),
-              ElementsAre("Warn|Importation Table|" + run_.module().MessageText(129)));
+  EXPECT_THAT(run_.Boxes(), ElementsAre("Warn|Importation Table|" +
+                                        run_.module().MessageText(Message::kChooseTable)));
   EXPECT_THAT(run_.source.LogLines("SQLDisconnect"), SizeIs(1));
 }
 

@@ -14,12 +14,12 @@ using testing::Not;
 
 class TaskDialogChecks : public testing::Test {
  protected:
-  std::string Warning(std::int32_t message) {
+  std::string Warning(Message message) {
     return "Warn|" + run_.shown().caption + '|' + run_.module().MessageText(message);
   }
 
   /// Both buttons refuse in the same way, and write nothing.
-  void ExpectRefused(std::int32_t message, int tab, const std::string& control) {
+  void ExpectRefused(Message message, int tab, const std::string& control) {
     SCOPED_TRACE(message);
     for (const bool by_apply : {false, true}) {
       run_.view.focused.clear();
@@ -51,7 +51,7 @@ TEST_F(TaskDialogChecks, AskForANameOfANewTask) {
   ImpTablePresenter dialog(run_.services, run_.view, run_, 0, "", "S1");
   dialog.Load();
   dialog.Confirm();
-  EXPECT_THAT(run_.Boxes(), ElementsAre(Warning(121)));
+  EXPECT_THAT(run_.Boxes(), ElementsAre(Warning(Message::kEnterTaskName)));
   EXPECT_THAT(run_.view.focused, ElementsAre("txtTache"));
   EXPECT_THAT(run_.Changes(), IsEmpty());
 }
@@ -59,7 +59,7 @@ TEST_F(TaskDialogChecks, AskForANameOfANewTask) {
 TEST_F(TaskDialogChecks, RefuseTheNameOfAnotherTaskWhileTheTaskIsNew) {
   run_.ports.registry.SetText(std::string(TaskDialogRun::kTasks) + "\\t1", "Login", "other");
   run_.OpenComplete();
-  ExpectRefused(122, 0, "txtTache");
+  ExpectRefused(Message::kTaskExists, 0, "txtTache");
 }
 
 TEST_F(TaskDialogChecks, FindTheNameWithoutRegardToTheCaseOfAccentedLettersInAnyCodePage) {
@@ -69,7 +69,8 @@ TEST_F(TaskDialogChecks, FindTheNameWithoutRegardToTheCaseOfAccentedLettersInAny
   ImpTablePresenter dialog(run.services, run.view, run, 0, "\xE9t\xE9", "S1");
   dialog.Load();
   dialog.Confirm();
-  EXPECT_THAT(run.Boxes(), ElementsAre("Warn|Importation Table|" + run.module().MessageText(122)));
+  EXPECT_THAT(run.Boxes(), ElementsAre("Warn|Importation Table|" +
+                                       run.module().MessageText(Message::kTaskExists)));
 }
 
 TEST_F(TaskDialogChecks, AcceptTheNameOfTheTaskItself) {
@@ -89,12 +90,12 @@ TEST_F(TaskDialogChecks, AcceptTheNameAfterTheFirstApply) {
 
 TEST_F(TaskDialogChecks, AskForADataSource) {
   run_.OpenComplete().OnText("Combo1", "");
-  ExpectRefused(47, 0, "Combo1");
+  ExpectRefused(Message::kSelectDataSource, 0, "Combo1");
 }
 
 TEST_F(TaskDialogChecks, AskForAUser) {
   run_.OpenComplete().OnText("txtLogin", "");
-  ExpectRefused(127, 0, "txtLogin");
+  ExpectRefused(Message::kEnterUser, 0, "txtLogin");
 }
 
 TEST_F(TaskDialogChecks, AskWhetherAUserIsWantedWhereTheProgramSaysThatNoneMayBe) {
@@ -113,13 +114,13 @@ TEST_F(TaskDialogChecks, AskWhetherAUserIsWantedWhereTheProgramSaysThatNoneMayBe
 
 TEST_F(TaskDialogChecks, AskForATable) {
   run_.OpenComplete().OnText("txtTable", "");
-  ExpectRefused(129, 0, "txtTable");
+  ExpectRefused(Message::kChooseTable, 0, "txtTable");
 }
 
 TEST_F(TaskDialogChecks, AskForASourceFile) {
   for (const char* alias : {"", " ", " CLIENTS"}) {
     run_.OpenComplete().OnText("txtAlias", alias);
-    ExpectRefused(135, 0, "txtAlias");
+    ExpectRefused(Message::kEnterFile, 0, "txtAlias");
   }
 }
 
@@ -127,7 +128,7 @@ TEST_F(TaskDialogChecks, AskForAnErrorCodeOfDuplicates) {
   run_.OpenComplete().OnCheck("chkDou", true);
   for (const char* code : {"", "12a", "a", " ", "99999999999", "inf"}) {
     run_.dialog().OnText("txtErr", code);
-    ExpectRefused(156, 2, "txtErr");
+    ExpectRefused(Message::kEnterErrorCode, 2, "txtErr");
   }
   for (const char* code : {"12", "-803", " 2627 ", "@CODE", "@"}) {
     run_.dialog().OnText("txtErr", code);
@@ -159,7 +160,7 @@ TEST_F(TaskDialogChecks, AskForAKeyInEveryModeButInsert) {
     dialog.OnOption("optBCP", mode);
     for (const char* key : {"", " CODE"}) {
       dialog.OnText("txtCle", key);
-      ExpectRefused(126, 0, "txtCle");
+      ExpectRefused(Message::kEnterKey, 0, "txtCle");
     }
     dialog.OnCheck("chkPrimKey", true);
     ExpectAccepted();
@@ -173,7 +174,7 @@ TEST_F(TaskDialogChecks, RefuseAColumnCountThatIsNone) {
   run_.OpenComplete();
   for (const char* count : {"12x", "-1", "99999", "32768"}) {
     run_.dialog().OnText("textNbCol", count);
-    ExpectRefused(128, 1, "textNbCol");
+    ExpectRefused(Message::kIncorrectValue, 1, "textNbCol");
   }
 }
 
@@ -189,7 +190,7 @@ TEST_F(TaskDialogChecks, EndWithTheColumnsOfTheFile) {
   run_.dialog().OnSpin(true);
   run_.view.focused.clear();
   run_.dialog().Confirm();
-  EXPECT_THAT(run_.Boxes(), ElementsAre(Warning(143) + '1'));
+  EXPECT_THAT(run_.Boxes(), ElementsAre(Warning(Message::kEnterTextLength) + '1'));
   EXPECT_EQ(run_.shown().tab, 3);
   EXPECT_THAT(run_.view.focused, ElementsAre("Grid1"));
   EXPECT_EQ(run_.shown().columns.selected_file_row, 0U);
@@ -207,7 +208,7 @@ TEST_F(TaskDialogChecks, EndWithTheOriginsOfTheTablesColumns) {
   run_.StoredIn("Champs", {"CODE,INTEGER,Null", "NOM,VARCHAR,"});
   run_.OpenExisting();
   run_.dialog().Confirm();
-  EXPECT_THAT(run_.Boxes(), ElementsAre(Warning(154) + "NOM"));
+  EXPECT_THAT(run_.Boxes(), ElementsAre(Warning(Message::kEnterOrigin) + "NOM"));
   EXPECT_EQ(run_.shown().tab, 3);
   EXPECT_THAT(run_.view.focused, ElementsAre("Grid2"));
   EXPECT_THAT(run_.Changes(), IsEmpty());
@@ -215,7 +216,7 @@ TEST_F(TaskDialogChecks, EndWithTheOriginsOfTheTablesColumns) {
 
 TEST_F(TaskDialogChecks, ComeInTheirOrder) {
   struct Step {
-    std::int32_t message;
+    Message message;
     std::function<void(ImpTablePresenter&)> mend;
   };
   run_.ports.registry.SetText(TaskDialogRun::kTask, "Login", "other");

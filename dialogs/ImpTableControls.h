@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/MessageCatalogue.h"
 #include "dialogs/ImpTableState.h"
 
 namespace imptable {
@@ -71,23 +72,62 @@ inline constexpr auto kOptionControls = std::to_array<OptionControl>({
 /// A caption that the catalogue gives and no rule changes.
 struct CaptionControl {
   std::string_view name;
-  std::int32_t message;
+  Message message;
 };
 
 inline constexpr auto kCaptionControls = std::to_array<CaptionControl>({
-    {"SSTab1(0)", 38}, {"SSTab1(1)", 39},  {"SSTab1(2)", 40},  {"SSTab1(3)", 23},
-    {"SSTab1(4)", 16}, {"SSTab1(5)", 83},  {"Label8", 41},     {"SSFrame3", 17},
-    {"Label11", 18},   {"Label10", 19},    {"Label9", 20},     {"cmdAdminODBC", 9},
-    {"SSFrame1", 15},  {"Command1", 10},   {"OptCsv(0)", 13},  {"OptCsv(1)", 14},
-    {"Label2", 22},    {"Label4", 28},     {"Frame3D4", 21},   {"optBCP(0)", 29},
-    {"optBCP(1)", 30}, {"optBCP(2)", 31},  {"optBCP(3)", 32},  {"optBCP(4)", 33},
-    {"Label5", 25},    {"cmdCle", 11},     {"chkPrimKey", 67}, {"SSFrame2", 24},
-    {"optSup(0)", 34}, {"optSup(1)", 35},  {"optSup(2)", 36},  {"chkSupp", 65},
-    {"SSFrame4", 48},  {"optForm(0)", 58}, {"optForm(1)", 56}, {"Label7", 51},
-    {"Label6", 46},    {"chkDec", 45},     {"chkNull", 66},    {"chkParam", 62},
-    {"cmdInfo", 59},   {"Label3", 37},     {"chkDou", 63},     {"Label12", 64},
-    {"Frame3D7", 26},  {"chkRecup", 27},   {"cmdAcA", 84},     {"cmdAcM", 82},
-    {"cmdAcS", 85},    {"cmdValider", 2},  {"cmdApp", 1},      {"cmdAnnuler", 3},
+    {"SSTab1(0)", Message::kParameters},
+    {"SSTab1(1)", Message::kOptions},
+    {"SSTab1(2)", Message::kErrorManagement},
+    {"SSTab1(3)", Message::kColumnFormat},
+    {"SSTab1(4)", Message::kComment},
+    {"SSTab1(5)", Message::kActions},
+    {"Label8", Message::kTaskName},
+    {"SSFrame3", Message::kOdbcSource},
+    {"Label11", Message::kDataSourceName},
+    {"Label10", Message::kUser},
+    {"Label9", Message::kPassword},
+    {"cmdAdminODBC", Message::kAdministration},
+    {"SSFrame1", Message::kTable},
+    {"Command1", Message::kListTables},
+    {"OptCsv(0)", Message::kUseAliasAsCsv},
+    {"OptCsv(1)", Message::kUseCompleteName},
+    {"Label2", Message::kAlias},
+    {"Label4", Message::kDirectory},
+    {"Frame3D4", Message::kImportMode},
+    {"optBCP(0)", Message::kUsingInsert},
+    {"optBCP(1)", Message::kUsingUpdate},
+    {"optBCP(2)", Message::kUsingInsertUpdate},
+    {"optBCP(3)", Message::kUsingUpdateInsert},
+    {"optBCP(4)", Message::kUsingDelete},
+    {"Label5", Message::kKeyUsed},
+    {"cmdCle", Message::kListKeys},
+    {"chkPrimKey", Message::kUsePrimaryKey},
+    {"SSFrame2", Message::kDeletion},
+    {"optSup(0)", Message::kNoDeletion},
+    {"optSup(1)", Message::kGlobalDeletion},
+    {"optSup(2)", Message::kSelectiveDeletion},
+    {"chkSupp", Message::kIfFileIsEmpty},
+    {"SSFrame4", Message::kFileFormat},
+    {"optForm(0)", Message::kFixed},
+    {"optForm(1)", Message::kDelimited},
+    {"Label7", Message::kSeparator},
+    {"Label6", Message::kColumnCount},
+    {"chkDec", Message::kDecimalSeparator},
+    {"chkNull", Message::kBlankIsNull},
+    {"chkParam", Message::kTableColumns},
+    {"cmdInfo", Message::kFileColumns},
+    {"Label3", Message::kErrorsAllowed},
+    {"chkDou", Message::kIgnoreDuplicates},
+    {"Label12", Message::kErrorCode},
+    {"Frame3D7", Message::kResumeMode},
+    {"chkRecup", Message::kResumeFiles},
+    {"cmdAcA", Message::kAdd},
+    {"cmdAcM", Message::kModify},
+    {"cmdAcS", Message::kDelete},
+    {"cmdValider", Message::kConfirm},
+    {"cmdApp", Message::kApply},
+    {"cmdAnnuler", Message::kCancel},
 });
 
 }  // namespace imptable

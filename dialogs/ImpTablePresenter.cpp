@@ -13,10 +13,6 @@
 namespace imptable {
 namespace {
 
-// Numbers of catalogue texts: never change.
-constexpr std::int32_t kMessageRegistryFailure = 111;
-constexpr std::int32_t kMessageInitialize = 134;
-
 constexpr std::string_view kDefaultSeparator = ";";
 
 template <typename Controls>
@@ -156,7 +152,7 @@ void ImpTablePresenter::ChangeSource(const std::string& data_source) {
   RefreshTooltips();
   if (data_source == source_) return;
   source_ = data_source;
-  if (services_.boxes.Ask(module_.MessageText(kMessageInitialize), state_.caption)) {
+  if (services_.boxes.Ask(module_.MessageText(Message::kInitializeParameters), state_.caption)) {
     EmptySourceFields(state_);
     RefreshTooltips();
   }
@@ -324,7 +320,7 @@ bool ImpTablePresenter::Save() {
     const std::string name = state_.txtTache;
     if (const auto failure = SaveTask(module_, name, saved_, state_, *columns_)) {
       begun_ = true;
-      Warn(module_.MessageText(kMessageRegistryFailure) + " : \"" + failure->name + "\" (" +
+      Warn(module_.MessageText(Message::kRegistryFailure) + " : \"" + failure->name + "\" (" +
            std::to_string(failure->code) + ')');
       return;
     }

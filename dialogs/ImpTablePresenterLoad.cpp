@@ -7,10 +7,6 @@
 namespace imptable {
 namespace {
 
-// Numbers of catalogue texts: never change.
-constexpr std::int32_t kMessageRegistryFailure = 111;
-constexpr std::int32_t kMessageTitle = 175;
-
 constexpr std::string_view kIcon = "ICO1";
 
 }  // namespace
@@ -23,7 +19,7 @@ void ImpTablePresenter::Load() {
 
 void ImpTablePresenter::Fill() {
   const BusyScope scope(busy_);
-  if (state_.caption.empty()) state_.caption = module_.MessageText(kMessageTitle);
+  if (state_.caption.empty()) state_.caption = module_.MessageText(Message::kTitle);
   if (state_.icon.empty()) state_.icon = kIcon;
   SetCaptions(state_, module_);
   FillSources();
@@ -46,7 +42,7 @@ void ImpTablePresenter::LoadTask() {
   std::vector<RuntimeFault> faults;
   const ImportSettings settings = LoadSettings(module_, task_name_, faults);
   if (!faults.empty()) {
-    std::string text = module_.MessageText(kMessageRegistryFailure);
+    std::string text = module_.MessageText(Message::kRegistryFailure);
     for (const RuntimeFault& fault : faults) text += '\n' + module_.FaultText(fault);
     Warn(text);
   }

@@ -81,7 +81,8 @@ TEST(TaskDialogWindow, HasItsOwnCaptionAndIconUnlessTheHostGivesOthers) {
   EXPECT_EQ(run.shown().caption, "Title of the host");
   EXPECT_EQ(run.shown().icon, "WRAPPER_ICON");
   titled.Apply();
-  EXPECT_THAT(run.Boxes(), ElementsAre("Warn|Title of the host|" + run.module().MessageText(47)));
+  EXPECT_THAT(run.Boxes(), ElementsAre("Warn|Title of the host|" +
+                                       run.module().MessageText(Message::kSelectDataSource)));
 }
 
 TEST(TaskDialogWindow, HasEveryCaptionInBothLanguages) {
@@ -271,9 +272,10 @@ TEST(ExistingTaskDialog, NamesNumbersThatCantBeReadInOneBoxAndShowsTheirDefaults
   run.Stored("Mode", "often");
   run.Stored("NombreColonnes", 70000);
   run.OpenExisting();
-  EXPECT_THAT(run.Boxes(), ElementsAre(AllOf(HasSubstr(run.module().MessageText(111)),
-                                             HasSubstr("\"Mode\" = \"often\""),
-                                             HasSubstr("\"NombreColonnes\" = \"70000\""))));
+  EXPECT_THAT(run.Boxes(),
+              ElementsAre(AllOf(HasSubstr(run.module().MessageText(Message::kRegistryFailure)),
+                                HasSubstr("\"Mode\" = \"often\""),
+                                HasSubstr("\"NombreColonnes\" = \"70000\""))));
   EXPECT_EQ(run.shown().txtLogin, "sa");
   EXPECT_EQ(run.shown().optBCP, 0);
   EXPECT_EQ(run.shown().textNbCol, "0");

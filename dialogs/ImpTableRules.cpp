@@ -5,13 +5,6 @@
 namespace imptable {
 namespace {
 
-// Numbers of catalogue texts: never change.
-constexpr std::int32_t kMessageFile = 12;
-constexpr std::int32_t kMessageAlias = 22;
-constexpr std::int32_t kMessageVariable = 79;
-constexpr std::int32_t kMessageValue = 80;
-constexpr std::int32_t kMessageContinue = 81;
-
 constexpr int kModeCount = 5;
 constexpr int kDeletionCount = 3;
 
@@ -37,8 +30,9 @@ void SetCaptions(ImpTableState& state, const ModuleCommun& module) {
   for (const CaptionControl& control : kCaptionControls) {
     state.captions[std::string(control.name)] = module.MessageText(control.message);
   }
-  state.actions_header = {module.MessageText(kMessageContinue),
-                          module.MessageText(kMessageVariable), module.MessageText(kMessageValue)};
+  state.actions_header = {module.MessageText(Message::kContinueScenario),
+                          module.MessageText(Message::kVariable),
+                          module.MessageText(Message::kVariableValue)};
 }
 
 void SetNewTask(ImpTableState& state) {
@@ -105,7 +99,7 @@ void ChooseFileFormat(ImpTableState& state, int index) {
 void ChooseFileOption(ImpTableState& state, const ModuleCommun& module, int index) {
   state.OptCsv = index;
   state.captions["Label2"] =
-      module.MessageText(index == kFullNameButton ? kMessageFile : kMessageAlias);
+      module.MessageText(index == kFullNameButton ? Message::kFile : Message::kAlias);
 }
 
 void TypePassword(ImpTableState& state, const std::string& text) {

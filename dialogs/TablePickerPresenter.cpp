@@ -6,14 +6,6 @@
 namespace imptable {
 namespace {
 
-// Numbers of catalogue texts: never change.
-constexpr std::int32_t kMessageConfirm = 2;
-constexpr std::int32_t kMessageCancel = 3;
-constexpr std::int32_t kMessageNoKey = 124;
-constexpr std::int32_t kMessageSelectTable = 129;
-constexpr std::int32_t kMessageTitle = 175;
-constexpr std::int32_t kMessageSelectKey = 180;
-
 /// The names of the columns in the key's order, as "Cle/Index" holds them: separated by ",".
 std::string KeyLine(std::vector<KeyColumn> columns) {
   std::stable_sort(columns.begin(), columns.end(),
@@ -64,10 +56,10 @@ TablePickerPresenter::TablePickerPresenter(const DialogServices& services, Picke
 void TablePickerPresenter::Open(TablePickerView& view) {
   view_ = &view;
   const ModuleCommun& module = services_.module;
-  state_.caption =
-      module.MessageText(mode_ == PickerMode::kTables ? kMessageSelectTable : kMessageSelectKey);
-  state_.cmdValider = module.MessageText(kMessageConfirm);
-  state_.cmdAnnuler = module.MessageText(kMessageCancel);
+  state_.caption = module.MessageText(mode_ == PickerMode::kTables ? Message::kChooseTable
+                                                                   : Message::kSelectKey);
+  state_.cmdValider = module.MessageText(Message::kConfirm);
+  state_.cmdAnnuler = module.MessageText(Message::kCancel);
   view.Show(state_);
   listing_ = true;
   try {
@@ -91,7 +83,7 @@ void TablePickerPresenter::List() {
       without_key = ListKeys(listing.catalogue()) && state_.lines.empty();
     }
   }
-  if (without_key) Warn(services_.module.MessageText(kMessageNoKey));
+  if (without_key) Warn(services_.module.MessageText(Message::kTableWithoutKey));
 }
 
 void TablePickerPresenter::ListTables(Catalogue& catalogue) {
@@ -126,7 +118,7 @@ void TablePickerPresenter::Cancel() {
 }
 
 void TablePickerPresenter::Warn(const std::string& text) {
-  services_.boxes.Warn(text, services_.module.MessageText(kMessageTitle));
+  services_.boxes.Warn(text, services_.module.MessageText(Message::kTitle));
 }
 
 }  // namespace imptable

@@ -93,8 +93,8 @@ TEST_F(TablePicker, SaysThatATableHasNoKey) {
   run_.source.Script("column CODE 4 INTEGER 10 0 0\n");
   Open(PickerMode::kKeys);
   EXPECT_THAT(shown().lines, IsEmpty());
-  EXPECT_THAT(run_.Boxes(),
-              ElementsAre("Warn|Importation Table|" + run_.module().MessageText(124)));
+  EXPECT_THAT(run_.Boxes(), ElementsAre("Warn|Importation Table|" +
+                                        run_.module().MessageText(Message::kTableWithoutKey)));
   EXPECT_EQ(run_.ports.pointer.shown, run_.ports.pointer.reset);
 }
 

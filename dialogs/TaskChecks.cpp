@@ -11,19 +11,8 @@
 namespace imptable {
 namespace {
 
-// Numbers of catalogue texts: never change.
-constexpr std::int32_t kMessageNoSource = 47;
-constexpr std::int32_t kMessageNoName = 121;
-constexpr std::int32_t kMessageNameTaken = 122;
-constexpr std::int32_t kMessageNoKey = 126;
-constexpr std::int32_t kMessageNoUser = 127;
-constexpr std::int32_t kMessageIncorrectValue = 128;
-constexpr std::int32_t kMessageNoTable = 129;
-constexpr std::int32_t kMessageNoFile = 135;
-constexpr std::int32_t kMessageNoErrorCode = 156;
-
-constexpr Refusal kNoSource{kMessageNoSource, kParametersTab, "Combo1"};
-constexpr Refusal kNoTable{kMessageNoTable, kParametersTab, "txtTable"};
+constexpr Refusal kNoSource{Message::kSelectDataSource, kParametersTab, "Combo1"};
+constexpr Refusal kNoTable{Message::kChooseTable, kParametersTab, "txtTable"};
 
 bool TaskExists(const ModuleCommun& module, const std::string& task) {
   const TextEncoding& encoding = module.platform.encoding;
@@ -57,26 +46,26 @@ bool IsColumnCount(std::string_view text) {
 std::optional<Refusal> CheckTask(const ModuleCommun& module, bool existing,
                                  const ImpTableState& state, UserName user_name) {
   if (!existing && state.txtTache.empty())
-    return Refusal{kMessageNoName, kParametersTab, "txtTache"};
+    return Refusal{Message::kEnterTaskName, kParametersTab, "txtTache"};
   if (!existing && TaskExists(module, state.txtTache)) {
-    return Refusal{kMessageNameTaken, kParametersTab, "txtTache"};
+    return Refusal{Message::kTaskExists, kParametersTab, "txtTache"};
   }
   if (state.Combo1.empty()) return kNoSource;
   if (state.txtLogin.empty() && user_name == UserName::kWanted)
-    return Refusal{kMessageNoUser, kParametersTab, "txtLogin"};
+    return Refusal{Message::kEnterUser, kParametersTab, "txtLogin"};
   if (state.txtTable.empty()) return kNoTable;
   if (IsEmptyOrBeginsBlank(state.txtAlias)) {
-    return Refusal{kMessageNoFile, kParametersTab, "txtAlias"};
+    return Refusal{Message::kEnterFile, kParametersTab, "txtAlias"};
   }
   const bool inserts = state.optBCP == kInsertButton;
   if (inserts && state.chkDou && !IsErrorCode(state.txtErr)) {
-    return Refusal{kMessageNoErrorCode, kErrorsTab, "txtErr"};
+    return Refusal{Message::kEnterErrorCode, kErrorsTab, "txtErr"};
   }
   if (!inserts && !state.chkPrimKey && IsEmptyOrBeginsBlank(state.txtCle)) {
-    return Refusal{kMessageNoKey, kParametersTab, "txtCle"};
+    return Refusal{Message::kEnterKey, kParametersTab, "txtCle"};
   }
   if (!IsColumnCount(state.textNbCol)) {
-    return Refusal{kMessageIncorrectValue, kOptionsTab, "textNbCol"};
+    return Refusal{Message::kIncorrectValue, kOptionsTab, "textNbCol"};
   }
   return std::nullopt;
 }

@@ -13,7 +13,7 @@ namespace imptable {
 
 /// Why a task can't be saved as it stands, and where the user mends that.
 struct Refusal {
-  std::int32_t message = 0;
+  Message message;
   int tab = kParametersTab;
   std::string_view control;
 

@@ -6,32 +6,25 @@
 namespace imptable {
 namespace {
 
-// Numbers of catalogue texts: never change.
-constexpr std::int32_t kMessageConfirm = 2;
-constexpr std::int32_t kMessageCancel = 3;
-constexpr std::int32_t kMessageVariables = 69;
-constexpr std::int32_t kMessageConstants = 70;
-constexpr std::int32_t kMessageSelect = 76;
-
 constexpr std::string_view kTooltipValue = " val: ";
 
 }  // namespace
 
 VariableListState ListVariables(const ModuleCommun& module, const std::string& scenario,
                                 VariableKinds kinds) {
-  VariableListState list{.caption = module.MessageText(kMessageSelect),
-                         .cmdValider = module.MessageText(kMessageConfirm),
-                         .cmdAnnuler = module.MessageText(kMessageCancel),
+  VariableListState list{.caption = module.MessageText(Message::kSelectVariable),
+                         .cmdValider = module.MessageText(Message::kConfirm),
+                         .cmdAnnuler = module.MessageText(Message::kCancel),
                          .groups = {}};
-  const auto add = [&](ReferenceKind kind, std::int32_t title) {
+  const auto add = [&](ReferenceKind kind, Message title) {
     list.groups.push_back(
         {module.MessageText(title), module.host.ReferenceNames(module.location, scenario, kind)});
   };
   if (kinds == VariableKinds::kVar || kinds == VariableKinds::kAll) {
-    add(ReferenceKind::kVariable, kMessageVariables);
+    add(ReferenceKind::kVariable, Message::kVariables);
   }
   if (kinds == VariableKinds::kCon || kinds == VariableKinds::kAll) {
-    add(ReferenceKind::kConstant, kMessageConstants);
+    add(ReferenceKind::kConstant, Message::kConstants);
   }
   return list;
 }

@@ -10,12 +10,6 @@
 namespace imptable {
 namespace {
 
-// Numbers of catalogue texts: never change.
-constexpr std::int32_t kMessageSuccess = 102;
-constexpr std::int32_t kMessageFault = 112;
-constexpr std::int32_t kMessageLinesRead = 162;
-constexpr std::int32_t kMessageErrors = 163;
-
 constexpr std::string_view kStepPrefix = " -->   ";
 constexpr std::string_view kCountPrefix = " ----->   ";
 
@@ -232,7 +226,7 @@ void ImportLoop::ReportFault(const RuntimeFault& fault) {
   module_.run.fault = fault;
   session_.error_reported = true;
   if (mode_->FaultFailsDeletion()) module_.run.pre_deletion_failed = true;
-  module_.WriteReport(std::string(kStepPrefix) + module_.MessageText(kMessageFault) +
+  module_.WriteReport(std::string(kStepPrefix) + module_.MessageText(Message::kFault) +
                           std::to_string(static_cast<std::int32_t>(fault.number())) + " ," +
                           module_.FaultText(fault),
                       ReportKind::kError);
@@ -242,13 +236,13 @@ void ImportLoop::ReportCounts() {
   const auto report = [this](const std::string& text) {
     module_.WriteReport(std::string(kCountPrefix) + text, ReportKind::kInformation);
   };
-  report(SignedText(session_.line_number) + module_.MessageText(kMessageLinesRead));
+  report(SignedText(session_.line_number) + module_.MessageText(Message::kLinesRead));
   const std::int64_t errors = module_.run.progress.errors;
   if (errors == 0) {
-    mode_->ReportSuccess(module_.MessageText(kMessageSuccess) + mode_->CountsText());
+    mode_->ReportSuccess(module_.MessageText(Message::kSuccess) + mode_->CountsText());
     return;
   }
-  report(SignedText(errors) + module_.MessageText(kMessageErrors));
+  report(SignedText(errors) + module_.MessageText(Message::kErrorsFound));
   report(mode_->CountsText());
 }
 

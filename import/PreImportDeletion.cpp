@@ -14,17 +14,6 @@
 namespace imptable {
 namespace {
 
-// Numbers of catalogue texts: never change.
-constexpr std::int32_t kMessageGlobal = 105;
-constexpr std::int32_t kMessageSelective = 107;
-constexpr std::int32_t kMessageQuery = 108;
-constexpr std::int32_t kMessageNoneDeleted = 109;
-constexpr std::int32_t kMessageDeleted = 110;
-constexpr std::int32_t kMessageGlobalFault = 139;
-constexpr std::int32_t kMessageUnknownColumn = 140;
-constexpr std::int32_t kMessageAbandon = 141;
-constexpr std::int32_t kMessageSelectiveFault = 142;
-
 constexpr int kSections = 20;
 constexpr int kKeys = 10;
 constexpr std::string_view kMissing = "Non";
@@ -62,8 +51,8 @@ class Deletion {
   Deletion(ModuleCommun& module, OdbcSession& session) : module_(module), session_(session) {}
 
   void Global() {
-    Report(kMessageGlobal);
-    Guarded(kMessageGlobalFault, [this] {
+    Report(Message::kDeleteAll);
+    Guarded(Message::kGlobalDeletionFault, [this] {
       if (!Allocate()) return;
       const std::string text = "TRUNCATE TABLE " + TableReference(module_, session_);
       if (session_.ExecuteText(Raw(), text) == SQL_SUCCESS) {
@@ -76,8 +65,8 @@ class Deletion {
   }
 
   void Selective() {
-    Report(kMessageSelective);
-    Guarded(kMessageSelectiveFault, [this] {
+    Report(Message::kDeleteSelected);
+    Guarded(Message::kSelectiveDeletionFault, [this] {
       if (!LoadColumns()) return;
       CheckSelection();
       for (int section = 1; section <= kSections; ++section) {
@@ -91,7 +80,7 @@ class Deletion {
  private:
   /// A fault ends the deletion but not the run: the import goes on.
   template <typename Steps>
-  void Guarded(std::int32_t fault_message, Steps steps) {
+  void Guarded(Message fault_message, Steps steps) {
     const BusyPointer pointer(module_);
     std::optional<RuntimeFault> fault;
     try {
@@ -110,7 +99,7 @@ class Deletion {
                         ReportKind::kError);
   }
 
-  void Report(std::int32_t message, const std::string& value = {}) {
+  void Report(Message message, const std::string& value = {}) {
     module_.WriteReport(module_.MessageText(message) + value, ReportKind::kInformation);
   }
 
@@ -177,8 +166,8 @@ class Deletion {
           columns_.begin(), columns_.end(),
           [&](const TableColumn& each) { return WithoutBlanks(each.name) == range.column; });
       if (column == columns_.end()) {
-        Report(kMessageUnknownColumn,
-               std::string(range.column) + module_.MessageText(kMessageAbandon));
+        Report(Message::kUnknownDeletionColumn,
+               std::string(range.column) + module_.MessageText(Message::kAbandonTask));
         module_.run.pre_deletion_failed = true;
         session_.error_reported = true;
         return false;
@@ -196,18 +185,18 @@ class Deletion {
     const std::string text =
         "DELETE FROM " + TableReference(module_, session_) + " WHERE " + conditions;
     if (!Allocate()) return false;
-    Report(kMessageQuery, text);
+    Report(Message::kRunQuery, text);
     if (session_.ExecuteText(Raw(), text) != SQL_SUCCESS) return Fail();
     SQLLEN rows = 0;
     if (SQLRowCount(Raw(), &rows) != SQL_SUCCESS) return Fail();
     std::optional<std::int64_t>& deleted = module_.run.progress.deleted_before;
     if (rows == -1) {
       deleted.reset();
-      Report(kMessageNoneDeleted);
+      Report(Message::kNoneDeleted);
     } else {
       if (deleted) *deleted += rows;
       module_.WriteReport(
-          std::string(kCountPrefix) + SignedText(rows) + module_.MessageText(kMessageDeleted),
+          std::string(kCountPrefix) + SignedText(rows) + module_.MessageText(Message::kDeleted),
           ReportKind::kInformation);
     }
     module_.platform.message_loop.Yield();

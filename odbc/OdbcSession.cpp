@@ -23,16 +23,6 @@ constexpr SQLULEN kLoginTimeout = 15;
 constexpr std::size_t kSeparatorBytes = 255;
 constexpr std::int16_t kLastImportMode = 4;
 
-// Numbers of catalogue texts: never change.
-constexpr std::int32_t kMessageSelectDataSource = 47;
-constexpr std::int32_t kMessageLine = 157;
-constexpr std::int32_t kMessageAllocEnv = 170;
-constexpr std::int32_t kMessageAllocConnect = 171;
-constexpr std::int32_t kMessageFreeEnv = 172;
-constexpr std::int32_t kMessageFreeConnect = 173;
-constexpr std::int32_t kMessageDisconnect = 174;
-constexpr std::int32_t kMessageTitle = 175;
-
 }  // namespace
 
 OdbcSession::~OdbcSession() { Release(); }
@@ -74,18 +64,18 @@ bool OdbcSession::ConnectDataSource(const std::string& data_source, const std::s
   Release();  // a former connection whose report couldn't be written kept its handles
   // The driver manager has a driver for no name, too: it may make a file named after the password.
   if (data_source.empty()) {
-    return CheckOdbcReturn(SQL_ERROR, module_.MessageText(kMessageSelectDataSource));
+    return CheckOdbcReturn(SQL_ERROR, module_.MessageText(Message::kSelectDataSource));
   }
   // Information counts as a failure, but a handle comes with it.
   SQLRETURN allocated = SQLAllocEnv(&environment);
   if (!Succeeded(allocated)) environment = SQL_NULL_HENV;
-  if (!CheckOdbcReturn(allocated, module_.MessageText(kMessageAllocEnv))) {
+  if (!CheckOdbcReturn(allocated, module_.MessageText(Message::kCannotAllocateEnvironment))) {
     Release();
     return false;
   }
   allocated = SQLAllocConnect(environment, &connection);
   if (!Succeeded(allocated)) connection = SQL_NULL_HDBC;
-  if (CheckOdbcReturn(allocated, module_.MessageText(kMessageAllocConnect))) {
+  if (CheckOdbcReturn(allocated, module_.MessageText(Message::kCannotAllocateConnection))) {
     // A driver that can't limit its time connects all the same.
     SQLSetConnectOption(connection, SQL_LOGIN_TIMEOUT, kLoginTimeout);
     const std::string request = ConnectionString(data_source, user, password);
@@ -100,24 +90,24 @@ bool OdbcSession::ConnectDataSource(const std::string& data_source, const std::s
       return true;
     }
     ReportError();
-    CheckOdbcReturn(FreeConnection(), module_.MessageText(kMessageFreeConnect));
+    CheckOdbcReturn(FreeConnection(), module_.MessageText(Message::kCannotFreeConnection));
   } else if (connection != SQL_NULL_HDBC) {
     FreeConnection();
   }
-  CheckOdbcReturn(FreeEnvironment(), module_.MessageText(kMessageFreeEnv));
+  CheckOdbcReturn(FreeEnvironment(), module_.MessageText(Message::kCannotFreeEnvironment));
   return false;
 }
 
 void OdbcSession::DisconnectDataSource() {
-  const auto step = [this](SQLRETURN code, std::int32_t message) {
+  const auto step = [this](SQLRETURN code, Message message) {
     CheckOdbcReturn(code, module_.MessageText(message));
     module_.platform.message_loop.Yield();
   };
   const SQLRETURN disconnected = SQLDisconnect(connection);
   if (Succeeded(disconnected)) statement.Forget();
-  step(disconnected, kMessageDisconnect);
-  step(FreeConnection(), kMessageFreeConnect);
-  step(FreeEnvironment(), kMessageFreeEnv);
+  step(disconnected, Message::kCannotDisconnect);
+  step(FreeConnection(), Message::kCannotFreeConnection);
+  step(FreeEnvironment(), Message::kCannotFreeEnvironment);
 }
 
 std::string OdbcSession::InfoText(SQLUSMALLINT item) {
@@ -159,7 +149,7 @@ void OdbcSession::QueryDialect() {
 bool OdbcSession::CheckOdbcReturn(SQLRETURN code, const std::string& text) {
   if (code == SQL_SUCCESS) return true;
   if (execution_mode == kDialogMode) {
-    module_.platform.warning_box.Warn(text, module_.MessageText(kMessageTitle));
+    module_.platform.warning_box.Warn(text, module_.MessageText(Message::kTitle));
   } else {
     module_.WriteReport(text, ReportKind::kError);
   }
@@ -177,10 +167,10 @@ bool OdbcSession::IsIgnorableDuplicate(SQLINTEGER native_code) const {
 
 void OdbcSession::ShowText(std::int16_t reporting_mode, const std::string& text) {
   if (reporting_mode == kDialogMode) {
-    module_.platform.warning_box.Warn(text, module_.MessageText(kMessageTitle));
+    module_.platform.warning_box.Warn(text, module_.MessageText(Message::kTitle));
   } else if (reporting_mode == kRunMode) {
     if (module_.run.mode <= kLastImportMode && error_file != nullptr) {
-      error_file->Write(module_.DateTimeText() + module_.MessageText(kMessageLine) +
+      error_file->Write(module_.DateTimeText() + module_.MessageText(Message::kAtLine) +
                         SignedText(line_number) + ' ' + text + std::string(SystemLineEnd()));
     } else {
       module_.WriteReport(text, ReportKind::kError);

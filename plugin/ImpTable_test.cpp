@@ -149,8 +149,8 @@ TEST_F(ImpTableTest, FindsItsTaskByScenarioOnceInitialized) {
   EXPECT_EQ(task.Nom, "T1");
   EXPECT_EQ(task.Scen, "S1");
   EXPECT_EQ(task.Etat, 1);
-  EXPECT_EQ(component_.module().MessageText(9), "Administration");
-  EXPECT_EQ(component_.module().MessageText(8), "Selection");
+  EXPECT_EQ(component_.module().MessageText(Message::kAdministration), "Administration");
+  EXPECT_EQ(component_.module().MessageText(Message::kSelection), "Selection");
 }
 
 TEST_F(ImpTableTest, SharesTheLanguageWithEveryOtherTask) {

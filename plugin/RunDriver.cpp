@@ -20,18 +20,6 @@
 namespace imptable {
 namespace {
 
-// Numbers of catalogue texts: never change.
-constexpr std::int32_t kMessageRunTask = 94;
-constexpr std::int32_t kMessageTerminated = 95;
-constexpr std::int32_t kMessageConnect = 98;
-constexpr std::int32_t kMessageDeleteErrorFiles = 99;
-constexpr std::int32_t kMessageTable = 100;
-constexpr std::int32_t kMessageFault = 112;
-constexpr std::int32_t kMessageHalted = 133;
-constexpr std::int32_t kMessageNoFile = 136;
-constexpr std::int32_t kMessageFile = 137;
-constexpr std::int32_t kMessageIsEmpty = 138;
-
 // Values of "Mode" that import something, and of "Suppression": never change. Mode 2 is
 // INSERT/UPDATE, for which nothing is run.
 constexpr std::int16_t kModeInsert = 0;
@@ -121,10 +109,10 @@ void RunDriver::LoadTask() {
 
 void RunDriver::RunTask() {
   progress_();
-  Report(module_.MessageText(kMessageRunTask) + run_.task, ReportKind::kHeading);
-  Report(module_.MessageText(kMessageConnect) + run_.data_source, ReportKind::kInformation);
+  Report(module_.MessageText(Message::kRunTask) + run_.task, ReportKind::kHeading);
+  Report(module_.MessageText(Message::kConnect) + run_.data_source, ReportKind::kInformation);
   if (!state_.odbc.ConnectDataSource(run_.data_source, run_.login, run_.password)) {
-    Report(module_.MessageText(kMessageHalted), ReportKind::kError);
+    Report(module_.MessageText(Message::kNoConnection), ReportKind::kError);
     run_.status = RunStatus::kFailed;
     return;
   }
@@ -133,7 +121,7 @@ void RunDriver::RunTask() {
     RefuseMissingFile();
     return;
   }
-  Report(module_.MessageText(kMessageDeleteErrorFiles), ReportKind::kInformation);
+  Report(module_.MessageText(Message::kDeleteErrorFiles), ReportKind::kInformation);
   state_.odbc.ReadSystemDecimalSeparator();
   DecideResume();  // while everything is as the last run left it
   const DataFile file = LookAtDataFile();
@@ -142,7 +130,7 @@ void RunDriver::RunTask() {
   // source before a side file goes, the table and its statement before a row goes.
   bool sound = !import || import->Check();
   if (sound) PrepareSideFiles();
-  Report(module_.MessageText(kMessageTable) + run_.table, ReportKind::kInformation);
+  Report(module_.MessageText(Message::kProcessTable) + run_.table, ReportKind::kInformation);
   ReportDataFile(file);
   if (import && sound && !StopAskedFor()) sound = import->Prepare();
   if (sound && !StopAskedFor()) DeleteBeforeImport(file.state);
@@ -160,7 +148,7 @@ void RunDriver::RunTask() {
 }
 
 void RunDriver::RefuseMissingFile() {
-  Report(module_.MessageText(kMessageNoFile) + DataFilePath(run_, run_.full_file_name == 1),
+  Report(module_.MessageText(Message::kNoFile) + DataFilePath(run_, run_.full_file_name == 1),
          ReportKind::kError);
   state_.odbc.error_reported = true;
   RecordOutcome();
@@ -182,7 +170,7 @@ void RunDriver::DecideResume() {
     if (const auto obstacle = FindObstacle(files, run_, chain)) throw FaultOf(*obstacle, chain);
   } catch (const RuntimeFault& fault) {
     run_.resume = false;
-    Report(" -->   " + module_.MessageText(kMessageFault) +
+    Report(" -->   " + module_.MessageText(Message::kFault) +
                std::to_string(static_cast<std::int32_t>(fault.number())) + " ," +
                module_.FaultText(fault),
            ReportKind::kError);
@@ -253,9 +241,10 @@ RunDriver::DataFile RunDriver::LookAtDataFile() {
 
 void RunDriver::ReportDataFile(const DataFile& file) {
   if (file.state == FileState::kMissing) {
-    Report(module_.MessageText(kMessageNoFile) + file.path, ReportKind::kInformation);
+    Report(module_.MessageText(Message::kNoFile) + file.path, ReportKind::kInformation);
   } else if (file.state == FileState::kEmpty) {
-    Report(module_.MessageText(kMessageFile) + file.path + module_.MessageText(kMessageIsEmpty),
+    Report(module_.MessageText(Message::kFileNamed) + file.path +
+               module_.MessageText(Message::kIsEmpty),
            ReportKind::kInformation);
   }
 }
@@ -309,7 +298,7 @@ void RunDriver::RecordOutcome() {
   if (IsNotEmpty(module_.platform.files, SideFilePath(run_, kErrorExtension))) {
     state_.odbc.error_reported = true;
   }
-  Report(module_.MessageText(kMessageTerminated), ReportKind::kHeading);
+  Report(module_.MessageText(Message::kTerminated), ReportKind::kHeading);
   module_.WriteText(run_.task, "ExecuteLe", StampText(module_.platform.clock.Now()));
   if (state_.odbc.error_reported) {
     run_.status = RunStatus::kFailed;

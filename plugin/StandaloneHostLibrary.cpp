@@ -13,8 +13,6 @@
 namespace imptable {
 namespace {
 
-constexpr std::int32_t kMessageTitle = 175;
-
 constexpr std::string_view kFrenchSummary =
     "Importe un fichier texte dans une table d'une source de données ODBC.";
 constexpr std::string_view kEnglishSummary =
@@ -124,7 +122,7 @@ std::vector<ActionEntry> StandaloneHostLibrary::ActionEntries(const KeyPath& tas
 
 std::string StandaloneHostLibrary::TitleOfWrapperType(std::int16_t type) {
   RequireOwnType(type);
-  return Module().MessageText(kMessageTitle);
+  return Module().MessageText(Message::kTitle);
 }
 
 std::string StandaloneHostLibrary::SummaryOfWrapperType(std::int16_t type) {

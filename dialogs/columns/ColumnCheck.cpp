@@ -7,33 +7,26 @@
 namespace imptable {
 namespace {
 
-constexpr std::int32_t kEnterDateFormat = 149;
-constexpr std::int32_t kLengthMustBeGreater = 150;
-constexpr std::int32_t kThanDecimals = 151;
-constexpr std::int32_t kColumn = 152;
-constexpr std::int32_t kEnterOrigin = 154;
-constexpr std::int32_t kUnknownColumn = 155;
-
-/// The message that asks for a length; 0 for a type that needs none.
-std::int32_t LengthMessage(FileColumnType type) {
+/// The message that asks for a length; none for a type that needs none.
+std::optional<Message> LengthMessage(FileColumnType type) {
   switch (type) {
     case FileColumnType::kText:
     case FileColumnType::kBoolean:
-      return 143;
+      return Message::kEnterTextLength;
     case FileColumnType::kByte:
-      return 144;
+      return Message::kEnterByteLength;
     case FileColumnType::kInteger:
-      return 145;
+      return Message::kEnterIntegerLength;
     case FileColumnType::kLong:
-      return 146;
+      return Message::kEnterLongLength;
     case FileColumnType::kSingle:
-      return 147;
+      return Message::kEnterSingleLength;
     case FileColumnType::kDouble:
-      return 148;
+      return Message::kEnterDoubleLength;
     case FileColumnType::kDate:
-      return 0;
+      break;
   }
-  return 0;
+  return std::nullopt;
 }
 
 bool LeavesRoomForDecimals(const FileColumn& column) {
@@ -44,16 +37,17 @@ bool LeavesRoomForDecimals(const FileColumn& column) {
 /// @param number  of the column, as the user counts.
 std::string FailureOf(const ModuleCommun& module, const FileColumn& column, bool fixed_width,
                       const std::string& number) {
-  const std::int32_t length_message = LengthMessage(column.type);
-  if (fixed_width && length_message != 0 && column.length.empty()) {
-    return module.MessageText(length_message) + number;
+  const std::optional<Message> length_message = LengthMessage(column.type);
+  if (fixed_width && length_message && column.length.empty()) {
+    return module.MessageText(*length_message) + number;
   }
   if (fixed_width && !LeavesRoomForDecimals(column)) {
-    return module.MessageText(kLengthMustBeGreater) + ' ' + module.MessageText(kThanDecimals) +
-           module.MessageText(kColumn) + number;
+    return module.MessageText(Message::kLengthMustBeGreater) + ' ' +
+           module.MessageText(Message::kThanDecimals) + module.MessageText(Message::kInColumn) +
+           number;
   }
   if (column.type == FileColumnType::kDate && !ReadDateFormat(module, column.decimals)) {
-    return module.MessageText(kEnterDateFormat) + number;
+    return module.MessageText(Message::kEnterDateFormat) + number;
   }
   return {};
 }
@@ -61,12 +55,12 @@ std::string FailureOf(const ModuleCommun& module, const FileColumn& column, bool
 std::string FailureOf(const ModuleCommun& module, const FieldRow& row,
                       std::size_t file_column_count) {
   if (row.origin.empty() || row.origin == kVariableOrigin) {
-    return module.MessageText(kEnterOrigin) + row.name;
+    return module.MessageText(Message::kEnterOrigin) + row.name;
   }
   const auto number = NumberOfFileColumnOrigin(module, row.origin);
   if (!number) return {};
   const bool known = *number > 0 && static_cast<std::size_t>(*number) <= file_column_count;
-  return known ? std::string() : module.MessageText(kUnknownColumn);
+  return known ? std::string() : module.MessageText(Message::kUnknownColumn);
 }
 
 }  // namespace

@@ -12,18 +12,6 @@ namespace imptable {
 namespace {
 
 // Messages.
-constexpr std::int32_t kNumberSign = 53;
-constexpr std::int32_t kColumnName = 54;
-constexpr std::int32_t kType = 55;
-constexpr std::int32_t kDecimals = 57;
-constexpr std::int32_t kFormat = 60;
-constexpr std::int32_t kOrigin = 61;
-constexpr std::int32_t kRegistryFailure = 111;
-constexpr std::int32_t kFileIsEmpty = 113;
-constexpr std::int32_t kFileContains = 114;
-constexpr std::int32_t kColumns = 115;
-constexpr std::int32_t kIncorrectValue = 128;
-constexpr std::int32_t kSelectTable = 129;
 
 constexpr std::size_t kMostPreviewCharacters = 8192;
 
@@ -46,8 +34,9 @@ ColumnLayoutEditor::ColumnLayoutEditor(ModuleCommun& module, std::string scenari
 
 ColumnLayoutState ColumnLayoutEditor::State() const {
   ColumnLayoutState state;
-  const auto text = [&](std::int32_t message) { return module_.MessageText(message); };
-  state.file_header = {text(kNumberSign), text(kType), text(kDecimals)};
+  const auto text = [&](Message message) { return module_.MessageText(message); };
+  state.file_header = {text(Message::kNumber), text(Message::kColumnType),
+                       text(Message::kDecimals)};
   if (fixed_width_) {
     state.file_header.push_back(TypeMenuCaption(module_, TypeEntry::kLongueur));
   }
@@ -56,7 +45,8 @@ ColumnLayoutState ColumnLayoutEditor::State() const {
                                FileColumnTypeText(module_, column.type), column.decimals,
                                column.length});
   }
-  state.field_header = {text(kNumberSign), text(kColumnName), text(kFormat), text(kOrigin)};
+  state.field_header = {text(Message::kNumber), text(Message::kColumnName), text(Message::kFormat),
+                        text(Message::kOrigin)};
   fields_.AddTo(state, column_count());
   state.first_line = first_line_;
   state.selected_file_row = selected_file_row_;
@@ -80,7 +70,8 @@ void ColumnLayoutEditor::Load(std::string_view task, bool fixed_width, std::int3
     fields_.SetRows(ReadChamps(module_, task, unreadable));
     WarnOfUnreadable(unreadable);
   } catch (const RuntimeFault& fault) {
-    boxes_.Warn(module_.MessageText(kRegistryFailure) + '\n' + module_.FaultText(fault), caption_);
+    boxes_.Warn(module_.MessageText(Message::kRegistryFailure) + '\n' + module_.FaultText(fault),
+                caption_);
   }
   Show();
 }
@@ -124,7 +115,7 @@ void ColumnLayoutEditor::TypeColumnCount(std::string_view text) {
   if (count && *count <= kMostFileColumns) {
     SetColumnCount(static_cast<std::size_t>(*count));
   } else {
-    Warn(kIncorrectValue);
+    Warn(Message::kIncorrectValue);
   }
   Show();
 }
@@ -152,7 +143,7 @@ void ColumnLayoutEditor::CountColumns(const SourceFields& fields) {
 void ColumnLayoutEditor::CountStart(const FileStart& start, const std::string& separator) {
   first_line_ = FirstLineText(start);
   if (start.is_empty) {
-    boxes_.Inform(module_.MessageText(kFileIsEmpty), caption_);
+    boxes_.Inform(module_.MessageText(Message::kFileIsEmpty), caption_);
     return;
   }
   if (start.line.find('\0') != std::string::npos) {
@@ -162,9 +153,9 @@ void ColumnLayoutEditor::CountStart(const FileStart& start, const std::string& s
   if (!start.is_complete || count > static_cast<std::size_t>(kMostFileColumns)) {
     throw RuntimeFault(FaultNumber::kOverflow, start.path);
   }
-  boxes_.Inform(
-      module_.MessageText(kFileContains) + std::to_string(count) + module_.MessageText(kColumns),
-      caption_);
+  boxes_.Inform(module_.MessageText(Message::kFileContains) + std::to_string(count) +
+                    module_.MessageText(Message::kColumnsContained),
+                caption_);
   SetColumnCount(count);
 }
 
@@ -180,7 +171,7 @@ void ColumnLayoutEditor::ShowFirstLine(const SourceFields& fields) {
 }
 
 std::string ColumnLayoutEditor::FirstLineText(const FileStart& start) const {
-  return start.is_empty ? module_.MessageText(kFileIsEmpty) : Preview(start.line);
+  return start.is_empty ? module_.MessageText(Message::kFileIsEmpty) : Preview(start.line);
 }
 
 std::string ColumnLayoutEditor::Preview(std::string_view text) const {
@@ -261,7 +252,7 @@ void ColumnLayoutEditor::LeaveOrigin() {
 }
 
 void ColumnLayoutEditor::TypeOrigin(std::string_view text) {
-  if (!fields_.Type(text)) Warn(kIncorrectValue);
+  if (!fields_.Type(text)) Warn(Message::kIncorrectValue);
   Show();
 }
 
@@ -271,7 +262,7 @@ void ColumnLayoutEditor::ListTableColumns(const ConnectionFields& fields) {
     std::vector<TableColumn> columns;
     if (listing.connected() && listing.catalogue().GetTableColumns(columns)) {
       if (columns.empty()) {
-        Warn(kSelectTable);
+        Warn(Message::kChooseTable);
       } else {
         fields_.SetColumns(columns);
         selected_field_row_.reset();
@@ -300,7 +291,7 @@ void ColumnLayoutEditor::MarkKeys(ConnectedListing& listing) {
   if (listing.catalogue().GetUniqueIndexColumns(key)) fields_.MarkKeys(key);
 }
 
-void ColumnLayoutEditor::Warn(std::int32_t message) {
+void ColumnLayoutEditor::Warn(Message message) {
   boxes_.Warn(module_.MessageText(message), caption_);
 }
 
@@ -310,7 +301,7 @@ void ColumnLayoutEditor::Warn(const RuntimeFault& fault) {
 
 void ColumnLayoutEditor::WarnOfUnreadable(const std::vector<UnreadableValue>& values) {
   if (values.empty()) return;
-  std::string text = module_.MessageText(kRegistryFailure);
+  std::string text = module_.MessageText(Message::kRegistryFailure);
   for (std::size_t n = 0; n < std::min(values.size(), kMostNamedValues); ++n) {
     text += "\n\"" + values[n].name + "\" = \"" +
             PrintableText(module_.platform.encoding, values[n].text, kMostValueCharacters) + '"';

@@ -113,7 +113,7 @@ class ColumnLayoutEditor {
   std::string FirstLineText(const FileStart& start) const;
   std::string Preview(std::string_view text) const;
   void MarkKeys(ConnectedListing& listing);
-  void Warn(std::int32_t message);
+  void Warn(Message message);
   void Warn(const RuntimeFault& fault);
   void WarnOfUnreadable(const std::vector<UnreadableValue>& values);
 

@@ -6,30 +6,24 @@ namespace imptable {
 namespace {
 
 // Messages that hold the tokens.
-constexpr std::int32_t kDay = 86;
-constexpr std::int32_t kMonth = 87;
-constexpr std::int32_t kShortYear = 88;
-constexpr std::int32_t kLongYear = 89;
-constexpr std::int32_t kMinutesToken = 90;
-constexpr std::int32_t kSecondsToken = 91;
 
 /// One option: its tokens in order, and the styles that store it.
 struct DateOrder {
-  std::array<std::int32_t, 3> tokens;
+  std::array<Message, 3> tokens;
   std::uint8_t style_without_separator;
   std::uint8_t style_with_separator;
 };
 
 // In the order of the dialog's options. The styles are stored in task settings: never change.
 constexpr std::array<DateOrder, kDateOptionCount> kDateOrders{{
-    {{kDay, kMonth, kShortYear}, 2, 8},
-    {{kDay, kMonth, kLongYear}, 1, 7},
-    {{kMonth, kDay, kShortYear}, 4, 10},
-    {{kMonth, kDay, kLongYear}, 3, 9},
-    {{kLongYear, kDay, kMonth}, 13, 15},
-    {{kShortYear, kDay, kMonth}, 5, 11},
-    {{kLongYear, kMonth, kDay}, 14, 16},
-    {{kShortYear, kMonth, kDay}, 6, 12},
+    {{Message::kDay, Message::kMonth, Message::kShortYear}, 2, 8},
+    {{Message::kDay, Message::kMonth, Message::kLongYear}, 1, 7},
+    {{Message::kMonth, Message::kDay, Message::kShortYear}, 4, 10},
+    {{Message::kMonth, Message::kDay, Message::kLongYear}, 3, 9},
+    {{Message::kLongYear, Message::kDay, Message::kMonth}, 13, 15},
+    {{Message::kShortYear, Message::kDay, Message::kMonth}, 5, 11},
+    {{Message::kLongYear, Message::kMonth, Message::kDay}, 14, 16},
+    {{Message::kShortYear, Message::kMonth, Message::kDay}, 6, 12},
 }};
 
 std::string TimeSuffix(const ModuleCommun& module, TimeCode time) {
@@ -37,9 +31,9 @@ std::string TimeSuffix(const ModuleCommun& module, TimeCode time) {
     case TimeCode::kNone:
       return {};
     case TimeCode::kMinutes:
-      return ' ' + module.MessageText(kMinutesToken);
+      return ' ' + module.MessageText(Message::kMinutes);
     case TimeCode::kSeconds:
-      return ' ' + module.MessageText(kSecondsToken);
+      return ' ' + module.MessageText(Message::kSeconds);
   }
   return {};
 }
@@ -47,7 +41,7 @@ std::string TimeSuffix(const ModuleCommun& module, TimeCode time) {
 std::string DateText(const ModuleCommun& module, const DateOrder& order,
                      std::string_view separator) {
   std::string text = module.MessageText(order.tokens[0]);
-  for (const std::int32_t token : {order.tokens[1], order.tokens[2]}) {
+  for (const Message token : {order.tokens[1], order.tokens[2]}) {
     text += separator;
     text += module.MessageText(token);
   }

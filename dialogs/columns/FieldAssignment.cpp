@@ -8,11 +8,10 @@
 namespace imptable {
 namespace {
 
-constexpr std::int32_t kNumberSign = 53;
 constexpr std::string_view kStoredPrefix = "(Col)";
 
 std::string OriginPrefix(const ModuleCommun& module) {
-  return "Col " + module.MessageText(kNumberSign) + ' ';
+  return "Col " + module.MessageText(Message::kNumber) + ' ';
 }
 
 /// The place of the "," between name and format; npos when there is none.

@@ -7,18 +7,14 @@
 namespace imptable {
 namespace {
 
-constexpr std::int32_t kLengthTitle = 52;
-constexpr std::int32_t kDecimalsTitle = 57;
-constexpr std::int32_t kIncorrectValue = 128;
-
-std::int32_t TitleOf(NumberKind kind) {
+Message TitleOf(NumberKind kind) {
   switch (kind) {
     case NumberKind::kLength:
-      return kLengthTitle;
+      return Message::kLength;
     case NumberKind::kDecimals:
-      return kDecimalsTitle;
+      return Message::kDecimals;
   }
-  return kLengthTitle;
+  return Message::kLength;
 }
 
 }  // namespace
@@ -49,7 +45,7 @@ void NumberPresenter::StepDown() {
 std::optional<std::string> NumberPresenter::Confirm() {
   const auto number = ReadWholeNumber(state_.text);
   if (number) return std::to_string(*number);
-  boxes_.Warn(module_.MessageText(kIncorrectValue), state_.title);
+  boxes_.Warn(module_.MessageText(Message::kIncorrectValue), state_.title);
   view_.Show(state_);
   return std::nullopt;
 }

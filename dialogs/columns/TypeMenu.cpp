@@ -5,8 +5,6 @@
 namespace imptable {
 namespace {
 
-constexpr std::int32_t kTextMessage = 92;
-
 // In the order of TypeEntry; the first one is the catalogue's.
 constexpr std::array<std::string_view, 10> kCaptions{
     "",
@@ -40,14 +38,14 @@ TypeMenuState TypeMenuFor(FileColumnType type, bool fixed_width) {
 }
 
 std::string TypeMenuCaption(const ModuleCommun& module, TypeEntry entry) {
-  if (entry == TypeEntry::kTexte) return module.MessageText(kTextMessage);
+  if (entry == TypeEntry::kTexte) return module.MessageText(Message::kText);
   return module.platform.encoding.FromUtf8(kCaptions[static_cast<std::size_t>(entry)]);
 }
 
 std::string FileColumnTypeText(const ModuleCommun& module, FileColumnType type) {
   switch (type) {
     case FileColumnType::kText:
-      return module.MessageText(kTextMessage);
+      return module.MessageText(Message::kText);
     case FileColumnType::kByte:
       return "Byte";
     case FileColumnType::kInteger:

@@ -14,8 +14,6 @@
 namespace imptable {
 namespace {
 
-constexpr std::int32_t kMessageNumeric = 93;  // number of a catalogue text: never changes
-
 constexpr int kTypeColumn = 1;
 constexpr int kNameColumn = 1;
 constexpr int kOriginColumn = 3;
@@ -36,7 +34,7 @@ std::unique_ptr<wxMenu> MakeTypeMenu(const ModuleCommun& module, const WidgetTex
   append(*menu, TypeEntry::kTexte);
   auto numeric = std::make_unique<wxMenu>();
   for (const TypeEntry entry : kNumericEntries) append(*numeric, entry);
-  menu->AppendSubMenu(numeric.release(), text.Shown(module.MessageText(kMessageNumeric)));
+  menu->AppendSubMenu(numeric.release(), text.Shown(module.MessageText(Message::kNumeric)));
   append(*menu, TypeEntry::kDate);
   append(*menu, TypeEntry::kBoolean);
   if (state.line_visible) menu->AppendSeparator();

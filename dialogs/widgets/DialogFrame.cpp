@@ -9,25 +9,19 @@
 #include "dialogs/widgets/WidgetText.h"
 
 namespace imptable {
-namespace {
-
-// Numbers of catalogue texts: never change.
-constexpr std::int32_t kMessageConfirm = 2;
-constexpr std::int32_t kMessageCancel = 3;
-
-}  // namespace
+namespace {}  // namespace
 
 void FinishDialog(wxDialog& dialog, const ModuleCommun& module, wxSizer* contents,
                   std::function<void()> confirm) {
   const WidgetText text(module.platform.encoding);
-  const auto make_button = [&](int id, std::int32_t message, const char* name) {
+  const auto make_button = [&](int id, Message message, const char* name) {
     auto* const button = new wxButton(&dialog, id, text.Shown(module.MessageText(message)));
     button->SetName(name);
     return button;
   };
   auto* const buttons = new wxBoxSizer(wxHORIZONTAL);
-  wxButton* const ok = make_button(wxID_OK, kMessageConfirm, "cmdValider");
-  wxButton* const cancel = make_button(wxID_CANCEL, kMessageCancel, "cmdAnnuler");
+  wxButton* const ok = make_button(wxID_OK, Message::kConfirm, "cmdValider");
+  wxButton* const cancel = make_button(wxID_CANCEL, Message::kCancel, "cmdAnnuler");
   buttons->AddStretchSpacer();
   buttons->Add(ok, wxSizerFlags().Border(wxRIGHT));
   buttons->Add(cancel);

@@ -16,14 +16,6 @@
 namespace imptable {
 namespace {
 
-// Numbers of catalogue texts: never change.
-constexpr std::int32_t kMessageTitle = 42;
-constexpr std::int32_t kMessageStyles = 43;
-constexpr std::int32_t kMessageTime = 44;
-constexpr std::int32_t kMessageWithout = 49;
-constexpr std::int32_t kMessageWith = 50;
-constexpr std::int32_t kMessageSeparator = 51;
-
 constexpr int kStyleColumns = 2;
 constexpr int kSeparatorWidth = 3;  // characters: more than one show that only the first is kept
 
@@ -35,7 +27,7 @@ FormDateWindow::FormDateWindow(wxWindow* parent, const ModuleCommun& module)
       module_(module),
       text_(module.platform.encoding),
       presenter_(module, *this) {
-  SetTitle(Message(kMessageTitle));
+  SetTitle(Caption(Message::kDateFormat));
   SetIcons(DialogIcon());
   auto* const right = new wxBoxSizer(wxVERTICAL);
   auto* const groups = new wxBoxSizer(wxHORIZONTAL);
@@ -46,12 +38,12 @@ FormDateWindow::FormDateWindow(wxWindow* parent, const ModuleCommun& module)
   FinishDialog(*this, module_, groups, [this] { EndModal(wxID_OK); });
 }
 
-wxString FormDateWindow::Message(std::int32_t number) const {
-  return text_.Shown(module_.MessageText(number));
+wxString FormDateWindow::Caption(Message message) const {
+  return text_.Shown(module_.MessageText(message));
 }
 
 wxSizer* FormDateWindow::MakeStyles() {
-  auto* const box = new wxStaticBoxSizer(wxVERTICAL, this, Message(kMessageStyles));
+  auto* const box = new wxStaticBoxSizer(wxVERTICAL, this, Caption(Message::kDateStyle));
   box->GetStaticBox()->SetName("Frame1");
   auto* const buttons = new wxFlexGridSizer(kStyleColumns, FromDIP(wxSize(12, 4)));
   for (std::size_t style = 0; style < kDateOptionCount; ++style) {
@@ -69,16 +61,16 @@ wxSizer* FormDateWindow::MakeStyles() {
 }
 
 wxSizer* FormDateWindow::MakeSeparator() {
-  auto* const box = new wxStaticBoxSizer(wxVERTICAL, this, Message(kMessageSeparator));
+  auto* const box = new wxStaticBoxSizer(wxVERTICAL, this, Caption(Message::kSeparator));
   wxWindow* const parent = box->GetStaticBox();
   parent->SetName("Frame2");
-  without_ = new wxRadioButton(parent, wxID_ANY, Message(kMessageWithout), wxDefaultPosition,
+  without_ = new wxRadioButton(parent, wxID_ANY, Caption(Message::kWithout), wxDefaultPosition,
                                wxDefaultSize, wxRB_GROUP, wxDefaultValidator, "Option5");
-  with_ = new wxRadioButton(parent, wxID_ANY, Message(kMessageWith), wxDefaultPosition,
+  with_ = new wxRadioButton(parent, wxID_ANY, Caption(Message::kWith), wxDefaultPosition,
                             wxDefaultSize, 0, wxDefaultValidator, "Option6");
   separator_ = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, 0,
                               wxDefaultValidator, "TextSep");
-  SetAccessibleName(*separator_, Message(kMessageSeparator));
+  SetAccessibleName(*separator_, Caption(Message::kSeparator));
   separator_->SetInitialSize(FieldSize(*separator_, kSeparatorWidth));
   without_->Bind(wxEVT_RADIOBUTTON, [this](wxCommandEvent&) { presenter_.ChooseSeparator(false); });
   with_->Bind(wxEVT_RADIOBUTTON, [this](wxCommandEvent&) { presenter_.ChooseSeparator(true); });
@@ -94,7 +86,7 @@ wxSizer* FormDateWindow::MakeSeparator() {
 }
 
 wxSizer* FormDateWindow::MakeTime() {
-  auto* const box = new wxStaticBoxSizer(wxVERTICAL, this, Message(kMessageTime));
+  auto* const box = new wxStaticBoxSizer(wxVERTICAL, this, Caption(Message::kTime));
   box->GetStaticBox()->SetName("Frame3");
   for (const char* const caption : {"HH:MM", "HH:MM:SS"}) {
     const std::size_t index = times_.size();

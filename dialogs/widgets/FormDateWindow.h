@@ -30,7 +30,7 @@ class FormDateWindow : private wxDialog, private DateFormatView {
   wxSizer* MakeStyles();
   wxSizer* MakeSeparator();
   wxSizer* MakeTime();
-  wxString Message(std::int32_t number) const;
+  wxString Caption(Message message) const;
 
   const ModuleCommun& module_;
   WidgetText text_;

@@ -48,16 +48,16 @@ constexpr auto kLabelledControls = std::to_array<LabelledControl>({
 /// A control that no caption of the dialog says what it is, and the catalogue's text that does.
 struct NamedControl {
   const char* name;
-  std::int32_t message;  // never change
+  Message message;
 };
 
 constexpr auto kNamedControls = std::to_array<NamedControl>({
-    {"cmdSv", 76},
-    {"cmdSv1", 76},
-    {"TextFichier", 12},
-    {"List1", 61},
-    {"Command3", 61},
-    {"Text1", 61},
+    {"cmdSv", Message::kSelectVariable},
+    {"cmdSv1", Message::kSelectVariable},
+    {"TextFichier", Message::kFile},
+    {"List1", Message::kOrigin},
+    {"Command3", Message::kOrigin},
+    {"Text1", Message::kOrigin},
 });
 
 }  // namespace

@@ -17,11 +17,6 @@ constexpr std::string_view kNewSuffix = ".NEW";
 /// A longer line isn't copied just to save one call.
 constexpr std::size_t kMostJoinedBytes = std::size_t{64} << 10U;
 
-// Numbers of catalogue texts: never change.
-constexpr std::int32_t kMessageLine = 157;
-constexpr std::int32_t kMessageBadRecord = 160;
-constexpr std::int32_t kMessageBadRecordEnd = 161;
-
 /// How the run before this one ended, by what the source holds now.
 ChainMark MarkOf(const ResumeChain& chain, const SourceIdentity& source) {
   const auto lines = chain.Open();
@@ -129,9 +124,9 @@ void SideFiles::Reject(std::string_view line, std::int32_t line_number, std::int
 }
 
 void SideFiles::ReportParseFailure(std::int32_t line_number) {
-  errors_->Write(module_.DateTimeText() + module_.MessageText(kMessageLine) +
-                 SignedText(line_number) + ' ' + module_.MessageText(kMessageBadRecord) +
-                 module_.run.delimiter + module_.MessageText(kMessageBadRecordEnd) +
+  errors_->Write(module_.DateTimeText() + module_.MessageText(Message::kAtLine) +
+                 SignedText(line_number) + ' ' + module_.MessageText(Message::kBadRecord) +
+                 module_.run.delimiter + module_.MessageText(Message::kBadRecordEnd) +
                  std::string(SystemLineEnd()));
 }
 

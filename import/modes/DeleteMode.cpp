@@ -9,16 +9,12 @@
 namespace imptable {
 namespace {
 
-// Numbers of catalogue texts: never change.
-constexpr std::int32_t kMessageBanner = 158;
-constexpr std::int32_t kMessageDeleted = 110;
-
 class DeleteMode final : public ModeRoutine {
  public:
   DeleteMode(ModuleCommun& module, OdbcSession& session)
       : module_(module), session_(session), table_(module, session) {}
 
-  std::int32_t BannerMessage() const override { return kMessageBanner; }
+  Message BannerMessage() const override { return Message::kDeleteBanner; }
 
   bool Prepare() override {
     std::vector<std::string> keys;
@@ -57,7 +53,7 @@ class DeleteMode final : public ModeRoutine {
   }
 
   std::string CountsText() const override {
-    return SignedText(module_.run.progress.deleted) + module_.MessageText(kMessageDeleted);
+    return SignedText(module_.run.progress.deleted) + module_.MessageText(Message::kDeleted);
   }
 
   void ReportSuccess(const std::string& text) override {

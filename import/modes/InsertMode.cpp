@@ -8,16 +8,12 @@
 namespace imptable {
 namespace {
 
-// Numbers of catalogue texts: never change.
-constexpr std::int32_t kMessageBanner = 164;
-constexpr std::int32_t kMessageCopied = 103;
-
 class InsertMode final : public ModeRoutine {
  public:
   InsertMode(ModuleCommun& module, OdbcSession& session)
       : module_(module), session_(session), table_(module, session) {}
 
-  std::int32_t BannerMessage() const override { return kMessageBanner; }
+  Message BannerMessage() const override { return Message::kInsertBanner; }
 
   void CheckSettings() const override {
     // A code that is no number would let every duplicate count as an error: say so at once.
@@ -51,7 +47,7 @@ class InsertMode final : public ModeRoutine {
   void DropStatements() override { session_.statement.Drop(); }
 
   std::string CountsText() const override {
-    return std::to_string(module_.run.progress.inserted) + module_.MessageText(kMessageCopied);
+    return std::to_string(module_.run.progress.inserted) + module_.MessageText(Message::kCopied);
   }
 
   void ReportSuccess(const std::string& text) override {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "core/MessageCatalogue.h"
 #include "import/target/RecordParser.h"
 
 namespace imptable {
@@ -21,8 +22,8 @@ class ModeRoutine {
  public:
   virtual ~ModeRoutine() = default;
 
-  /// Number of the catalogue text that opens the mode's report.
-  virtual std::int32_t BannerMessage() const = 0;
+  /// The text that opens the mode's report.
+  virtual Message BannerMessage() const = 0;
 
   /// What the mode itself asks of the settings.
   /// @throws RuntimeFault  naming the setting.

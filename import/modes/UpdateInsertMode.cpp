@@ -9,11 +9,6 @@
 namespace imptable {
 namespace {
 
-// Numbers of catalogue texts: never change.
-constexpr std::int32_t kMessageBanner = 169;
-constexpr std::int32_t kMessageInserted = 166;
-constexpr std::int32_t kMessageEdited = 167;
-
 class UpdateInsertMode final : public ModeRoutine {
  public:
   UpdateInsertMode(ModuleCommun& module, OdbcSession& session)
@@ -22,7 +17,7 @@ class UpdateInsertMode final : public ModeRoutine {
         table_(module, session),
         update_(module, session, table_) {}
 
-  std::int32_t BannerMessage() const override { return kMessageBanner; }
+  Message BannerMessage() const override { return Message::kUpdateInsertBanner; }
 
   bool Prepare() override {
     std::vector<std::string> keys;
@@ -59,8 +54,8 @@ class UpdateInsertMode final : public ModeRoutine {
 
   std::string CountsText() const override {
     const RunProgress& progress = module_.run.progress;
-    return SignedText(progress.modified) + module_.MessageText(kMessageEdited) + ", " +
-           std::to_string(progress.inserted) + module_.MessageText(kMessageInserted);
+    return SignedText(progress.modified) + module_.MessageText(Message::kEdited) + ", " +
+           std::to_string(progress.inserted) + module_.MessageText(Message::kInserted);
   }
 
   void ReportSuccess(const std::string& text) override {

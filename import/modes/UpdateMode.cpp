@@ -9,10 +9,6 @@
 namespace imptable {
 namespace {
 
-// Numbers of catalogue texts: never change.
-constexpr std::int32_t kMessageBanner = 168;
-constexpr std::int32_t kMessageEdited = 167;
-
 class UpdateMode final : public ModeRoutine {
  public:
   UpdateMode(ModuleCommun& module, OdbcSession& session)
@@ -21,7 +17,7 @@ class UpdateMode final : public ModeRoutine {
         table_(module, session),
         update_(module, session, table_) {}
 
-  std::int32_t BannerMessage() const override { return kMessageBanner; }
+  Message BannerMessage() const override { return Message::kUpdateBanner; }
 
   bool Prepare() override {
     std::vector<std::string> keys;
@@ -51,7 +47,7 @@ class UpdateMode final : public ModeRoutine {
   }
 
   std::string CountsText() const override {
-    return SignedText(module_.run.progress.modified) + module_.MessageText(kMessageEdited);
+    return SignedText(module_.run.progress.modified) + module_.MessageText(Message::kEdited);
   }
 
   /// The one line of all modes that goes through the component's own writer.

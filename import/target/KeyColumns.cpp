@@ -5,8 +5,6 @@
 namespace imptable {
 namespace {
 
-constexpr std::int32_t kMessageNoKey = 159;  // number of a catalogue text: never change
-
 std::vector<std::string> Split(const std::string& text) {
   std::vector<std::string> pieces;
   std::size_t from = 0;
@@ -38,7 +36,7 @@ bool ChooseKeyColumns(ModuleCommun& module, OdbcSession& session, std::vector<st
     keys = Split(module.run.key_or_index);
   }
   if (chosen && !keys.empty()) return true;
-  module.WriteReport(module.MessageText(kMessageNoKey), ReportKind::kError);
+  module.WriteReport(module.MessageText(Message::kNoKey), ReportKind::kError);
   session.error_reported = true;
   return false;
 }
