@@ -59,15 +59,21 @@ function(imptable_quick_build program)
   set_source_files_properties(${sources} PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
 endfunction()
 
-# imptable_tests(PROGRAM [SHARDS])
+# imptable_tests(PROGRAM [SHARDS] [LABEL label])
 #
 # The tests of a program: each as one of CTest's, but under Wine, where a process takes its time to
-# start, the program as a whole or as that many shards.
+# start, the program as a whole or as that many shards. "scripts/test quick" leaves out those that have
+# the label "slow".
 function(imptable_tests program)
+  cmake_parse_arguments(ARG "" "LABEL" "" ${ARGN})
+  set(label)
+  if(ARG_LABEL)
+    set(label LABELS ${ARG_LABEL})
+  endif()
   if(WIN32)
     set(shards 1)
-    if(ARGC GREATER 1)
-      set(shards ${ARGV1})
+    if(ARG_UNPARSED_ARGUMENTS)
+      set(shards ${ARG_UNPARSED_ARGUMENTS})
     endif()
     foreach(shard RANGE 1 ${shards})
       set(name ${program})
@@ -77,11 +83,12 @@ function(imptable_tests program)
       add_test(NAME ${name}
         COMMAND "${CMAKE_SOURCE_DIR}/tests/win32/unit-tests" "$<TARGET_FILE:${program}>")
       math(EXPR index "${shard} - 1")
-      set_tests_properties(${name} PROPERTIES TIMEOUT 300
+      set_tests_properties(${name} PROPERTIES TIMEOUT 300 ${label}
         ENVIRONMENT "GTEST_TOTAL_SHARDS=${shards};GTEST_SHARD_INDEX=${index}")
     endforeach()
   else()
-    gtest_discover_tests(${program} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+    gtest_discover_tests(${program} DISCOVERY_TIMEOUT 60
+      PROPERTIES TIMEOUT 120 ${label})
   endif()
 endfunction()
 

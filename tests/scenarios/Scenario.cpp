@@ -12,9 +12,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// Beside the scenarios: what they take that have no such file.
+constexpr const char* kDefaults = "defaults";
+
 std::vector<std::string> WordsOf(const std::string& text) {
   std::istringstream in(text);
   return {std::istream_iterator<std::string>(in), std::istream_iterator<std::string>()};
+}
+
+std::string DefaultsOf(const Scenario& scenario) {
+  const fs::path scenarios = fs::path(scenario.folder).parent_path().parent_path();
+  return (scenarios / kDefaults).string() + '/';
 }
 
 /// `[TASK] [options] = CODE` as the words of the command.
@@ -38,11 +46,44 @@ void ReadRun(const std::vector<std::string>& words, ScenarioStep& step) {
   step.words.insert(step.words.end(), rest.begin(), rest.end());
 }
 
-void ReadLine(const std::string& line, Scenario& scenario) {
+/// One process for all that is set together.
+void AddSetting(ScenarioStep step, std::vector<ScenarioStep>& steps) {
+  if (steps.empty() || steps.back().kind != step.kind || steps.back().only != step.only) {
+    steps.push_back(std::move(step));
+    return;
+  }
+  steps.back().text += '\n' + step.text;
+  steps.back().words.push_back(step.words.front());
+}
+
+void ReadLine(const std::string& line, Scenario& scenario, std::optional<DatabaseKind> only = {});
+
+/// `on DATABASE STEP`.
+void ReadLineForOne(const std::string& line, Scenario& scenario) {
+  std::istringstream in(line);
+  std::string on;
+  std::string name;
+  std::string step;
+  in >> on >> name >> std::ws;
+  std::getline(in, step);
+  const DatabaseKind kind = DatabaseKindFrom(name);
+  const std::vector<DatabaseKind>& all = scenario.databases;
+  if (std::find(all.begin(), all.end(), kind) == all.end()) {
+    throw std::runtime_error("the scenario doesn't run on " + name);
+  }
+  if (step.empty()) throw std::runtime_error("no step");
+  ReadLine(step, scenario, kind);
+}
+
+void ReadLine(const std::string& line, Scenario& scenario, std::optional<DatabaseKind> only) {
   const std::vector<std::string> words = WordsOf(line);
   if (words.empty() || words.front().starts_with('#')) return;
   const std::string& first = words.front();
-  ScenarioStep step{.text = line};
+  if (only && (first == "on" || first == "locale")) {
+    throw std::runtime_error(first + " isn't for one database");
+  }
+  if (first == "on") return ReadLineForOne(line, scenario);
+  ScenarioStep step{.text = line, .only = only};
   step.words.assign(words.begin() + 1, words.end());
   const auto wants = [&](std::size_t count) {
     if (step.words.size() != count) throw std::runtime_error("wrong number of words");
@@ -58,6 +99,7 @@ void ReadLine(const std::string& line, Scenario& scenario) {
   } else if (first == "set") {
     step.kind = ScenarioStep::Kind::kSet;
     step.words = {line.substr(line.find("set ") + 4)};
+    return AddSetting(std::move(step), scenario.steps);
   } else if (first == "copy") {
     wants(2);
     step.kind = ScenarioStep::Kind::kCopy;
@@ -81,6 +123,21 @@ std::string FileText(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
+std::string Scenario::FileFor(DatabaseKind kind, const std::string& stem,
+                              const std::string& extension) const {
+  const std::string database = '.' + std::string(NameOf(kind));
+  for (const std::string& place : {folder, DefaultsOf(*this)}) {
+    for (const std::string& file : {stem + database + extension, stem + extension}) {
+      if (fs::exists(place + file)) return place + file;
+    }
+  }
+  throw std::runtime_error("No " + stem + extension + " for " + folder);
+}
+
+std::string Scenario::DataFolder() const {
+  return (fs::exists(folder + "data") ? folder : DefaultsOf(*this)) + "data";
+}
+
 Scenario ReadScenario(const std::string& folder) {
   Scenario scenario;
   scenario.folder = folder;
@@ -92,8 +149,7 @@ Scenario ReadScenario(const std::string& folder) {
   } else {
     scenario.databases.assign(kDatabaseKinds.begin(), kDatabaseKinds.end());
   }
-  std::istringstream lines(fs::exists(folder + "steps") ? FileText(folder + "steps")
-                                                        : std::string("run = 0\n"));
+  std::istringstream lines(FileText(folder + "steps"));
   std::string line;
   for (int number = 1; std::getline(lines, line); ++number) {
     try {
@@ -108,7 +164,7 @@ Scenario ReadScenario(const std::string& folder) {
 std::vector<Scenario> ReadScenarios(const std::string& folder) {
   std::vector<Scenario> scenarios;
   for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
-    if (fs::exists(entry.path() / "task.reg")) {
+    if (entry.path().filename() != kDefaults) {
       scenarios.push_back(ReadScenario(entry.path().string() + '/'));
     }
   }

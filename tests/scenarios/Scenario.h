@@ -10,11 +10,12 @@
 
 namespace imptable {
 
-/// One line of a scenario's `steps`.
+/// One line of a scenario's `steps`, or several lines of `set` that follow each other.
 struct ScenarioStep {
   enum class Kind { kRun, kSet, kCopy, kSql, kRemove };
   Kind kind = Kind::kRun;
-  std::string text;  ///< the line, for messages
+  std::string text;                       ///< the line, for messages
+  std::optional<DatabaseKind> only = {};  ///< taken on this database alone
   std::vector<std::string> words =
       {};  ///< those of a run after the command; else all after the first
   int exit_code = 0;
@@ -27,12 +28,20 @@ struct Scenario {
   std::vector<DatabaseKind> databases;
   std::vector<ScenarioStep> steps;
   std::optional<std::pair<std::string, std::string>> locale;  ///< its source and its code set
+
+  /// The path of its file STEM.DATABASE.EXTENSION, else of its STEM.EXTENSION, else of one of these
+  /// among the defaults.
+  std::string FileFor(DatabaseKind kind, const std::string& stem,
+                      const std::string& extension) const;
+  /// The folder of the files that a run begins with: its own, else that of the defaults.
+  std::string DataFolder() const;
 };
 
 /// @throws std::runtime_error  naming the file and the line that it can't make sense of.
 Scenario ReadScenario(const std::string& folder);
 
-/// Every folder with a task.reg, by name.
+/// Every folder but `defaults`, by name.
+/// @throws std::runtime_error  as above.
 std::vector<Scenario> ReadScenarios(const std::string& folder);
 
 /// The whole file; throws when it can't be read.

@@ -34,10 +34,11 @@ class ScenarioRun {
 
   ResultFiles Perform() {
     if (scenario_.locale) place_.UseLocale(scenario_.locale->first, scenario_.locale->second);
-    place_.database().Execute(FileText(OwnOrShared("schema", ".sql")));
-    if (fs::exists(Data())) fs::copy(Data(), place_.RunFolder(), fs::copy_options::recursive);
-    place_.LoadTask(OwnOrShared("task", ".reg"));
+    place_.database().Execute(FileText(File("schema", ".sql")));
+    fs::copy(Data(), place_.RunFolder(), fs::copy_options::recursive);
+    place_.LoadTask(File("task", ".reg"));
     for (const ScenarioStep& step : scenario_.steps) {
+      if (step.only && *step.only != kind_) continue;
       SCOPED_TRACE(step.text);
       Take(step);
     }
@@ -45,11 +46,9 @@ class ScenarioRun {
   }
 
  private:
-  std::string Data() const { return scenario_.folder + "data"; }
-
-  std::string OwnOrShared(const std::string& name, const std::string& extension) const {
-    const std::string own = scenario_.folder + name + '.' + std::string(NameOf(kind_)) + extension;
-    return fs::exists(own) ? own : scenario_.folder + name + extension;
+  std::string Data() const { return scenario_.DataFolder(); }
+  std::string File(const std::string& stem, const std::string& extension) const {
+    return scenario_.FileFor(kind_, stem, extension);
   }
 
   void Take(const ScenarioStep& step) {
@@ -104,9 +103,7 @@ class ScenarioRun {
   ResultFiles Results() {
     ResultFiles results;
     for (const std::string& report : reports_) TakeReport(report, results);
-    if (fs::exists(OwnOrShared("rows", ".sql"))) {
-      results["rows.txt"] = place_.database().Rows(FileText(OwnOrShared("rows", ".sql")));
-    }
+    results["rows.txt"] = place_.database().Rows(FileText(File("rows", ".sql")));
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(place_.RunFolder())) {
       if (!entry.is_regular_file()) continue;
       const std::string name = entry.path().lexically_relative(place_.RunFolder()).string();
@@ -116,11 +113,9 @@ class ScenarioRun {
       results["files/" + name] = place_.Lasting(WithoutCarriageReturns(text));
     }
     std::set<std::string> removed;
-    if (fs::exists(Data())) {
-      for (const fs::directory_entry& entry : fs::recursive_directory_iterator(Data())) {
-        const std::string name = entry.path().lexically_relative(Data()).string();
-        if (!fs::exists(place_.RunFolder() + name)) removed.insert(name);
-      }
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(Data())) {
+      const std::string name = entry.path().lexically_relative(Data()).string();
+      if (!fs::exists(place_.RunFolder() + name)) removed.insert(name);
     }
     for (const std::string& name : removed) results["removed.txt"] += name + '\n';
     return results;

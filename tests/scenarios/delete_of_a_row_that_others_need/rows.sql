@@ -1,1 +1,0 @@
-SELECT code, name, since FROM client ORDER BY code;

@@ -1,5 +1,0 @@
-CREATE TABLE client (
-  code INTEGER PRIMARY KEY,
-  name VARCHAR(30) NOT NULL,
-  since DATE
-);
