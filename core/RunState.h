@@ -75,7 +75,9 @@ struct RunState : OpenedTask {
   bool requires_file = false;  // a data file that is missing fails the run
 
   bool pre_deletion_failed = false;
+  bool deletion_faulted = false;  // rows are left that were to go; the import went on
   RunStatus status = RunStatus::kNone;
+  bool status_stored = false;      // the registry has that of the run's end
   HostDisplay* display = nullptr;  // borrowed from the host for the length of the run
   RunProgress progress;
 

@@ -26,7 +26,8 @@ struct HostConsole {
   std::ostream& err;
   const Terminal* terminal = nullptr;  // null when standard output is no terminal
   bool colours = false;
-  bool asks = false;  // standard input is a terminal
+  bool asks = false;              // standard input is a terminal
+  bool ends_the_process = false;  // with the command's code
 };
 
 enum class LineEnds { kGo, kStay };

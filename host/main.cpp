@@ -51,5 +51,6 @@ int main(int argc, char** argv) {
                                        .err = std::cerr,
                                        .terminal = is_terminal ? &terminal : nullptr,
                                        .colours = is_terminal && Environment("NO_COLOR").empty(),
-                                       .asks = isatty(STDIN_FILENO) == 1});
+                                       .asks = isatty(STDIN_FILENO) == 1,
+                                       .ends_the_process = true});
 }

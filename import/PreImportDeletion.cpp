@@ -94,6 +94,7 @@ class Deletion {
     if (!fault) return;
     session_.error_reported = true;
     module_.run.fault = fault;
+    module_.run.deletion_faulted = true;
     module_.WriteReport(module_.MessageText(fault_message) +
                             std::to_string(static_cast<std::int32_t>(fault->number())),
                         ReportKind::kError);

@@ -15,11 +15,13 @@ constexpr std::array<Dialect, 3> kDialects{{
     {.dbms_name = "PostgreSQL",
      .misreads_times = true,
      .cuts_at_nul = true,
+     .driver_converts = true,
      .number_words = kPostgresqlNumbers},
     {.dbms_name = "MariaDB",
      .refuses_with_information = true,
      .misreads_keys = true,
      .misreads_times = true,
+     .bits_are_numbers = true,
      .has_packed_times = true},
 }};
 

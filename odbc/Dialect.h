@@ -28,7 +28,14 @@ struct Dialect {
   /// is one of bytes; as texts they are stored whole.
   bool binds_bytes_as_text = false;
 
-  /// Whether a time may be written as hhmmss or have a sign.
+  /// The driver converts times and bytes by itself: what it can't read becomes another value, and
+  /// the database never sees the text.
+  bool driver_converts = false;
+
+  /// A column of several bits takes a number; as a text its characters would be the bits.
+  bool bits_are_numbers = false;
+
+  /// Whether a time may be written as hhmmss, have a sign, and be a span of up to 838:59:59.
   bool has_packed_times = false;
 
   /// Words that are numbers there, in lower case and without a sign.

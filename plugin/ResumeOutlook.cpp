@@ -4,6 +4,7 @@
 #include "import/ledger/ResumeChain.h"
 #include "import/ledger/ResumeRule.h"
 #include "import/ledger/TaskFiles.h"
+#include "import/source/LineReader.h"
 #include "plugin/RunDriver.h"
 #include "plugin/TaskLoading.h"
 
@@ -44,7 +45,10 @@ ResumeOutlook LookAtResume(ModuleCommun& module) {
     if (run.record_errors == 0) return ResumeAnswer::kOptionOff;
     const auto source = LookAt(files, outlook.source_path);
     if (!source) return ResumeAnswer::kNoSource;
-    if (source->is_file && source->size == 0) return ResumeAnswer::kEmptySource;
+    if (source->is_file &&
+        HasNoLine(files, outlook.source_path, source->size, module.platform.encoding.IsUtf8())) {
+      return ResumeAnswer::kEmptySource;
+    }
     if (!ImportsAnything(run.mode)) return ResumeAnswer::kModeImportsNothing;
     outlook.obstacle = FindObstacle(files, run, outlook.chain);
     if (outlook.obstacle) return ResumeAnswer::kObstacle;

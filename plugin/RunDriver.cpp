@@ -15,6 +15,7 @@
 #include "import/modes/InsertMode.h"
 #include "import/modes/UpdateInsertMode.h"
 #include "import/modes/UpdateMode.h"
+#include "import/source/LineReader.h"
 #include "plugin/TaskLoading.h"
 
 namespace imptable {
@@ -73,6 +74,8 @@ void RunDriver::ClearRun() {
   run_.scenario = request_.scenario;
   run_.task = request_.task;
   run_.status = RunStatus::kRunning;
+  run_.status_stored = false;
+  run_.deletion_faulted = false;
   run_.resume = false;
   run_.source_state = SourceState::kUnknown;
   run_.pre_deletion_failed = false;
@@ -231,7 +234,7 @@ RunDriver::DataFile RunDriver::LookAtDataFile() {
     // The import is to complain about it; for what can't be imported nothing is deleted.
     file.state = FileState::kNoFile;
   } else {
-    const bool empty = info->size == 0;
+    const bool empty = HasNoLine(files, located, info->size, module_.platform.encoding.IsUtf8());
     file.state = empty ? FileState::kEmpty : FileState::kPresent;
     run_.source_state = empty ? SourceState::kEmpty : SourceState::kPresent;
     run_.progress.bytes_in_file = info->size;
@@ -321,7 +324,8 @@ bool RunDriver::WriteStatus() {
 
 void RunDriver::Finish() {
   // Without a location there is no task whose status could be written.
-  if (!announced_ || !WriteStatus() || run_.status != RunStatus::kSucceeded) return;
+  run_.status_stored = announced_ && WriteStatus();
+  if (!run_.status_stored || run_.status != RunStatus::kSucceeded) return;
   // A resume that came to no line has done nothing of its chain.
   if (run_.resume && run_.progress.read == 0) return;
   // Only now: once the trace is gone nothing but the status tells a run that is done.

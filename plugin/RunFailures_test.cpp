@@ -143,6 +143,19 @@ TEST_F(RunFailures, ARegistryThatCannotBeWrittenIsPassedOver) {
   ExpectOneEnd();
 }
 
+TEST_F(RunFailures, ARegistryThatIsFreeAgainAtTheEndHasTheStatus) {
+  run_.component.registry.FailWrites(kRegistryLocked);
+  run_.events.listener = [&](const std::string&) {
+    run_.component.registry.FailWrites(kRegistryOk);
+  };
+  EXPECT_EQ(run_.Go(), 2);
+  EXPECT_TRUE(run_.component.module().run.status_stored);
+  run_.events.listener = nullptr;
+  run_.component.registry.FailWrites(kRegistryLocked);
+  run_.Go();
+  EXPECT_FALSE(run_.component.module().run.status_stored);
+}
+
 TEST_F(RunFailures, AProgressEventThatFailsEndsTheRun) {
   for (std::size_t nth = 1; nth <= 3; ++nth) {
     run_.events.raised.clear();

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <utility>
@@ -65,6 +66,8 @@ std::string DefaultReportPath(std::string task) {
 
 void RequireWritableReport(HostContext& context, const std::string& path) {
   std::error_code error;
+  // Who reads a pipe would take the end of this opening for that of the report.
+  if (std::filesystem::is_fifo(path, error)) return;
   const auto file = context.files->OpenForWriting(path, WriteMode::kAppend, error);
   if (file) return;
   const bool is_link = error == std::errc::too_many_symbolic_link_levels;
@@ -75,7 +78,8 @@ void RequireWritableReport(HostContext& context, const std::string& path) {
 /// What a resume goes by may be out of sight for now; then the resume itself says so.
 NextStep NextStepOf(FileSystem& files, const RunState& run) {
   if (!run.resume && run.progress.read == 0) return NextStep::kAfresh;
-  if (run.record_errors == 0) return NextStep::kNone;
+  // A resume wouldn't delete what is left.
+  if (run.record_errors == 0 || run.deletion_faulted) return NextStep::kNone;
   try {
     if (CanResume(files, run)) return NextStep::kResume;
     return IsNotEmpty(files, SideFilePath(run, kTraceExtension)) ? NextStep::kTraceThenResume
@@ -134,7 +138,10 @@ RunOutcome OutcomeOf(const HostContext& context, const CommandRequest& request,
   }
   if (run.fault) outcome.fault = module.FaultText(*run.fault);
   outcome.report_failed = context.library.report_failed();
-  if (const auto& failure = context.registry.last_write_failure()) {
+  const auto& failure = context.registry.last_write_failure();
+  // A write that failed is no matter once the run's status is stored.
+  if (failure && !run.status_stored) {
+    outcome.status = RunStatus::kRunning;
     outcome.registry_failure = RegistryFailureText(*failure, context.texts);
   }
   return outcome;
@@ -156,7 +163,7 @@ ExitCode RunTask(HostContext& context, const CommandRequest& request, const Host
   RequireWritableReport(context, report);
   if (begin.given_up) PrintErrorLine(console.err, *begin.given_up);
   std::vector<std::string> warnings;
-  if (opened) warnings = RunWarnings(*opened, *context.files, context.texts);
+  if (opened) warnings = RunWarnings(*opened, begin.resumes, *context.files, context.texts);
   for (const std::string& warning : warnings) {
     PrintErrorLine(console.err, context.texts.Text(HostText::kWarning, {warning}));
   }
@@ -169,8 +176,8 @@ ExitCode RunTask(HostContext& context, const CommandRequest& request, const Host
   RunWatcher watcher(run.progress, line ? &*line : nullptr);
   LiveDisplay display;
   const SteadyClock::time_point start = SteadyClock::now();
-  const StopSignals signals(run.stop_requested,
-                            [&context] { context.state.odbc.cancellation.Cancel(); });
+  StopSignals signals(run.stop_requested, [&context] { context.state.odbc.cancellation.Cancel(); });
+  if (console.ends_the_process) signals.LastUntilTheEnd();
   {
     ImpTable task(context.state, &watcher);
     task.InitializeProperties(request.task, request.scenario, OffsetOf(context.texts.language()));

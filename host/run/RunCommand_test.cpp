@@ -68,6 +68,15 @@ TEST_F(RunCommand, IsCode0WithASummaryWhenAllWentWell) {
   EXPECT_EQ(Status(), "2\n");
 }
 
+TEST_F(RunCommand, AdvisesNoResumeAfterADeletionThatFailed) {
+  session.Run({"set", "S", "T", "Suppression=2"});
+  session.folder.Write("CLIENTS.SUP", "[Table01]\n01=CODE,1\n");
+  const auto result = Run();
+  EXPECT_EQ(result.code, 1);
+  EXPECT_THAT(result.err, HasSubstr("task \"T\""));
+  EXPECT_THAT(result.err, Not(HasSubstr("--resume")));
+}
+
 TEST_F(RunCommand, PrintsNothingWhenQuiet) {
   const auto result = Run({"--quiet"});
   EXPECT_EQ(result.code, 0);

@@ -4,6 +4,7 @@
 #include "host/HostError.h"
 #include "host/run/OwnCommand.h"
 #include "import/ledger/ReplacingFile.h"
+#include "import/source/LineReader.h"
 #include "plugin/ResumeOutlook.h"
 #include "plugin/ScenarioKeys.h"
 #include "plugin/TaskLoading.h"
@@ -12,6 +13,19 @@ namespace imptable {
 namespace {
 
 constexpr std::string_view kOldSuffix = ".OLD";
+
+/// Each line with a line end; nothing of a file that doesn't exist.
+/// @throws RuntimeFault  the file fault.
+void CopyLines(FileSystem& files, const std::string& from, RunFile& to) {
+  if (!LookAt(files, from)) return;
+  std::error_code error;
+  auto file = files.OpenForReading(from, error);
+  if (!file) throw FileFault(error, from);
+  LineReader lines(std::move(file), from, false);
+  for (std::string_view line; lines.Next(line);) {
+    to.Write(std::string(line) + std::string(SystemLineEnd()));
+  }
+}
 
 class Decision {
  public:
@@ -60,6 +74,8 @@ class Decision {
     try {
       CopiedFile source(*context_.files, from);
       ReplacingFile copy(*context_.files, to + ".NEW");
+      // What is kept already stays: nobody may have looked at it yet.
+      CopyLines(*context_.files, to, copy.file());
       source.CopyTo(copy.file());
       copy.Replace(to);
     } catch (const RuntimeFault& fault) {

@@ -121,6 +121,33 @@ TEST_F(ChainLeft, IsGivenUpForAnotherDataFileByAScheduler) {
   EXPECT_EQ(object["inserted"], 2);
 }
 
+TEST_F(ChainLeft, IsKeptBesideThoseThatWereGivenUpBefore) {
+  session.folder.Write("CLIENTS.LER", "2;kept without a line end");
+  Source("7;x\n8;y\n");
+  Driver(kFailingDriver);
+  EXPECT_EQ(Run({"--auto"}).code, 1);
+  Source("9;z\n");
+  Driver("");
+  EXPECT_EQ(Run({"--auto"}).code, 0);
+  EXPECT_EQ(session.folder.Read("CLIENTS.LER.OLD"), "2;kept without a line end\n8;y\n");
+}
+
+TEST_F(ChainLeft, IsNotGivenUpForAFileThatHoldsAByteOrderMarkAlone) {
+  Source("\xEF\xBB\xBF");
+  ExpectRefused({"--auto"}, "CLIENTS.CSV is empty");
+  EXPECT_EQ(nlohmann::json::parse(Run({"--json"}).out)["file"]["state"], "empty");
+}
+
+TEST_F(ChainLeft, IsNotGivenUpToAnotherTaskWithoutAWord) {
+  session.Run({"set", "S", "U", "Base Cible=" + source.name(), "Table=CLIENT", "Alias=CLIENTS",
+               "Dir=" + session.folder.path(), "FormatFile=1"});
+  const auto result = session.Run({"run", "S", "U", "--json", "--report", "/dev/null"});
+  EXPECT_EQ(result.code, 0);
+  EXPECT_THAT(result.err, AllOf(MatchesRegex(kOneLine), HasSubstr("the task \"S\\T\"")));
+  EXPECT_THAT(nlohmann::json::parse(result.out)["warnings"], SizeIs(1U));
+  EXPECT_EQ(session.Run({"run", "S", "U", "--report", "/dev/null"}).err, "");
+}
+
 TEST_F(ChainLeft, IsNotGivenUpByASchedulerWhenItHadNotComeToItsEnd) {
   std::string chain = session.folder.Read("CLIENTS.REP");
   chain.resize(chain.find("READ"));

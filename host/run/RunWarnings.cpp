@@ -1,7 +1,9 @@
 #include "host/run/RunWarnings.h"
 
 #include "import/layout/ColumnLayout.h"
+#include "import/ledger/ResumeChain.h"
 #include "import/ledger/TaskFiles.h"
+#include "platform/text/NameFolding.h"
 
 namespace imptable {
 namespace {
@@ -27,9 +29,26 @@ std::vector<std::size_t> UnknownDateStyles(const OpenedTask& task) {
   return numbers;
 }
 
+/// The task, if it is another one, whose unfinished run a run of this one gives up: the two have
+/// the same side files.
+std::optional<std::string> OtherTaskToResume(const OpenedTask& task, FileSystem& files) {
+  try {
+    const ResumeChain chain(files, SideFilePath(task, kChainExtension));
+    const auto reader = chain.Open();
+    if (!reader || !reader->identity()) return std::nullopt;
+    const ChainIdentity& of = *reader->identity();
+    const bool own = FoldName(of.scenario) == FoldName(OneLine(task.scenario)) &&
+                     FoldName(of.task) == FoldName(OneLine(task.task));
+    if (own) return std::nullopt;
+    return of.scenario + '\\' + of.task;
+  } catch (const RuntimeFault&) {
+    return std::nullopt;  // The run says what is wrong with it.
+  }
+}
+
 }  // namespace
 
-std::vector<std::string> RunWarnings(const OpenedTask& task, const FileSystem& files,
+std::vector<std::string> RunWarnings(const OpenedTask& task, bool resumes, FileSystem& files,
                                      const HostTexts& texts) {
   std::vector<std::string> warnings;
   const auto warn = [&](HostText text, const std::vector<std::string>& arguments) {
@@ -47,6 +66,9 @@ std::vector<std::string> RunWarnings(const OpenedTask& task, const FileSystem& f
     if (!files.Query(files.Locate(path), error) && !error) {
       warn(HostText::kNoSelectionFile, {path});
     }
+  }
+  if (const auto other = resumes ? std::nullopt : OtherTaskToResume(task, files)) {
+    warn(HostText::kGivesUpOtherTask, {*other, SideFilePath(task, kChainExtension)});
   }
   for (const std::size_t number : UnknownDateStyles(task)) {
     const std::string column = std::to_string(number);

@@ -24,7 +24,7 @@ class RunWarningsOfATask : public testing::Test {
   }
 
   std::vector<std::string> Warnings() const {
-    return RunWarnings(task, *files, HostTexts(Language::kEnglish, encoding));
+    return RunWarnings(task, false, *files, HostTexts(Language::kEnglish, encoding));
   }
 
   OpenedTask task;

@@ -60,7 +60,10 @@ StopSignals::StopSignals(std::atomic<bool>& stop, std::function<void()> cancel)
 }
 
 StopSignals::~StopSignals() {
-  for (std::size_t i = 0; i < kCount; ++i) sigaction(kSignals[i], &former_[i], nullptr);
+  for (std::size_t i = 0; i < kCount; ++i) {
+    if (until_the_end_) former_[i].sa_handler = SIG_IGN;
+    sigaction(kSignals[i], &former_[i], nullptr);
+  }
   asked_to_stop.store(nullptr);
   asked_to_cancel.store(nullptr);
   over_.store(true);

@@ -21,6 +21,10 @@ class StopSignals {
   /// @param cancel  called by a thread of its own at the second signal, as long as this lives.
   StopSignals(std::atomic<bool>& stop, std::function<void()> cancel);
   ~StopSignals();
+
+  /// Ignores the signals when this is gone, too: for a process that then ends with the run's code.
+  void LastUntilTheEnd() { until_the_end_ = true; }
+
   StopSignals(const StopSignals&) = delete;
   StopSignals& operator=(const StopSignals&) = delete;
 
@@ -30,6 +34,7 @@ class StopSignals {
   void WaitForTheSecond();
 
   std::array<struct sigaction, kCount> former_{};
+  bool until_the_end_ = false;
   std::function<void()> cancel_;
   sem_t second_{};
   std::atomic<bool> over_{false};

@@ -55,6 +55,19 @@ TEST(StopSignals, KillAtTheThirdAsUsual) {
   EXPECT_EXIT(three(), testing::KilledBySignal(SIGTERM), "");
 }
 
+TEST(StopSignals, AreIgnoredUntilTheProcessEndsWithTheRunsCode) {
+  const auto stopped_late = [] {
+    {
+      std::atomic<bool> stop{false};
+      StopSignals signals(stop, [] {});
+      signals.LastUntilTheEnd();
+    }
+    for (const int each : {SIGINT, SIGTERM, SIGHUP}) raise(each);
+    _exit(7);
+  };
+  EXPECT_EXIT(stopped_late(), testing::ExitedWithCode(7), "");
+}
+
 TEST(StopSignals, LeaveASignalIgnoredThatWhoeverStartedUsIgnores) {
   const auto former = std::signal(SIGHUP, SIG_IGN);
   {

@@ -4,7 +4,7 @@
 
 #include "import/target/Execution.h"
 #include "import/target/KeyColumns.h"
-#include "import/target/KeyValues.h"
+#include "import/target/SentValues.h"
 
 namespace imptable {
 namespace {
@@ -32,14 +32,14 @@ class DeleteMode final : public ModeRoutine {
       return false;
     }
     parser_.emplace(table_.MakeKeyedParser());
-    key_values_.emplace(module_, session_, table_);
+    values_.emplace(module_, session_, table_);
     return true;
   }
 
   RecordParser& Parser() override { return *parser_; }
 
   LineResult ExecuteLine() override {
-    if (!key_values_->Check()) return {true, nullptr};
+    if (!values_->Check()) return {true, nullptr};
     const Execution execution = ExecuteKeyed(session_, delete_.raw());
     if (execution.refused) return {true, nullptr};
     RunProgress& progress = module_.run.progress;
@@ -66,7 +66,7 @@ class DeleteMode final : public ModeRoutine {
   TargetTable table_;
   Statement delete_;
   std::optional<RecordParser> parser_;
-  std::optional<KeyValues> key_values_;
+  std::optional<SentValues> values_;
 };
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "import/target/Execution.h"
+#include "import/target/SentValues.h"
 #include "import/target/TargetTable.h"
 
 namespace imptable {
@@ -32,12 +33,14 @@ class InsertMode final : public ModeRoutine {
       throw RuntimeFault(FaultNumber::kInvalidArgument, "\"Table\" = \"" + module_.run.table + '"');
     }
     parser_.emplace(table_.MakeParser());
+    values_.emplace(module_, session_, table_);
     return true;
   }
 
   RecordParser& Parser() override { return *parser_; }
 
   LineResult ExecuteLine() override {
+    if (!values_->Check()) return {true, nullptr};
     RunProgress& progress = module_.run.progress;
     const Execution insert = ExecuteInsert(session_, session_.statement.raw(), true);
     if (insert.refused) return {true, nullptr};
@@ -59,6 +62,7 @@ class InsertMode final : public ModeRoutine {
   OdbcSession& session_;
   TargetTable table_;
   std::optional<RecordParser> parser_;
+  std::optional<SentValues> values_;
 };
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "import/target/Execution.h"
-#include "import/target/KeyValues.h"
+#include "import/target/SentValues.h"
 #include "import/target/UpdateStatement.h"
 
 namespace imptable {
@@ -30,7 +30,7 @@ class UpdateInsertMode final : public ModeRoutine {
       return false;
     }
     parser_.emplace(table_.MakeParser());
-    key_values_.emplace(module_, session_, table_);
+    values_.emplace(module_, session_, table_);
     return true;
   }
 
@@ -39,7 +39,7 @@ class UpdateInsertMode final : public ModeRoutine {
   LineResult ExecuteLine() override {
     RunProgress& progress = module_.run.progress;
     // A line whose UPDATE fails is one error: no INSERT is tried, whatever the reason.
-    if (!key_values_->Check()) return {true, nullptr};
+    if (!values_->Check()) return {true, nullptr};
     const Execution update = ExecuteKeyed(session_, update_.raw());
     if (update.refused) return {true, nullptr};
     if (update.changed()) return {false, &progress.modified};
@@ -70,7 +70,7 @@ class UpdateInsertMode final : public ModeRoutine {
   TargetTable table_;
   UpdateStatement update_;
   std::optional<RecordParser> parser_;
-  std::optional<KeyValues> key_values_;
+  std::optional<SentValues> values_;
 };
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "import/target/Execution.h"
-#include "import/target/KeyValues.h"
+#include "import/target/SentValues.h"
 #include "import/target/UpdateStatement.h"
 
 namespace imptable {
@@ -26,14 +26,14 @@ class UpdateMode final : public ModeRoutine {
       return false;
     }
     parser_.emplace(table_.MakeKeyedParser());
-    key_values_.emplace(module_, session_, table_);
+    values_.emplace(module_, session_, table_);
     return true;
   }
 
   RecordParser& Parser() override { return *parser_; }
 
   LineResult ExecuteLine() override {
-    if (!key_values_->Check()) return {true, nullptr};
+    if (!values_->Check()) return {true, nullptr};
     const Execution execution = ExecuteKeyed(session_, update_.raw());
     if (execution.refused) return {true, nullptr};
     RunProgress& progress = module_.run.progress;
@@ -61,7 +61,7 @@ class UpdateMode final : public ModeRoutine {
   TargetTable table_;
   UpdateStatement update_;
   std::optional<RecordParser> parser_;
-  std::optional<KeyValues> key_values_;
+  std::optional<SentValues> values_;
 };
 
 }  // namespace

@@ -96,4 +96,14 @@ bool LineReader::Next(std::string_view& line) {
   }
 }
 
+bool HasNoLine(FileSystem& files, const std::string& path, std::uint64_t size, bool skip_mark) {
+  if (size == 0) return true;
+  if (!skip_mark || size != kByteOrderMark.size()) return false;
+  std::error_code error;
+  auto file = files.OpenForReading(path, error);
+  if (!file) throw FileFault(error, path);
+  std::string_view line;
+  return !LineReader(std::move(file), path, true, kByteOrderMark.size()).Next(line);
+}
+
 }  // namespace imptable

@@ -58,6 +58,10 @@ class LineReader {
   std::uint64_t bytes_taken_ = 0;
 };
 
+/// Whether a file of so many bytes has no line: nothing is in it, or a byte order mark alone.
+/// @param skip_mark  as LineReader has it. @throws RuntimeFault  the file fault.
+bool HasNoLine(FileSystem& files, const std::string& path, std::uint64_t size, bool skip_mark);
+
 }  // namespace imptable
 
 #endif  // IMPORT_SOURCE_LINE_READER_H_

@@ -86,6 +86,20 @@ TEST(LineReader, GivesNoLineForAnEmptyFileAndOneForALoneLineEnd) {
   EXPECT_THAT(LinesOf(ReaderOf("\r")), ElementsAre(""));
 }
 
+TEST(LineReader, KnowsAFileWithoutALine) {
+  TemporaryFolder folder{testing::TempDir()};
+  const auto files = SystemFileSystem();
+  const auto has_none = [&](const std::string& text, bool skip_mark) {
+    folder.Write("f", text);
+    return HasNoLine(*files, folder.path() + "f", text.size(), skip_mark);
+  };
+  EXPECT_TRUE(has_none("", false));
+  EXPECT_TRUE(has_none("\xEF\xBB\xBF", true));
+  EXPECT_FALSE(has_none("\xEF\xBB\xBF", false)) << "in another code page it is text";
+  EXPECT_FALSE(has_none("a;b", true));
+  EXPECT_FALSE(has_none("\n", true));
+}
+
 TEST(LineReader, TakesALastLineWithoutAnEndAndSaysSo) {
   LineReader reader = ReaderOf("a\r\nb");
   std::string_view line;

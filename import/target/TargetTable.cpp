@@ -12,11 +12,21 @@ RuntimeFault NoValueFault(const std::string& column) {
   return RuntimeFault(FaultNumber::kInvalidArgument, names, FaultRemedy::kGiveColumns);
 }
 
+/// No line of fixed width has fewer fields than the layout: each would be refused.
+RuntimeFault TooManyColumnsFault(std::size_t count) {
+  return RuntimeFault(FaultNumber::kIndexOutOfRange,
+                      "\"NombreColonnes\" = \"" + std::to_string(count) + '"');
+}
+
+}  // namespace
+
 bool HoldsBytes(std::int16_t sql_type) {
   return sql_type == SQL_BINARY || sql_type == SQL_VARBINARY || sql_type == SQL_LONGVARBINARY;
 }
 
-}  // namespace
+bool IsBitString(const TableColumn& column) {
+  return column.type_name == "BIT" && column.sql_type != SQL_BIT;
+}
 
 SQLRETURN BindParameter(SQLHSTMT statement, SQLUSMALLINT number, const TableColumn& column,
                         ParameterBuffer& buffer) {
@@ -68,6 +78,7 @@ SQLRETURN TargetTable::Bind(SQLHSTMT statement, SQLUSMALLINT number, std::size_t
   if (session_.dialect->binds_bytes_as_text && HoldsBytes(sent.sql_type)) {
     sent.sql_type = kSqlVarchar;
   }
+  if (session_.dialect->bits_are_numbers && IsBitString(sent)) sent.sql_type = SQL_BIGINT;
   return BindParameter(statement, number, sent, buffers_[column]);
 }
 
@@ -79,6 +90,9 @@ SQLRETURN TargetTable::BindKey(SQLHSTMT statement, SQLUSMALLINT number, std::siz
 RecordPlan TargetTable::MakePlan() {
   RecordPlan plan = CompileRecordPlan(module_, session_, columns_, bound_, buffers_);
   for (FieldPlan& field : plan.fields) field.is_key = is_key_[field.column];
+  if (!plan.delimited && plan.widths.size() > plan.column_count) {
+    throw TooManyColumnsFault(plan.widths.size());
+  }
   return plan;
 }
 

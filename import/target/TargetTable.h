@@ -11,6 +11,11 @@
 
 namespace imptable {
 
+bool HoldsBytes(std::int16_t sql_type);
+
+/// Whether the column holds several bits, which ODBC calls bytes.
+bool IsBitString(const TableColumn& column);
+
 /// Binds parameter `number` (from 1) of a prepared statement to the field of the buffer that the
 /// column's SQL type uses.
 SQLRETURN BindParameter(SQLHSTMT statement, SQLUSMALLINT number, const TableColumn& column,
@@ -36,6 +41,7 @@ class TargetTable {
   /// The same for a parameter that rows are looked for by.
   SQLRETURN BindKey(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column);
 
+  bool is_bound(std::size_t column) const { return bound_[column]; }
   bool is_key(std::size_t column) const { return is_key_[column]; }
   const ParameterBuffer& buffer(std::size_t column) const { return buffers_[column]; }
 

@@ -64,6 +64,7 @@ bool IsWord(std::string_view text, std::span<const std::string_view> words) {
 }
 
 constexpr int kMostHours = 838;
+constexpr int kHoursOfADay = 24;
 constexpr int kMostMinutes = 59;
 
 bool TakeDate(Scanner& scanner) {
@@ -83,6 +84,15 @@ bool IsPackedTime(std::string_view digits) {
   std::from_chars(digits.data(), digits.data() + digits.size(), number);
   return number % 100 <= kMostMinutes && number / 100 % 100 <= kMostMinutes &&
          number / 10'000 <= kMostHours;
+}
+
+/// Whether a time of those hours is within a day, its end included.
+bool IsTimeOfDay(std::string_view hours, std::string_view text) {
+  int number = kMostHours;
+  std::from_chars(hours.data(), hours.data() + hours.size(), number);
+  if (number < kHoursOfADay) return true;
+  text.remove_prefix(hours.size());
+  return number == kHoursOfADay && text.find_first_not_of("0:.") == std::string_view::npos;
 }
 
 }  // namespace
@@ -107,6 +117,11 @@ bool IsBitText(std::string_view text) {
   return text == "0" || text == "1";
 }
 
+bool IsHexText(std::string_view text) {
+  constexpr std::string_view kDigits = "0123456789abcdefABCDEF";
+  return text.size() % 2 == 0 && text.find_first_not_of(kDigits) == std::string_view::npos;
+}
+
 bool IsTimeText(std::string_view text, bool packed) {
   text = WithoutSpace(text);
   Scanner dated(text);
@@ -119,6 +134,7 @@ bool IsTimeText(std::string_view text, bool packed) {
   if (!scanner.Take(":")) {
     return packed && !has_date && IsPackedTime(first) && TakeFraction(scanner);
   }
+  if (!packed && !IsTimeOfDay(first, parts.rest())) return false;
   if (!parts.TakeNumber(1, 3, kMostHours) || !parts.Take(":") ||
       !parts.TakeNumber(1, 2, kMostMinutes)) {
     return false;

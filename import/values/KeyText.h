@@ -21,9 +21,12 @@ bool IsNumberText(std::string_view text, const NumberForm& form);
 /// Whether a number in such a text is 0 or 1.
 bool IsBitText(std::string_view text);
 
-/// Whether a text is a time of day or a span of at most 838:59:59, as hh:mm or hh:mm:ss, which a
-/// date of the form yyyy-mm-dd may precede.
-/// @param packed  whether hhmmss and a sign will do as well.
+/// Whether a text is bytes in hexadecimal, two digits each.
+bool IsHexText(std::string_view text);
+
+/// Whether a text is a time of day, as hh:mm or hh:mm:ss, which a date of the form yyyy-mm-dd may
+/// precede.
+/// @param packed  whether hhmmss, a sign and spans of up to 838:59:59 will do as well.
 bool IsTimeText(std::string_view text, bool packed);
 
 /// Whether each part of a date is within its bounds; months and days may be 0.

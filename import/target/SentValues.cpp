@@ -1,4 +1,4 @@
-#include "import/target/KeyValues.h"
+#include "import/target/SentValues.h"
 
 #include <array>
 
@@ -32,37 +32,51 @@ struct Complaint {
 };
 
 /// By rule.
-constexpr std::array<Complaint, 6> kComplaints{{
+constexpr std::array<Complaint, 7> kComplaints{{
     {"est trop longue", "is too long"},
     {"n'est pas un nombre", "is no number"},
     {"n'est ni 0 ni 1", "is neither 0 nor 1"},
     {"n'est pas une date", "is no date"},
     {"n'est pas une date", "is no date"},
     {"n'est pas une heure", "is no time"},
+    {"n'est pas une suite d'octets en hexadécimal", "is no string of bytes in hexadecimal"},
 }};
 
 }  // namespace
 
-KeyValues::KeyValues(const ModuleCommun& module, OdbcSession& session, const TargetTable& table)
+SentValues::SentValues(const ModuleCommun& module, OdbcSession& session, const TargetTable& table)
     : module_(module), session_(session), table_(table) {
   for (std::size_t i = 0; i < table_.columns().size(); ++i) {
-    if (table_.is_key(i)) keys_.push_back({i, RuleOf(table_.columns()[i])});
+    const TableColumn& column = table_.columns()[i];
+    if (table_.is_key(i)) {
+      checked_.push_back({i, KeyRuleOf(column)});
+    } else if (const auto rule = ValueRuleOf(column); rule && table_.is_bound(i)) {
+      checked_.push_back({i, *rule});
+    }
   }
 }
 
-KeyValues::Rule KeyValues::RuleOf(const TableColumn& column) const {
+std::optional<SentValues::Rule> SentValues::ValueRuleOf(const TableColumn& column) const {
+  const Dialect& dialect = *session_.dialect;
+  if (dialect.driver_converts && column.sql_type == kSqlTime) return Rule::kTime;
+  if (dialect.driver_converts && HoldsBytes(column.sql_type)) return Rule::kBytes;
+  if (dialect.bits_are_numbers && IsBitString(column)) return Rule::kNumber;
+  return std::nullopt;
+}
+
+SentValues::Rule SentValues::KeyRuleOf(const TableColumn& column) const {
+  if (const auto rule = ValueRuleOf(column)) return *rule;
   if (IsNumberType(column.sql_type)) return Rule::kNumber;
   if (column.sql_type == kSqlTime) {
     return session_.dialect->misreads_times ? Rule::kTime : Rule::kWhole;
   }
   if (!session_.dialect->misreads_keys) return Rule::kWhole;
   if (column.sql_type == SQL_BIT) return Rule::kBit;
-  if (column.type_name == "BIT") return Rule::kNumber;
   if (column.sql_type == kSqlDate) return Rule::kDate;
   return column.sql_type == kSqlTimestamp ? Rule::kDateAndTime : Rule::kWhole;
 }
 
-bool KeyValues::Holds(Rule rule, const ParameterBuffer& buffer) const {
+bool SentValues::Holds(Rule rule, const ParameterBuffer& buffer) const {
   const bool is_null = buffer.text_indicator == SQL_NULL_DATA;
   const Dialect& dialect = *session_.dialect;
   switch (rule) {
@@ -79,6 +93,8 @@ bool KeyValues::Holds(Rule rule, const ParameterBuffer& buffer) const {
       return is_null || IsBitText(buffer.Text());
     case Rule::kTime:
       return is_null || (!buffer.cut && IsTimeText(buffer.Text(), dialect.has_packed_times));
+    case Rule::kBytes:
+      return is_null || (!buffer.cut && IsHexText(buffer.Text()));
     case Rule::kDate:
       return buffer.date_indicator == SQL_NULL_DATA || IsDateInBounds(buffer.date);
     case Rule::kDateAndTime:
@@ -88,29 +104,32 @@ bool KeyValues::Holds(Rule rule, const ParameterBuffer& buffer) const {
   return true;
 }
 
-void KeyValues::Report(const Key& key) {
-  const ParameterBuffer& buffer = table_.buffer(key.column);
+void SentValues::Report(const Checked& checked) {
+  const ParameterBuffer& buffer = table_.buffer(checked.column);
   std::string value(buffer.Text());
-  if (key.rule == Rule::kDate || key.rule == Rule::kDateAndTime) {
+  if (checked.rule == Rule::kDate || checked.rule == Rule::kDateAndTime) {
     const auto text = FormatDateValue(buffer.date);
     value.assign(text.data(), text.size());
   }
   const TextEncoding& encoding = module_.platform.encoding;
   const bool english = module_.language_offset == kEnglishOffset;
   const auto& [french_complaint, english_complaint] =
-      kComplaints[static_cast<std::size_t>(key.rule)];
-  session_.ReportText(encoding.FromUtf8(english ? "Key \"" : "Clé \"") +
-                      table_.columns()[key.column].name +
+      kComplaints[static_cast<std::size_t>(checked.rule)];
+  const bool is_key = table_.is_key(checked.column);
+  const std::string_view noun =
+      english ? (is_key ? "Key" : "Column") : (is_key ? "Clé" : "Colonne");
+  session_.ReportText(encoding.FromUtf8(std::string(noun) + " \"") +
+                      table_.columns()[checked.column].name +
                       encoding.FromUtf8(english ? "\": \"" : "\" : \"") + value + "\" " +
                       encoding.FromUtf8(english ? english_complaint : french_complaint) +
                       encoding.FromUtf8(english ? "; the line was not executed"
                                                 : " ; la ligne n'a pas été exécutée"));
 }
 
-bool KeyValues::Check() {
-  for (const Key& key : keys_) {
-    if (Holds(key.rule, table_.buffer(key.column))) continue;
-    Report(key);
+bool SentValues::Check() {
+  for (const Checked& checked : checked_) {
+    if (Holds(checked.rule, table_.buffer(checked.column))) continue;
+    Report(checked);
     return false;
   }
   return true;

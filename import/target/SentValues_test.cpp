@@ -30,6 +30,8 @@ class TypedRun : public KeyedRun {
   }
 };
 
+constexpr std::int32_t kByInsert = 0;
+
 class NumberKey : public testing::TestWithParam<const char*> {};
 
 TEST_P(NumberKey, ThatIsNoNumberIsRejectedBeforeItIsSent) {
@@ -134,10 +136,12 @@ TEST(KeyValues, OfTimesDatesAndBitsAreLookedAtWhereTheDatabaseMisreadsThem) {
     EXPECT_FALSE(time.Takes(text)) << text;
   }
   TypedRun plain_time("10 TIME", "PostgreSQL");
-  for (const char* text : {"10:00", "10:00:00", " 9:5:7 ", "2006-01-02 10:00:00.000"}) {
+  for (const char* text :
+       {"10:00", "10:00:00", " 9:5:7 ", "2006-01-02 10:00:00.000", "23:59:59", "24:00:00"}) {
     EXPECT_TRUE(plain_time.Takes(text)) << text;
   }
-  for (const char* text : {"abc", "10", "100000", "-10:00:00", "10:00 PM", "2006-01-02"}) {
+  for (const char* text : {"abc", "10", "100000", "-10:00:00", "10:00 PM", "2006-01-02", "25:00:00",
+                           "838:59:59", "24:00:01", "::"}) {
     EXPECT_FALSE(plain_time.Takes(text)) << text;
   }
   TypedRun bit("-7 BIT", "MariaDB");
@@ -165,6 +169,45 @@ TEST(KeyValues, SayWhichDateIsNone) {
   EXPECT_THAT(run.Errors(),
               ElementsAre("15/11/2006 08:30:00.... Ligne  1 Clé \"CODE\" : \"2006-13-01 "
                           "00:00:00.000\" n'est pas une date ; la ligne n'a pas été exécutée"));
+}
+
+/// Runs lines of CODE and NOM. @return those that were rejected.
+std::vector<std::string> RejectedBy(std::int32_t mode, const std::string& dbms,
+                                    const std::string& type,
+                                    const std::vector<std::string>& lines) {
+  KeyedRun run(mode);
+  run.Table("column CODE 4 INTEGER 10 0 0\ncolumn NOM " + type + " 30 0 1\n");
+  run.Driver("info 17 " + dbms);
+  run.Source(lines);
+  run.Go();
+  EXPECT_EQ(run.progress().errors, static_cast<std::int64_t>(run.Rejected().size()));
+  return run.Rejected();
+}
+
+TEST(SentValues, ThatADriverWouldTurnIntoOthersAreRejectedInEveryColumn) {
+  for (const std::int32_t mode : {kByInsert, kByUpdate, kByUpdateInsert}) {
+    const std::vector<std::string> times{"1;8:30", "2;8h30", "3;", "4;-08:30:00", "5;a:b"};
+    EXPECT_THAT(RejectedBy(mode, "PostgreSQL", "10 time", times),
+                ElementsAre("2;8h30", "4;-08:30:00", "5;a:b"));
+    EXPECT_THAT(RejectedBy(mode, "MariaDB", "10 TIME", times), IsEmpty())
+        << "the server says so itself";
+    const std::vector<std::string> bytes{"1;00fF", "2;a\\b", "3;abc", "4;"};
+    EXPECT_THAT(RejectedBy(mode, "PostgreSQL", "-3 bytea", bytes), ElementsAre("2;a\\b", "3;abc"));
+    EXPECT_THAT(RejectedBy(mode, "SQLite", "-3 BLOB", bytes), IsEmpty());
+    const std::vector<std::string> bits{"1;12", "2;x", "3;"};
+    EXPECT_THAT(RejectedBy(mode, "MariaDB", "-2 BIT", bits), ElementsAre("2;x"));
+  }
+}
+
+TEST(SentValues, OfAColumnThatIsNoKeyAreCalledAColumns) {
+  KeyedRun run(kByUpdate);
+  run.Table("column CODE 4 INTEGER 10 0 0\ncolumn NOM 10 time 30 0 1\n");
+  run.Driver("info 17 PostgreSQL");
+  run.Source({"1;8h30"});
+  run.Go();
+  EXPECT_THAT(run.Errors(),
+              ElementsAre("15/11/2006 08:30:00.... Ligne  1 Colonne \"NOM\" : \"8h30\" n'est pas "
+                          "une heure ; la ligne n'a pas été exécutée"));
 }
 
 }  // namespace
