@@ -26,7 +26,7 @@ set(test_flags -O0)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   list(APPEND test_flags -fpch-preprocess)  # What ccache needs to know these objects again.
 endif()
-if(IMPTABLE_TESTS)
+if(IMPTABLE_TESTS AND IMPTABLE_PRECOMPILE)
   add_library(test_headers OBJECT "${CMAKE_SOURCE_DIR}/cmake/test_headers.cpp")
   target_link_libraries(test_headers PRIVATE imptable_flags GTest::gmock)
   target_compile_options(test_headers PRIVATE ${test_flags})
@@ -35,25 +35,20 @@ if(IMPTABLE_TESTS)
     set_target_properties(test_headers PROPERTIES POSITION_INDEPENDENT_CODE OFF)
     target_compile_options(test_headers PRIVATE -fPIE)
   endif()
-  set(test_header_list
+  target_precompile_headers(test_headers PRIVATE
     <gmock/gmock.h> <gtest/gtest.h> <algorithm> <filesystem> <fstream> <functional> <map>
     <memory> <optional> <sstream> <string> <string_view> <utility> <vector>)
-  target_precompile_headers(test_headers PRIVATE ${test_header_list})
 endif()
 
-# imptable_quick_build(PROGRAM [HEADERS headers...])
+# imptable_quick_build(PROGRAM)
 #
-# Compiles a test program's tests (*_test.cpp) with those headers, and all of it without
-# optimisation. A program whose libraries define what those headers look at compiles them for
-# itself, with others of its own.
+# Compiles a test program without optimisation, and its tests (*_test.cpp) with those headers.
 function(imptable_quick_build program)
-  cmake_parse_arguments(ARG "" "" "HEADERS" ${ARGN})
   target_compile_options(${program} PRIVATE ${test_flags})
-  if(ARG_HEADERS)
-    target_precompile_headers(${program} PRIVATE ${test_header_list} ${ARG_HEADERS})
-  else()
-    target_precompile_headers(${program} REUSE_FROM test_headers)
+  if(NOT IMPTABLE_PRECOMPILE)
+    return()
   endif()
+  target_precompile_headers(${program} REUSE_FROM test_headers)
   get_target_property(sources ${program} SOURCES)
   list(FILTER sources EXCLUDE REGEX "_test\\.cpp$")
   set_source_files_properties(${sources} PROPERTIES SKIP_PRECOMPILE_HEADERS ON)

@@ -20,7 +20,7 @@ class TaskDialogChecks : public testing::Test {
 
   /// Both buttons refuse in the same way, and write nothing.
   void ExpectRefused(Message message, int tab, const std::string& control) {
-    SCOPED_TRACE(message);
+    SCOPED_TRACE(run_.module().MessageText(message));
     for (const bool by_apply : {false, true}) {
       run_.view.focused.clear();
       run_.dialog().OnTab(tab == 1 ? 0 : 1);
@@ -224,17 +224,21 @@ TEST_F(TaskDialogChecks, ComeInTheirOrder) {
   run_.dialog().OnCheck("chkDou", true);
   run_.dialog().OnText("textNbCol", "x");
   const std::vector<Step> steps{
-      {122,
+      {Message::kTaskExists,
        [&](ImpTablePresenter&) {
          run_.ports.registry.DeleteKey({kHkeyLocalMachine, TaskDialogRun::kTask});
        }},
-      {47, [](ImpTablePresenter& dialog) { dialog.OnText("Combo1", "SOURCE"); }},
-      {127, [](ImpTablePresenter& dialog) { dialog.OnText("txtLogin", "sa"); }},
-      {129, [](ImpTablePresenter& dialog) { dialog.OnText("txtTable", "CLIENT"); }},
-      {135, [](ImpTablePresenter& dialog) { dialog.OnText("txtAlias", "CLIENTS"); }},
-      {156, [](ImpTablePresenter& dialog) { dialog.OnOption("optBCP", 1); }},
-      {126, [](ImpTablePresenter& dialog) { dialog.OnText("txtCle", "CODE"); }},
-      {128, [](ImpTablePresenter& dialog) { dialog.OnText("textNbCol", "1"); }},
+      {Message::kSelectDataSource,
+       [](ImpTablePresenter& dialog) { dialog.OnText("Combo1", "SOURCE"); }},
+      {Message::kEnterUser, [](ImpTablePresenter& dialog) { dialog.OnText("txtLogin", "sa"); }},
+      {Message::kChooseTable,
+       [](ImpTablePresenter& dialog) { dialog.OnText("txtTable", "CLIENT"); }},
+      {Message::kEnterFile,
+       [](ImpTablePresenter& dialog) { dialog.OnText("txtAlias", "CLIENTS"); }},
+      {Message::kEnterErrorCode, [](ImpTablePresenter& dialog) { dialog.OnOption("optBCP", 1); }},
+      {Message::kEnterKey, [](ImpTablePresenter& dialog) { dialog.OnText("txtCle", "CODE"); }},
+      {Message::kIncorrectValue,
+       [](ImpTablePresenter& dialog) { dialog.OnText("textNbCol", "1"); }},
   };
   for (const Step& step : steps) {
     run_.dialog().Apply();

@@ -144,14 +144,14 @@ TEST_F(RunFailures, ARegistryThatCannotBeWrittenIsPassedOver) {
 }
 
 TEST_F(RunFailures, ARegistryThatIsFreeAgainAtTheEndHasTheStatus) {
-  run_.component.registry.FailWrites(kRegistryLocked);
+  run_.component.registry.FailWrites(kRegistryAccessDenied);
   run_.events.listener = [&](const std::string&) {
     run_.component.registry.FailWrites(kRegistryOk);
   };
   EXPECT_EQ(run_.Go(), 2);
   EXPECT_TRUE(run_.component.module().run.status_stored);
   run_.events.listener = nullptr;
-  run_.component.registry.FailWrites(kRegistryLocked);
+  run_.component.registry.FailWrites(kRegistryAccessDenied);
   run_.Go();
   EXPECT_FALSE(run_.component.module().run.status_stored);
 }
