@@ -180,6 +180,7 @@ std::vector<std::string> RejectedBy(std::int32_t mode, const std::string& dbms,
   run.Driver("info 17 " + dbms);
   run.Source(lines);
   run.Go();
+  if (run.progress().errors == 0) return {};
   EXPECT_EQ(run.progress().errors, static_cast<std::int64_t>(run.Rejected().size()));
   return run.Rejected();
 }
