@@ -1,6 +1,7 @@
 #include "import/target/SentValues.h"
 
 #include <array>
+#include <cmath>
 
 #include "core/MessageCatalogue.h"
 #include "import/values/DateConversion.h"
@@ -32,7 +33,7 @@ struct Complaint {
 };
 
 /// By rule.
-constexpr std::array<Complaint, 7> kComplaints{{
+constexpr std::array<Complaint, 8> kComplaints{{
     {"est trop longue", "is too long"},
     {"n'est pas un nombre", "is no number"},
     {"n'est ni 0 ni 1", "is neither 0 nor 1"},
@@ -40,7 +41,14 @@ constexpr std::array<Complaint, 7> kComplaints{{
     {"n'est pas une date", "is no date"},
     {"n'est pas une heure", "is no time"},
     {"n'est pas une suite d'octets en hexadécimal", "is no string of bytes in hexadecimal"},
+    {"n'est pas un nombre entier de bits", "is no whole number of bits"},
 }};
+
+/// Whether a double is a whole number that isn't below zero and stands for no other.
+bool IsWholeAndExact(double number) {
+  constexpr double kMost = 9007199254740992.0;  // 2 to the power of 53
+  return number >= 0 && number <= kMost && std::trunc(number) == number;
+}
 
 }  // namespace
 
@@ -60,7 +68,7 @@ std::optional<SentValues::Rule> SentValues::ValueRuleOf(const TableColumn& colum
   const Dialect& dialect = *session_.dialect;
   if (dialect.driver_converts && column.sql_type == kSqlTime) return Rule::kTime;
   if (dialect.driver_converts && HoldsBytes(column.sql_type)) return Rule::kBytes;
-  if (dialect.bits_are_numbers && IsBitString(column)) return Rule::kNumber;
+  if (dialect.bits_are_numbers && IsBitString(column)) return Rule::kBits;
   return std::nullopt;
 }
 
@@ -93,6 +101,9 @@ bool SentValues::Holds(Rule rule, const ParameterBuffer& buffer) const {
       return is_null || IsBitText(buffer.Text());
     case Rule::kTime:
       return is_null || (!buffer.cut && IsTimeText(buffer.Text(), dialect.has_packed_times));
+    case Rule::kBits:
+      return !buffer.unreadable &&
+             (buffer.number_indicator == SQL_NULL_DATA || IsWholeAndExact(buffer.number));
     case Rule::kBytes:
       return is_null || (!buffer.cut && IsHexText(buffer.Text()));
     case Rule::kDate:
@@ -107,6 +118,7 @@ bool SentValues::Holds(Rule rule, const ParameterBuffer& buffer) const {
 void SentValues::Report(const Checked& checked) {
   const ParameterBuffer& buffer = table_.buffer(checked.column);
   std::string value(buffer.Text());
+  if (checked.rule == Rule::kBits && !buffer.unreadable) value = std::to_string(buffer.number);
   if (checked.rule == Rule::kDate || checked.rule == Rule::kDateAndTime) {
     const auto text = FormatDateValue(buffer.date);
     value.assign(text.data(), text.size());

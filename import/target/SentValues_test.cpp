@@ -195,8 +195,9 @@ TEST(SentValues, ThatADriverWouldTurnIntoOthersAreRejectedInEveryColumn) {
     const std::vector<std::string> bytes{"1;00fF", "2;a\\b", "3;abc", "4;"};
     EXPECT_THAT(RejectedBy(mode, "PostgreSQL", "-3 bytea", bytes), ElementsAre("2;a\\b", "3;abc"));
     EXPECT_THAT(RejectedBy(mode, "SQLite", "-3 BLOB", bytes), IsEmpty());
-    const std::vector<std::string> bits{"1;12", "2;x", "3;"};
-    EXPECT_THAT(RejectedBy(mode, "MariaDB", "-2 BIT", bits), ElementsAre("2;x"));
+    const std::vector<std::string> bits{"1;12", "2;x", "3;", "4;1.5", "5;-1", "6;9e15", "7;1e16"};
+    EXPECT_THAT(RejectedBy(mode, "MariaDB", "-2 BIT", bits),
+                ElementsAre("2;x", "4;1.5", "5;-1", "7;1e16"));
   }
 }
 

@@ -64,6 +64,9 @@ bool TargetTable::Load(bool with_special_columns) {
   columns_.clear();
   bool found = false;
   bool loaded = catalogue.GetTableColumns(columns_);
+  for (TableColumn& column : columns_) {
+    if (session_.dialect->bits_are_numbers && IsBitString(column)) column.sql_type = kSqlFloat;
+  }
   MarkIgnored();
   if (loaded && with_special_columns) loaded = catalogue.GetSpecialColumns(columns_, found);
   buffers_ = std::vector<ParameterBuffer>(columns_.size());
@@ -78,7 +81,6 @@ SQLRETURN TargetTable::Bind(SQLHSTMT statement, SQLUSMALLINT number, std::size_t
   if (session_.dialect->binds_bytes_as_text && HoldsBytes(sent.sql_type)) {
     sent.sql_type = kSqlVarchar;
   }
-  if (session_.dialect->bits_are_numbers && IsBitString(sent)) sent.sql_type = SQL_BIGINT;
   return BindParameter(statement, number, sent, buffers_[column]);
 }
 
