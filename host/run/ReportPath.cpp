@@ -39,7 +39,8 @@ path EndOfLinks(path file) {
 /// A file by what finds it: its folder and its name there, and itself when it exists.
 class FilePlace {
  public:
-  FilePlace(const std::string& file, const TextEncoding& encoding) : status_(StatusOf(file)) {
+  FilePlace(const std::string& file, const TextEncoding& encoding)
+      : file_(file), status_(StatusOf(file)) {
     const path end = EndOfLinks(file);
     folder_ = StatusOf(end.has_parent_path() ? end.parent_path() : path("."));
     folded_name_ = FoldName(encoding.ToUtf8(end.filename().string()));
@@ -50,11 +51,19 @@ class FilePlace {
            (folded_name_ == other.folded_name_ && IsSame(folder_, other.folder_));
   }
 
+  /// A pipe of a folder. One that a process got as its output, /dev/stdout for example, is none.
+  bool IsNamedPipe() const {
+    std::error_code error;
+    return status_ && S_ISFIFO(status_->st_mode) &&
+           std::filesystem::is_fifo(std::filesystem::canonical(file_, error), error);
+  }
+
   bool IsPipeOrDevice() const {
     return status_ && !S_ISREG(status_->st_mode) && !S_ISDIR(status_->st_mode);
   }
 
  private:
+  path file_;
   std::optional<struct stat> status_;
   std::optional<struct stat> folder_;
   std::string folded_name_;
@@ -104,7 +113,11 @@ void RequireReportOfItsOwn(const std::string& report, ReportName name,
   if (const auto found = FirstOf(files, place, file_system, encoding)) {
     throw HostError(ExitCode::kUsage, HostText::kReportIsRunFile, {report, *found});
   }
-  if (name == ReportName::kDefault && place.IsPipeOrDevice()) {
+  // Each line of the report is appended by itself: who reads such a pipe sees its end after the
+  // first.
+  const bool is_unusable =
+      name == ReportName::kDefault ? place.IsPipeOrDevice() : place.IsNamedPipe();
+  if (is_unusable) {
     throw HostError(ExitCode::kUsage, HostText::kReportIsNoFile, {report});
   }
 }

@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <array>
 #include <filesystem>
 
 #include "host/HostError.h"
@@ -101,13 +103,24 @@ TEST_F(ReportPath, KnowsTheFullNameWithoutTheAliasesTrailingBlanks) {
   EXPECT_EQ(Refusal(In("report.txt.CSV")), "");
 }
 
-TEST_F(ReportPath, ThatNobodyNamedIsNoPipe) {
+TEST_F(ReportPath, IsNoNamedPipeAndThatNobodyNamedNoDevice) {
   ASSERT_EQ(mkfifo(In("T.txt").c_str(), 0600), 0);
-  EXPECT_EQ(Refusal(In("T.txt")), "");
-  EXPECT_EQ(Refusal(In("T.txt"), ReportName::kDefault),
-            "report " + In("T.txt") +
-                ": it is no file (a pipe, a device): give another one with "
-                "--report");
+  std::filesystem::create_symlink("/dev/null", In("NULL.txt"));
+  const auto no_file = [](const std::string& path) {
+    return "report " + path + ": it is no file (a pipe, a device): give another one with --report";
+  };
+  EXPECT_EQ(Refusal(In("T.txt")), no_file(In("T.txt")));
+  EXPECT_EQ(Refusal(In("T.txt"), ReportName::kDefault), no_file(In("T.txt")));
+  EXPECT_EQ(Refusal(In("NULL.txt")), "");
+  EXPECT_EQ(Refusal(In("NULL.txt"), ReportName::kDefault), no_file(In("NULL.txt")));
+}
+
+TEST_F(ReportPath, MayBeTheOutputThatTheProcessGotThoughItIsAPipe) {
+  std::array<int, 2> ends{};
+  ASSERT_EQ(pipe(ends.data()), 0);
+  EXPECT_EQ(Refusal("/dev/fd/" + std::to_string(ends[1])), "");
+  close(ends[0]);
+  close(ends[1]);
 }
 
 TEST(ReportOfARun, ThatWouldBeItsDataFileIsRefusedBeforeAnythingIsTouched) {

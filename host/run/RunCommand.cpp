@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <chrono>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <utility>
@@ -66,8 +65,6 @@ std::string DefaultReportPath(std::string task) {
 
 void RequireWritableReport(HostContext& context, const std::string& path) {
   std::error_code error;
-  // Who reads a pipe would take the end of this opening for that of the report.
-  if (std::filesystem::is_fifo(path, error)) return;
   const auto file = context.files->OpenForWriting(path, WriteMode::kAppend, error);
   if (file) return;
   const bool is_link = error == std::errc::too_many_symbolic_link_levels;
