@@ -12,14 +12,16 @@ target_link_libraries(system_libraries INTERFACE PkgConfig::SQLITE Threads::Thre
 add_library(odbc_system INTERFACE)
 target_link_libraries(odbc_system INTERFACE PkgConfig::ODBC)
 
-find_package(wxWidgets 3.2 REQUIRED COMPONENTS core base)
-add_library(dialog_toolkit INTERFACE)
-target_include_directories(dialog_toolkit SYSTEM INTERFACE ${wxWidgets_INCLUDE_DIRS})
-target_compile_definitions(dialog_toolkit INTERFACE ${wxWidgets_DEFINITIONS})
-target_compile_options(dialog_toolkit INTERFACE ${wxWidgets_CXX_FLAGS})
-# The toolkit below the toolkit, for the names that screen readers use.
-pkg_check_modules(GTK REQUIRED IMPORTED_TARGET gtk+-3.0)
-target_link_libraries(dialog_toolkit INTERFACE ${wxWidgets_LIBRARIES} PkgConfig::GTK)
+if(IMPTABLE_DIALOGS)
+  find_package(wxWidgets 3.2 REQUIRED COMPONENTS core base)
+  add_library(dialog_toolkit INTERFACE)
+  target_include_directories(dialog_toolkit SYSTEM INTERFACE ${wxWidgets_INCLUDE_DIRS})
+  target_compile_definitions(dialog_toolkit INTERFACE ${wxWidgets_DEFINITIONS})
+  target_compile_options(dialog_toolkit INTERFACE ${wxWidgets_CXX_FLAGS})
+  # The toolkit below the toolkit, for the names that screen readers use.
+  pkg_check_modules(GTK REQUIRED IMPORTED_TARGET gtk+-3.0)
+  target_link_libraries(dialog_toolkit INTERFACE ${wxWidgets_LIBRARIES} PkgConfig::GTK)
+endif()
 
 if(IMPTABLE_TESTS)
   enable_testing()
