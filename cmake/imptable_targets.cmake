@@ -40,12 +40,13 @@ if(IMPTABLE_TESTS AND IMPTABLE_PRECOMPILE)
     <memory> <optional> <sstream> <string> <string_view> <utility> <vector>)
 endif()
 
-# imptable_quick_build(PROGRAM)
+# imptable_quick_build(PROGRAM [WITH_TOOLKIT])
 #
-# Compiles a test program without optimisation, and its tests (*_test.cpp) with those headers.
+# Compiles a test program without optimisation, and its tests (*_test.cpp) with those headers, but for
+# a program with the dialogs' toolkit, which defines what the headers look at.
 function(imptable_quick_build program)
   target_compile_options(${program} PRIVATE ${test_flags})
-  if(NOT IMPTABLE_PRECOMPILE)
+  if(NOT IMPTABLE_PRECOMPILE OR "WITH_TOOLKIT" IN_LIST ARGN)
     return()
   endif()
   target_precompile_headers(${program} REUSE_FROM test_headers)
@@ -148,7 +149,11 @@ function(imptable_folder name)
     add_executable(${name}_test ${all_tests})
     target_link_libraries(${name}_test PRIVATE ${name} ${ARG_TEST_DEPENDS}
       GTest::gmock GTest::gtest_main)
-    imptable_quick_build(${name}_test)
+    if("dialog_widgets" IN_LIST ARG_DEPENDS)
+      imptable_quick_build(${name}_test WITH_TOOLKIT)
+    else()
+      imptable_quick_build(${name}_test)
+    endif()
     imptable_tests(${name}_test ${ARG_TEST_SHARDS})
   endif()
 endfunction()
