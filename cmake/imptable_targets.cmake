@@ -117,15 +117,15 @@ function(imptable_library name)
 endfunction()
 
 # imptable_folder(NAME [DEPENDS libraries...] [TEST_DEPENDS libraries...] [FLOORS folders...]
-#                 [ROOMS folders...] [LEAVE_OUT sources...] [TEST_SHARDS number])
+#                 [ROOMS folders...] [LEAVE_OUT sources...] [TEST_SHARDS number] [WITH_TOOLKIT])
 #
 # The current folder as one library NAME and one test program NAME_test. Unit tests stand beside
 # what they test (*_test.cpp). FLOORS are folders in it, from the lowest up: each is a library
 # NAME_FOLDER that stands on DEPENDS and on those before it, and NAME stands on them all. ROOMS are
-# folders that belong to NAME itself. A dependency that the tree doesn't allow isn't linked, so it
-# fails.
+# folders that belong to NAME itself. WITH_TOOLKIT: as imptable_quick_build has it. A dependency that
+# the tree doesn't allow isn't linked, so it fails.
 function(imptable_folder name)
-  cmake_parse_arguments(ARG "" "TEST_SHARDS" "DEPENDS;TEST_DEPENDS;FLOORS;ROOMS;LEAVE_OUT" ${ARGN})
+  cmake_parse_arguments(ARG "WITH_TOOLKIT" "TEST_SHARDS" "DEPENDS;TEST_DEPENDS;FLOORS;ROOMS;LEAVE_OUT" ${ARGN})
   set(here "${CMAKE_CURRENT_SOURCE_DIR}")
   set(below ${ARG_DEPENDS})
   set(all_tests "")
@@ -149,11 +149,11 @@ function(imptable_folder name)
     add_executable(${name}_test ${all_tests})
     target_link_libraries(${name}_test PRIVATE ${name} ${ARG_TEST_DEPENDS}
       GTest::gmock GTest::gtest_main)
-    if("dialog_widgets" IN_LIST ARG_DEPENDS)
-      imptable_quick_build(${name}_test WITH_TOOLKIT)
-    else()
-      imptable_quick_build(${name}_test)
+    set(toolkit "")
+    if(ARG_WITH_TOOLKIT)
+      set(toolkit WITH_TOOLKIT)
     endif()
+    imptable_quick_build(${name}_test ${toolkit})
     imptable_tests(${name}_test ${ARG_TEST_SHARDS})
   endif()
 endfunction()
