@@ -22,7 +22,16 @@ class SentValues {
   bool Check();
 
  private:
-  enum class Rule : std::uint8_t { kWhole, kNumber, kBit, kDate, kDateAndTime, kTime, kBytes, kBits };
+  enum class Rule : std::uint8_t {
+    kWhole,
+    kNumber,
+    kBit,
+    kDate,
+    kDateAndTime,
+    kTime,
+    kBytes,
+    kBits
+  };
 
   struct Checked {
     std::size_t column;
