@@ -38,9 +38,6 @@ if(IMPTABLE_TESTS AND IMPTABLE_PRECOMPILE)
   target_precompile_headers(test_headers PRIVATE
     <gmock/gmock.h> <gtest/gtest.h> <algorithm> <filesystem> <fstream> <functional> <map>
     <memory> <optional> <sstream> <string> <string_view> <utility> <vector>)
-  # Other compilers look at it, too, and can't read what this one makes.
-  set_source_files_properties("${CMAKE_SOURCE_DIR}/cmake/test_headers.cpp" PROPERTIES
-    SKIP_PRECOMPILE_HEADERS ON)
 endif()
 
 # imptable_quick_build(PROGRAM [WITH_TOOLKIT])

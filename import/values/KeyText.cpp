@@ -88,6 +88,8 @@ bool IsPackedTime(std::string_view digits) {
 
 /// Whether a time of those hours is within a day, its end included.
 bool IsTimeOfDay(std::string_view hours, std::string_view text) {
+  // A driver that reads two digits takes the third for the end of the text.
+  if (hours.size() > 2) return false;
   int number = kMostHours;
   std::from_chars(hours.data(), hours.data() + hours.size(), number);
   if (number < kHoursOfADay) return true;
