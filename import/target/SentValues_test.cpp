@@ -132,7 +132,8 @@ TEST(KeyValues, OfTimesDatesAndBitsAreLookedAtWhereTheDatabaseMisreadsThem) {
     EXPECT_TRUE(time.Takes(text)) << text;
   }
   for (const char* text : {"abc", "25:61:00", "9:59:60", "839:00:00", "10:00:00x", "0x0a", "10h",
-                           "999999", "2006-13-02 10:00:00", "10:", ":10", "1e3", "2006-01-02"}) {
+                           "999999", "2006-01-02 25:00:00", "2006-01-02 24:00:00",
+                           "2006-13-02 10:00:00", "10:", ":10", "1e3", "2006-01-02"}) {
     EXPECT_FALSE(time.Takes(text)) << text;
   }
   TypedRun plain_time("10 TIME", "PostgreSQL");

@@ -137,7 +137,8 @@ bool IsTimeText(std::string_view text, bool packed) {
     return packed && !has_date && IsPackedTime(first) && TakeFraction(scanner);
   }
   if (!packed && !IsTimeOfDay(first, parts.rest())) return false;
-  if (!parts.TakeNumber(1, 3, kMostHours) || !parts.Take(":") ||
+  const int most_hours = has_date ? kHoursOfADay - 1 : kMostHours;
+  if (!parts.TakeNumber(1, 3, most_hours) || !parts.Take(":") ||
       !parts.TakeNumber(1, 2, kMostMinutes)) {
     return false;
   }
