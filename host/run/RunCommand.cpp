@@ -152,11 +152,11 @@ ExitCode RunTask(HostContext& context, const CommandRequest& request, const Host
   RequireRunnable(context);
   const std::optional<OpenedTask>& opened = context.state.commun.opened_task;
   const TaskLock lock(context.texts, opened);
-  const RunStart begin = DecideStart(context, request);
   const std::string report = request.report.value_or(DefaultReportPath(request.task));
   RequireReportOfItsOwn(report, request.report ? ReportName::kGiven : ReportName::kDefault,
                         FilesOfRun(opened ? *opened : OpenedTask(), context.registry_path),
                         *context.files, *context.encoding);
+  const RunStart begin = DecideStart(context, request);
   RequireWritableReport(context, report);
   if (begin.given_up) PrintErrorLine(console.err, *begin.given_up);
   std::vector<std::string> warnings;

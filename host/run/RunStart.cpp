@@ -1,5 +1,9 @@
 #include "host/run/RunStart.h"
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
 #include "core/FileLook.h"
 #include "host/HostError.h"
 #include "host/run/OwnCommand.h"
@@ -24,6 +28,36 @@ void CopyLines(FileSystem& files, const std::string& from, RunFile& to) {
   LineReader lines(std::move(file), from, false);
   for (std::string_view line; lines.Next(line);) {
     to.Write(std::string(line) + std::string(SystemLineEnd()));
+  }
+}
+
+/// Whether a file ends with all that another one holds. @throws RuntimeFault  the file fault.
+bool EndsWithFile(FileSystem& files, const std::string& path, const std::string& end) {
+  const auto whole = LookAt(files, path);
+  const auto part = LookAt(files, end);
+  if (!whole || !part || whole->size < part->size) return false;
+  std::error_code error;
+  const auto file = files.OpenForReading(path, error);
+  if (!file) throw FileFault(error, path);
+  error = file->Skip(whole->size - part->size);
+  if (error) throw FileFault(error, path);
+  const auto expected = files.OpenForReading(end, error);
+  if (!expected) throw FileFault(error, end);
+  constexpr std::size_t kBlockBytes = 4096;
+  std::array<char, kBlockBytes> left{};
+  std::array<char, kBlockBytes> right{};
+  for (;;) {
+    const std::size_t got = expected->Read(right.data(), right.size(), error);
+    if (error) throw FileFault(error, end);
+    if (got == 0) return true;
+    for (std::size_t taken = 0; taken < got;) {
+      const std::size_t more = file->Read(left.data() + taken, got - taken, error);
+      if (error) throw FileFault(error, path);
+      if (more == 0) return false;
+      taken += more;
+    }
+    if (!std::equal(right.begin(), right.begin() + static_cast<std::ptrdiff_t>(got), left.begin()))
+      return false;
   }
 }
 
@@ -72,18 +106,23 @@ class Decision {
     const std::string& from = outlook_.chain.rejected_path;
     const std::string to = from + std::string(kOldSuffix);
     try {
-      CopiedFile source(*context_.files, from);
-      ReplacingFile copy(*context_.files, to + ".NEW");
-      // What is kept already stays: nobody may have looked at it yet.
-      CopyLines(*context_.files, to, copy.file());
-      source.CopyTo(copy.file());
-      copy.Replace(to);
+      // A run that came no further than this has kept them already.
+      if (!EndsWithFile(*context_.files, to, from)) AddTo(to, from);
     } catch (const RuntimeFault& fault) {
       throw HostError(ExitCode::kFault, HostText::kCannotKeepRejected,
                       {request_.task, from, module_.FaultText(fault)});
     }
     return context_.texts.Text(HostText::kChainGivenUpKept,
                                {request_.task, outlook_.source_path, count, to});
+  }
+
+  /// What is kept already stays: nobody may have looked at it yet.
+  void AddTo(const std::string& to, const std::string& from) {
+    CopiedFile source(*context_.files, from);
+    ReplacingFile copy(*context_.files, to + ".NEW");
+    CopyLines(*context_.files, to, copy.file());
+    source.CopyTo(copy.file());
+    copy.Replace(to);
   }
 
   HostError Missing(HostText text, std::vector<std::string> arguments) const {

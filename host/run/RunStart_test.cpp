@@ -132,6 +132,17 @@ TEST_F(ChainLeft, IsKeptBesideThoseThatWereGivenUpBefore) {
   EXPECT_EQ(session.folder.Read("CLIENTS.LER.OLD"), "2;kept without a line end\n8;y\n");
 }
 
+TEST_F(ChainLeft, IsKeptOnceThoughTheRunsThatGaveItUpCameNoFurther) {
+  const std::string rejected = session.folder.Read("CLIENTS.LER");
+  Source("7;x\n8;y\n");
+  Driver("on SQLDriverConnect return -1 diag 08001 17 \"no server\"");
+  for (int night = 0; night < 3; ++night) EXPECT_EQ(Run({"--auto"}).code, 1);
+  EXPECT_EQ(session.folder.Read("CLIENTS.LER.OLD"), rejected);
+  Driver("");
+  EXPECT_EQ(Run({"--auto"}).code, 0);
+  EXPECT_EQ(session.folder.Read("CLIENTS.LER.OLD"), rejected);
+}
+
 TEST_F(ChainLeft, IsNotGivenUpForAFileThatHoldsAByteOrderMarkAlone) {
   Source("\xEF\xBB\xBF");
   ExpectRefused({"--auto"}, "CLIENTS.CSV is empty");
