@@ -23,11 +23,10 @@ BareLoop::BareLoop(ModuleState& state, const std::string& scenario, const std::s
     : module_(state.commun), session_(state.odbc), table_(module_, session_) {
   module_.location = TasksKey(scenario);
   TakeTask(module_, OpenTask(module_, scenario, task));
-  session_.execution_mode = kDialogMode;
   const RunState& run = module_.run;
   Require(session_.ConnectDataSource(run.data_source, run.login, run.password), "no connection");
-  session_.ReadSystemDecimalSeparator();
-  Require(table_.Load(run.mode != 4), "no columns");
+  module_.ReadDecimalSeparator();
+  Require(table_.Load(run.mode != ImportMode::kDelete), "no columns");
   buffers_.resize(table_.columns().size());
 }
 
@@ -62,35 +61,37 @@ void BareLoop::PrepareStatements() {
   const std::vector<std::string> keys{table_.columns().front().name};
   SQLUSMALLINT number = 1;
   switch (module_.run.mode) {
-    case 3:
+    case ImportMode::kUpdateInsert:
       Prepare(insert_, table_.InsertText());
       BindColumns(insert_, number);
       number = 1;
       [[fallthrough]];
-    case 1:
-      Prepare(keyed_, UpdateStatement(module_, session_, table_).Text(keys));
+    case ImportMode::kUpdate:
+      Prepare(keyed_, UpdateStatement(session_, table_).Text(keys));
       BindColumns(keyed_, number);
       Bind(keyed_, number, 0);
       break;
-    case 4:
-      Prepare(keyed_, "DELETE FROM " + TableReference(module_, session_) + " WHERE " +
+    case ImportMode::kDelete:
+      Prepare(keyed_, "DELETE FROM " + TableReference(session_, table_.name()) + " WHERE " +
                           KeyCondition(session_, keys));
       Bind(keyed_, number, 0);
       break;
-    default:
+    case ImportMode::kInsert:
+    case ImportMode::kInsertUpdate:
       Prepare(insert_, table_.InsertText());
       BindColumns(insert_, number);
   }
 }
 
 void BareLoop::ReadLines() {
-  const std::string path = DataFilePath(module_.run, module_.run.full_file_name == 1);
+  const std::string path = DataFilePath(module_.run);
   std::error_code error;
   auto file = module_.platform.files.OpenForReading(path, error);
   Require(file != nullptr, "no data file");
   LineReader reader(std::move(file), path, true);
-  RecordParser parser(CompileRecordPlan(module_, session_, table_.columns(),
-                                        std::vector<bool>(buffers_.size(), true), buffers_));
+  std::vector<TargetColumn> columns = table_.columns();
+  for (TargetColumn& column : columns) column.bound = true;
+  RecordParser parser(CompileRecordPlan(module_, columns, buffers_));
   for (std::string_view line; reader.Next(line);) {
     Require(parser.ParseRecord(line) == ParseResult::kRecord, "a line can't be parsed");
     lines_.Keep(buffers_);

@@ -8,34 +8,61 @@
 
 namespace imptable {
 
+// The values of settings that have few: never change. A registry may hold any other number, which
+// is kept: it is none of the names.
+
+/// "Mode".
+enum class ImportMode : std::int16_t {
+  kInsert = 0,
+  kUpdate = 1,
+  kInsertUpdate = 2,  // imports nothing
+  kUpdateInsert = 3,
+  kDelete = 4,
+};
+
+/// Whether there is an import for this value of "Mode".
+constexpr bool ImportsAnything(ImportMode mode) {
+  return mode == ImportMode::kInsert || mode == ImportMode::kUpdate ||
+         mode == ImportMode::kUpdateInsert || mode == ImportMode::kDelete;
+}
+
+/// "Suppression".
+enum class Deletion : std::int16_t { kNone = 0, kGlobal = 1, kSelective = 2 };
+
+/// "FormatFile".
+enum class FileFormat : std::int16_t { kFixedWidth = 0, kDelimited = 1 };
+
+/// A setting that is on or off.
+enum class Flag : std::int16_t { kOff = 0, kOn = 1 };
+
 /// One task's parameters as stored; "@" references are not resolved.
 struct ImportSettings {
-  std::string data_source;                 // "Base Cible"
-  std::string login;                       // "Login"
-  std::string password;                    // "Password"
-  std::string owner;                       // "Owner"
-  std::string table;                       // "Table"
-  std::string alias;                       // "Alias"
-  std::string comment;                     // "Comment"
-  std::string directory;                   // "Dir"
-  std::int16_t mode = 0;                   // "Mode"
-  std::int16_t deletion_mode = 0;          // "Suppression"
-  std::string error_limit;                 // "Erreurs", default "100"
-  std::int16_t record_errors = 1;          // "RecErreurs"
-  std::string key_or_index;                // "Cle/Index"
-  std::int16_t primary_key = 0;            // "PrimKey"
-  std::int16_t duplicate_key = 0;          // "DupKey"
-  std::string error_code;                  // "CodErr"
-  std::int16_t empty_file_policy = 0;      // "SiVide"
-  std::int16_t separator_option = 0;       // "SepDec"
-  std::int16_t null_option = 0;            // "Null"
-  std::int16_t parameter_option = 0;       // "Param"
-  std::int16_t column_count = 0;           // "NombreColonnes"
-  std::string delimiter;                   // "DelimiteurFile", default ";"
-  std::int16_t delimited = 0;              // "FormatFile"
-  std::vector<std::string> column_layout;  // subkey "Colonnes": value n at index n - 1
-  std::int16_t full_file_name = 0;         // "UseAlias"
-  std::int16_t trace_option = 0;  // "RecTrace": 1 when a trace alone is enough for a resume
+  std::string data_source;                           // "Base Cible"
+  std::string login;                                 // "Login"
+  std::string password;                              // "Password"
+  std::string owner;                                 // "Owner"
+  std::string table;                                 // "Table"
+  std::string alias;                                 // "Alias"
+  std::string comment;                               // "Comment"
+  std::string directory;                             // "Dir"
+  ImportMode mode = ImportMode::kInsert;             // "Mode"
+  Deletion deletion = Deletion::kNone;               // "Suppression"
+  std::string error_limit;                           // "Erreurs", default "100"
+  Flag record_errors = Flag::kOn;                    // "RecErreurs": anything but kOff is on
+  std::string key_or_index;                          // "Cle/Index"
+  Flag primary_key = Flag::kOff;                     // "PrimKey": anything but kOff is on
+  Flag duplicate_key = Flag::kOff;                   // "DupKey"
+  std::string error_code;                            // "CodErr"
+  Flag empty_file_policy = Flag::kOff;               // "SiVide"
+  Flag separator_option = Flag::kOff;                // "SepDec"
+  Flag null_option = Flag::kOff;                     // "Null"
+  Flag parameter_option = Flag::kOff;                // "Param"
+  std::int16_t column_count = 0;                     // "NombreColonnes"
+  std::string delimiter;                             // "DelimiteurFile", default ";"
+  FileFormat file_format = FileFormat::kFixedWidth;  // "FormatFile"
+  std::vector<std::string> column_layout;            // subkey "Colonnes": value n at index n - 1
+  Flag full_file_name = Flag::kOff;                  // "UseAlias"
+  Flag trace_option = Flag::kOff;  // "RecTrace": a trace alone is enough for a resume
 };
 
 /// One value of "Champs": where a table column's value comes from.

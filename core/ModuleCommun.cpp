@@ -43,6 +43,9 @@ void ShowOnDisplay(HostForm& form, const std::string& line) {
   }
 }
 
+/// A longer decimal separator isn't taken.
+constexpr std::size_t kSeparatorBytes = 255;
+
 constexpr std::string_view kHourglassMode = "P";
 
 std::string_view WithoutTerminators(std::string_view text) {
@@ -127,6 +130,13 @@ std::vector<std::string> ModuleCommun::ValueNames(std::string_view relative_path
 
 std::vector<std::string> ModuleCommun::SubkeyNames(std::string_view relative_path) const {
   return FaultWhenUnreadable([&] { return platform.registry.SubkeyNames(KeyAt(relative_path)); });
+}
+
+void ModuleCommun::ReadDecimalSeparator() {
+  const auto value =
+      platform.registry.Read({kHkeyCurrentUser, "Control Panel\\International"}, "sDecimal");
+  if (!value || value->data.size() <= 1 || value->data.size() > kSeparatorBytes) return;
+  run.decimal_separator = value->data.substr(0, value->data.size() - 1);
 }
 
 std::string ModuleCommun::DateTimeText() const {

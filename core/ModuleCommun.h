@@ -11,6 +11,7 @@
 #include "core/HostLibrary.h"
 #include "core/MessageCatalogue.h"
 #include "core/RunState.h"
+#include "core/Texts.h"
 #include "platform/Platform.h"
 
 namespace imptable {
@@ -79,10 +80,18 @@ class ModuleCommun {
     return catalogue_.Text(static_cast<std::int32_t>(message), language_offset);
   }
 
+  /// One of the component's own texts in the current language.
+  std::string Words(ComponentText text, const std::vector<std::string>& arguments = {}) const {
+    return InWords(text, language_offset, platform.encoding, arguments);
+  }
+
   /// The fault's description in the current language.
   std::string FaultText(const RuntimeFault& fault) const {
     return DescribeFault(fault, language_offset, platform.encoding);
   }
+
+  /// Reads the user's decimal separator into the run; keeps the former one when there is none.
+  void ReadDecimalSeparator();
 
   /// The current date and time in the user's form.
   std::string DateTimeText() const;

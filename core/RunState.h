@@ -11,6 +11,7 @@
 
 #include "core/HostLibrary.h"
 #include "core/ImportSettings.h"
+#include "core/Outcome.h"
 #include "core/RuntimeFault.h"
 
 namespace imptable {
@@ -24,13 +25,7 @@ inline constexpr std::int16_t kResumeRequest = 2;
 /// What a run has done so far, for whoever watches it. Lines, but for the bytes.
 struct RunProgress {
   std::int64_t read = 0;
-  std::int64_t inserted = 0;
-  std::int64_t modified = 0;
-  std::int64_t deleted = 0;
-  std::int64_t errors = 0;
-  std::int64_t ignored = 0;    // duplicates that the task's settings ignore
-  std::int64_t skipped = 0;    // done by the run that this one resumes
-  std::int64_t unmatched = 0;  // changed or deleted no row, though nothing was wrong with them
+  OutcomeCounts lines = {};  // by outcome; those that were read
   /// Rows deleted before the import; nullopt when the data source didn't count them.
   std::optional<std::int64_t> deleted_before = 0;
   std::uint64_t bytes_read = 0;
@@ -60,6 +55,9 @@ struct OpenedTask : ImportSettings {
   /// source is empty.
   std::optional<MissingValue> refusal;
 
+  /// Whoever opened it has found out that it can be resumed.
+  bool resumes = false;
+
   /// The assignments whose variable isn't set: their columns get null.
   std::vector<MissingValue> unset_origins;
 };
@@ -77,9 +75,17 @@ struct RunState : OpenedTask {
   bool pre_deletion_failed = false;
   bool deletion_faulted = false;  // rows are left that were to go; the import went on
   RunStatus status = RunStatus::kNone;
+  bool error_reported = false;     // something is to be found in the report or in ".ERR"
   bool status_stored = false;      // the registry has that of the run's end
   HostDisplay* display = nullptr;  // borrowed from the host for the length of the run
   RunProgress progress;
+
+  /// Of the source line at hand. A run that comes to no line leaves the former run's: the host's
+  /// report shows it.
+  std::int32_t line_number = 0;
+
+  /// The user's; the last one that could be read.
+  std::string decimal_separator = ".";
 
   /// The fault that ended the last run or one of its modes; empty when there was none.
   std::optional<RuntimeFault> fault;

@@ -1,68 +1,71 @@
 #include "core/RuntimeFault.h"
 
-#include <array>
+#include <optional>
 
-#include "core/MessageCatalogue.h"
+#include "core/Texts.h"
 
 namespace imptable {
 namespace {
 
-struct FaultText {
-  FaultNumber number;
-  std::string_view french;
-  std::string_view english;
-};
+ComponentText DescriptionOf(FaultNumber number) {
+  switch (number) {
+    case FaultNumber::kInvalidArgument:
+      return ComponentText::kInvalidArgumentFault;
+    case FaultNumber::kOverflow:
+      return ComponentText::kOverflowFault;
+    case FaultNumber::kOutOfMemory:
+      return ComponentText::kOutOfMemoryFault;
+    case FaultNumber::kIndexOutOfRange:
+      return ComponentText::kIndexOutOfRangeFault;
+    case FaultNumber::kTypeMismatch:
+      return ComponentText::kTypeMismatchFault;
+    case FaultNumber::kBadFileName:
+      return ComponentText::kBadFileNameFault;
+    case FaultNumber::kFileNotFound:
+      return ComponentText::kFileNotFoundFault;
+    case FaultNumber::kDeviceError:
+      return ComponentText::kDeviceErrorFault;
+    case FaultNumber::kDiskFull:
+      return ComponentText::kDiskFullFault;
+    case FaultNumber::kInputPastEnd:
+      return ComponentText::kInputPastEndFault;
+    case FaultNumber::kTooManyFiles:
+      return ComponentText::kTooManyFilesFault;
+    case FaultNumber::kPermissionDenied:
+      return ComponentText::kPermissionDeniedFault;
+    case FaultNumber::kPathAccessError:
+      return ComponentText::kPathAccessErrorFault;
+    case FaultNumber::kPathNotFound:
+      return ComponentText::kPathNotFoundFault;
+    case FaultNumber::kInvalidFileFormat:
+      return ComponentText::kInvalidFileFormatFault;
+    case FaultNumber::kResourceNotFound:
+      return ComponentText::kResourceNotFoundFault;
+    case FaultNumber::kNoHostObject:
+      return ComponentText::kNoHostObjectFault;
+  }
+  return ComponentText::kDeviceErrorFault;
+}
 
-constexpr std::array<FaultText, 17> kFaultTexts{{
-    {FaultNumber::kInvalidArgument, "Appel de procédure ou argument incorrect",
-     "Invalid procedure call or argument"},
-    {FaultNumber::kOverflow, "Dépassement de capacité", "Overflow"},
-    {FaultNumber::kOutOfMemory, "Mémoire insuffisante", "Out of memory"},
-    {FaultNumber::kIndexOutOfRange, "Indice hors limites", "Index out of range"},
-    {FaultNumber::kTypeMismatch, "Incompatibilité de type", "Type mismatch"},
-    {FaultNumber::kBadFileName, "Nom de fichier incorrect", "Bad file name"},
-    {FaultNumber::kFileNotFound, "Fichier introuvable", "File not found"},
-    {FaultNumber::kDeviceError, "Erreur d'entrée/sortie du périphérique", "Device I/O error"},
-    {FaultNumber::kDiskFull, "Disque plein", "Disk full"},
-    {FaultNumber::kInputPastEnd, "Fin de fichier inattendue, le fichier est devenu plus court",
-     "Unexpected end of file, it has become shorter"},
-    {FaultNumber::kTooManyFiles, "Trop de fichiers ouverts", "Too many open files"},
-    {FaultNumber::kPermissionDenied, "Permission refusée", "Permission denied"},
-    {FaultNumber::kPathAccessError, "Erreur d'accès au chemin ou au fichier",
-     "Path or file access error"},
-    {FaultNumber::kPathNotFound, "Chemin introuvable", "Path not found"},
-    {FaultNumber::kInvalidFileFormat, "Format de fichier incorrect", "Invalid file format"},
-    {FaultNumber::kResourceNotFound, "Ressource introuvable", "Resource not found"},
-    {FaultNumber::kNoHostObject, "Objet de l'hôte non disponible", "No such host object"},
-}};
-
-struct RemedyText {
-  FaultRemedy remedy;
-  std::string_view french;
-  std::string_view english;
-};
-
-constexpr std::array<RemedyText, 6> kRemedyTexts{{
-    {FaultRemedy::kRemoveLink, "c'est un lien symbolique, qui n'est pas suivi : le supprimer",
-     "it is a symbolic link, which isn't followed: remove it"},
-    {FaultRemedy::kMoveForeignChain,
-     "ce fichier n'est pas celui d'une reprise : le déplacer, ou changer l'alias de la tâche",
-     "this file isn't that of a resume: move it away, or give the task another alias"},
-    {FaultRemedy::kResumeOtherTask,
-     "la reprise est celle d'une autre tâche ou d'une autre table : la finir là-bas",
-     "what is to be resumed is another task's, or goes to another table: finish it there"},
-    {FaultRemedy::kPutOtherSourceBack,
-     "ce n'est pas le fichier avec lequel la reprise a commencé : remettre celui-là",
-     "this isn't the file that the run to resume was begun with: put that one back"},
-    {FaultRemedy::kPutRejectedLinesRight,
-     "ces nombres de lignes devraient être égaux : ni ajouter ni enlever de ligne rejetée",
-     "these numbers of lines should be equal: neither add nor leave out a rejected line"},
-    {FaultRemedy::kGiveColumns,
-     "aucune ligne ne donnerait de valeur : décrire les colonnes du fichier (\"NombreColonnes\", "
-     "\"Colonnes\"), ou leur affecter les champs de la table (\"Champs\")",
-     "no line would give a value: describe the columns of the file (\"NombreColonnes\", "
-     "\"Colonnes\"), or assign them to the table's columns (\"Champs\")"},
-}};
+std::optional<ComponentText> WordsOf(FaultRemedy remedy) {
+  switch (remedy) {
+    case FaultRemedy::kNone:
+      return std::nullopt;
+    case FaultRemedy::kRemoveLink:
+      return ComponentText::kRemoveLink;
+    case FaultRemedy::kMoveForeignChain:
+      return ComponentText::kMoveForeignChain;
+    case FaultRemedy::kResumeOtherTask:
+      return ComponentText::kResumeOtherTask;
+    case FaultRemedy::kPutOtherSourceBack:
+      return ComponentText::kPutOtherSourceBack;
+    case FaultRemedy::kPutRejectedLinesRight:
+      return ComponentText::kPutRejectedLinesRight;
+    case FaultRemedy::kGiveColumns:
+      return ComponentText::kGiveColumns;
+  }
+  return std::nullopt;
+}
 
 bool IsLink(const std::error_code& error) {
   return error == std::errc::too_many_symbolic_link_levels;
@@ -100,18 +103,10 @@ RuntimeFault FileFault(const std::error_code& error, const std::string& path) {
 
 std::string DescribeFault(const RuntimeFault& fault, std::int32_t language_offset,
                           const TextEncoding& encoding) {
-  const bool english = language_offset == kEnglishOffset;
-  std::string text;
-  for (const FaultText& entry : kFaultTexts) {
-    if (entry.number == fault.number()) {
-      text = encoding.FromUtf8(english ? entry.english : entry.french);
-    }
-  }
+  std::string text = InWords(DescriptionOf(fault.number()), language_offset, encoding);
   if (!fault.detail().empty()) text += " : " + fault.detail();
-  for (const RemedyText& entry : kRemedyTexts) {
-    if (entry.remedy == fault.remedy()) {
-      text += " : " + encoding.FromUtf8(english ? entry.english : entry.french);
-    }
+  if (const auto remedy = WordsOf(fault.remedy())) {
+    text += " : " + InWords(*remedy, language_offset, encoding);
   }
   return text;
 }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <type_traits>
 
 #include "core/WholeNumber.h"
 #include "platform/text/NameFolding.h"
@@ -9,11 +10,10 @@
 namespace imptable {
 namespace {
 
-constexpr NumberRange kFlag{0, 1};
+constexpr NumberRange kOnOrOff{0, 1};
 constexpr std::int32_t kMostColumns = 32767;  // what a run can count
 
 using Texts = std::string ImportSettings::*;
-using Numbers = std::int16_t ImportSettings::*;
 using S = ImportSettings;
 
 constexpr Setting Text(SettingId id, std::string_view name, Texts member,
@@ -25,11 +25,12 @@ constexpr Setting Text(SettingId id, std::string_view name, Texts member,
           .text = text,
           .range = {},
           .default_text = default_text,
-          .text_member = member};
+          .text_member = member,
+          .number_member = {}};
 }
 
-constexpr Setting Number(SettingId id, std::string_view name, Numbers member,
-                         NumberRange range = kFlag, std::int16_t default_number = 0) {
+constexpr Setting Number(SettingId id, std::string_view name, NumberMember member,
+                         NumberRange range = kOnOrOff, std::int16_t default_number = 0) {
   return {.id = id,
           .name = name,
           .type = RegistryType::kNumber,
@@ -37,6 +38,17 @@ constexpr Setting Number(SettingId id, std::string_view name, Numbers member,
           .default_text = {},
           .default_number = default_number,
           .number_member = member};
+}
+
+/// Of a member that is a number or an enumeration.
+template <auto member>
+constexpr NumberMember Of() {
+  return {
+      [](const ImportSettings& settings) { return static_cast<std::int16_t>(settings.*member); },
+      [](ImportSettings& settings, std::int16_t number) {
+        using Value = std::remove_reference_t<decltype(settings.*member)>;
+        settings.*member = static_cast<Value>(number);
+      }};
 }
 
 constexpr SettingText kAny = SettingText::kAny;
@@ -51,29 +63,29 @@ constexpr auto kSettings = std::to_array<Setting>({
     Text(SettingId::kAlias, "Alias", &S::alias),
     Text(SettingId::kComment, "Comment", &S::comment, kAny),
     Text(SettingId::kDirectory, "Dir", &S::directory),
-    Number(SettingId::kMode, "Mode", &S::mode, {0, 4}),
-    Number(SettingId::kDeletionMode, "Suppression", &S::deletion_mode, {0, 2}),
+    Number(SettingId::kMode, "Mode", Of<&S::mode>(), {0, 4}),
+    Number(SettingId::kDeletion, "Suppression", Of<&S::deletion>(), {0, 2}),
     Text(SettingId::kKeyOrIndex, "Cle/Index", &S::key_or_index),
-    Number(SettingId::kPrimaryKey, "PrimKey", &S::primary_key),
-    Number(SettingId::kDuplicateKey, "DupKey", &S::duplicate_key),
+    Number(SettingId::kPrimaryKey, "PrimKey", Of<&S::primary_key>()),
+    Number(SettingId::kDuplicateKey, "DupKey", Of<&S::duplicate_key>()),
     Text(SettingId::kErrorCode, "CodErr", &S::error_code, SettingText::kErrorCode),
     Text(SettingId::kErrorLimit, "Erreurs", &S::error_limit, SettingText::kErrorLimit, "100"),
-    Number(SettingId::kRecordErrors, "RecErreurs", &S::record_errors, kFlag, 1),
-    Number(SettingId::kErrorFile, "FicErr", nullptr),
-    Number(SettingId::kEmptyFilePolicy, "SiVide", &S::empty_file_policy),
-    Number(SettingId::kSeparatorOption, "SepDec", &S::separator_option),
-    Number(SettingId::kNullOption, "Null", &S::null_option),
-    Number(SettingId::kParameterOption, "Param", &S::parameter_option),
-    Number(SettingId::kColumnCount, "NombreColonnes", &S::column_count, {0, kMostColumns}),
+    Number(SettingId::kRecordErrors, "RecErreurs", Of<&S::record_errors>(), kOnOrOff, 1),
+    Number(SettingId::kErrorFile, "FicErr", {}),
+    Number(SettingId::kEmptyFilePolicy, "SiVide", Of<&S::empty_file_policy>()),
+    Number(SettingId::kSeparatorOption, "SepDec", Of<&S::separator_option>()),
+    Number(SettingId::kNullOption, "Null", Of<&S::null_option>()),
+    Number(SettingId::kParameterOption, "Param", Of<&S::parameter_option>()),
+    Number(SettingId::kColumnCount, "NombreColonnes", Of<&S::column_count>(), {0, kMostColumns}),
     Text(SettingId::kDelimiter, "DelimiteurFile", &S::delimiter, kAny, ";"),
-    Number(SettingId::kDelimited, "FormatFile", &S::delimited),
-    Number(SettingId::kFullFileName, "UseAlias", &S::full_file_name),
-    Number(SettingId::kTraceOption, "RecTrace", &S::trace_option),
-    Number(SettingId::kStatus, "Etat", nullptr, {0, 3}),
+    Number(SettingId::kFileFormat, "FormatFile", Of<&S::file_format>()),
+    Number(SettingId::kFullFileName, "UseAlias", Of<&S::full_file_name>()),
+    Number(SettingId::kTraceOption, "RecTrace", Of<&S::trace_option>()),
+    Number(SettingId::kStatus, "Etat", {}, {0, 3}),
     Text(SettingId::kEnded, "ExecuteLe", nullptr, kAny),
     Text(SettingId::kCreated, "CréeLe", nullptr, kAny),
     Text(SettingId::kModified, "ModifiéLe", nullptr, kAny),
-    Number(SettingId::kType, "Type", nullptr, {}),
+    Number(SettingId::kType, "Type", {}, {}),
 });
 
 constexpr bool EachStandsAtItsId() {

@@ -28,7 +28,7 @@ enum class SettingId : std::uint8_t {
   kComment,
   kDirectory,
   kMode,
-  kDeletionMode,
+  kDeletion,
   kKeyOrIndex,
   kPrimaryKey,
   kDuplicateKey,
@@ -42,7 +42,7 @@ enum class SettingId : std::uint8_t {
   kParameterOption,
   kColumnCount,
   kDelimiter,
-  kDelimited,
+  kFileFormat,
   kFullFileName,
   kTraceOption,
   kStatus,
@@ -68,7 +68,13 @@ struct NumberRange {
   std::int32_t most = std::numeric_limits<std::int32_t>::max();
 };
 
-/// One value of a task's key. A value that is no part of ImportSettings has neither member.
+/// How the number of a setting is read from ImportSettings and put into it.
+struct NumberMember {
+  std::int16_t (*get)(const ImportSettings& settings) = nullptr;
+  void (*set)(ImportSettings& settings, std::int16_t number) = nullptr;
+};
+
+/// One value of a task's key. A value that is no part of ImportSettings has no member.
 struct Setting {
   SettingId id = SettingId::kDataSource;
   std::string_view name;  // in UTF-8
@@ -78,7 +84,7 @@ struct Setting {
   std::string_view default_text;    // of one that is absent or empty
   std::int16_t default_number = 0;  // the same
   std::string ImportSettings::*text_member = nullptr;
-  std::int16_t ImportSettings::*number_member = nullptr;
+  NumberMember number_member;
 };
 
 const Setting& SettingOf(SettingId id);

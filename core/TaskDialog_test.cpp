@@ -103,11 +103,11 @@ TEST_F(ConfigurationDialog, SetsTheWorkingModeByItsOutcome) {
 }
 
 TEST_F(ConfigurationDialog, ShowsDatabaseErrorsInBoxesEvenAfterARun) {
-  component_.session().execution_mode = kRunMode;
+  component_.state.SetExecutionMode(ExecutionMode::kRun);
   task_.Affiche();
-  EXPECT_FALSE(component_.session().CheckOdbcReturn(SQL_ERROR, "refused"));
+  EXPECT_FALSE(component_.session().CheckOdbcReturn(SQL_ERROR, Message::kQuit));
   EXPECT_THAT(component_.warnings.warnings(),
-              ElementsAre(RecordingWarningBox::Warning{"refused", "Importation Table"}));
+              ElementsAre(RecordingWarningBox::Warning{"&Quitter", "Importation Table"}));
   EXPECT_THAT(component_.host.lines, IsEmpty());
 }
 

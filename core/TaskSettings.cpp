@@ -21,9 +21,9 @@ class SettingReader {
     if (setting.text_member != nullptr) {
       settings.*setting.text_member = Text(setting.name, setting.default_text);
     } else if (id == SettingId::kColumnCount) {
-      settings.*setting.number_member = Count(setting.name);
+      setting.number_member.set(settings, Count(setting.name));
     } else {
-      settings.*setting.number_member = Number(setting.name, setting.default_number);
+      setting.number_member.set(settings, Number(setting.name, setting.default_number));
     }
   }
 
@@ -83,10 +83,10 @@ constexpr auto kReadBeforeColumns = std::to_array<SettingId>(
     {SettingId::kDataSource,      SettingId::kLogin,      SettingId::kPassword,
      SettingId::kOwner,           SettingId::kTable,      SettingId::kAlias,
      SettingId::kComment,         SettingId::kDirectory,  SettingId::kMode,
-     SettingId::kKeyOrIndex,      SettingId::kPrimaryKey, SettingId::kDeletionMode,
+     SettingId::kKeyOrIndex,      SettingId::kPrimaryKey, SettingId::kDeletion,
      SettingId::kEmptyFilePolicy, SettingId::kErrorLimit, SettingId::kRecordErrors,
      SettingId::kSeparatorOption, SettingId::kNullOption, SettingId::kColumnCount,
-     SettingId::kDelimiter,       SettingId::kDelimited});
+     SettingId::kDelimiter,       SettingId::kFileFormat});
 constexpr auto kReadAfterColumns =
     std::to_array<SettingId>({SettingId::kParameterOption, SettingId::kDuplicateKey,
                               SettingId::kErrorCode, SettingId::kFullFileName});

@@ -11,6 +11,12 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+/// As the registry has it.
+template <typename Value>
+std::int16_t Number(Value value) {
+  return static_cast<std::int16_t>(value);
+}
+
 class TaskSettings : public testing::Test {
  protected:
   TaskSettings() { component_.module().location = {kHkeyLocalMachine, "Tasks"}; }
@@ -37,7 +43,7 @@ class TaskSettings : public testing::Test {
 
 void ExpectDefaults(const ImportSettings& settings) {
   EXPECT_EQ(settings.error_limit, "100");
-  EXPECT_EQ(settings.record_errors, 1);
+  EXPECT_EQ(Number(settings.record_errors), 1);
   EXPECT_EQ(settings.delimiter, ";");
   for (const std::string& text :
        {settings.data_source, settings.login, settings.password, settings.owner, settings.alias,
@@ -45,10 +51,11 @@ void ExpectDefaults(const ImportSettings& settings) {
     EXPECT_EQ(text, "");
   }
   for (const std::int16_t number :
-       {settings.mode, settings.deletion_mode, settings.primary_key, settings.duplicate_key,
-        settings.empty_file_policy, settings.separator_option, settings.null_option,
-        settings.parameter_option, settings.column_count, settings.delimited,
-        settings.full_file_name}) {
+       {Number(settings.mode), Number(settings.deletion), Number(settings.primary_key),
+        Number(settings.duplicate_key), Number(settings.empty_file_policy),
+        Number(settings.separator_option), Number(settings.null_option),
+        Number(settings.parameter_option), settings.column_count, Number(settings.file_format),
+        Number(settings.full_file_name)}) {
     EXPECT_EQ(number, 0);
   }
   EXPECT_THAT(settings.column_layout, IsEmpty());
@@ -122,17 +129,17 @@ TEST_F(TaskSettings, GoEachToItsOwnField) {
   EXPECT_EQ(settings.error_limit, "<Erreurs");
   EXPECT_EQ(settings.error_code, "<CodErr");
   EXPECT_EQ(settings.delimiter, "<DelimiteurFile");
-  EXPECT_EQ(settings.mode, 11);
-  EXPECT_EQ(settings.primary_key, 12);
-  EXPECT_EQ(settings.deletion_mode, 13);
-  EXPECT_EQ(settings.empty_file_policy, 14);
-  EXPECT_EQ(settings.record_errors, 15);
-  EXPECT_EQ(settings.separator_option, 16);
-  EXPECT_EQ(settings.null_option, 17);
-  EXPECT_EQ(settings.parameter_option, 18);
-  EXPECT_EQ(settings.duplicate_key, 19);
-  EXPECT_EQ(settings.delimited, 20);
-  EXPECT_EQ(settings.full_file_name, 21);
+  EXPECT_EQ(Number(settings.mode), 11);
+  EXPECT_EQ(Number(settings.primary_key), 12);
+  EXPECT_EQ(Number(settings.deletion), 13);
+  EXPECT_EQ(Number(settings.empty_file_policy), 14);
+  EXPECT_EQ(Number(settings.record_errors), 15);
+  EXPECT_EQ(Number(settings.separator_option), 16);
+  EXPECT_EQ(Number(settings.null_option), 17);
+  EXPECT_EQ(Number(settings.parameter_option), 18);
+  EXPECT_EQ(Number(settings.duplicate_key), 19);
+  EXPECT_EQ(Number(settings.file_format), 20);
+  EXPECT_EQ(Number(settings.full_file_name), 21);
 }
 
 TEST_F(TaskSettings, KeepTheBlanksOfATextAndAZeroThatIsNotTheDefault) {
@@ -142,7 +149,7 @@ TEST_F(TaskSettings, KeepTheBlanksOfATextAndAZeroThatIsNotTheDefault) {
   const ImportSettings settings = Load();
   EXPECT_EQ(settings.alias, " CLIENTS  ");
   EXPECT_EQ(settings.delimiter, " ");
-  EXPECT_EQ(settings.record_errors, 0);
+  EXPECT_EQ(Number(settings.record_errors), 0);
 }
 
 TEST_F(TaskSettings, TakeANumberWhereATextIsExpectedAndATextWhereANumberIs) {
@@ -154,7 +161,7 @@ TEST_F(TaskSettings, TakeANumberWhereATextIsExpectedAndATextWhereANumberIs) {
   const ImportSettings settings = Load();
   EXPECT_EQ(settings.table, "12");
   EXPECT_EQ(settings.error_limit, "5");
-  EXPECT_EQ(settings.mode, 3);
+  EXPECT_EQ(Number(settings.mode), 3);
   EXPECT_THAT(settings.column_layout, ElementsAre("99"));
 }
 
@@ -193,11 +200,11 @@ TEST_F(TaskSettings, LoadWithDefaultsInPlaceOfFaultyNumbersForWhoeverCanMendThem
   for (const RuntimeFault& fault : faults) details.push_back(fault.detail());
   EXPECT_THAT(details, ElementsAre("\"Mode\" = \"often\"", "\"RecErreurs\" = \"40000\"",
                                    "\"NombreColonnes\" = \"-2\""));
-  EXPECT_EQ(settings.mode, 0);
-  EXPECT_EQ(settings.record_errors, 1);
+  EXPECT_EQ(Number(settings.mode), 0);
+  EXPECT_EQ(Number(settings.record_errors), 1);
   EXPECT_EQ(settings.column_count, 0);
   EXPECT_EQ(settings.table, "CLIENT");
-  EXPECT_EQ(settings.full_file_name, 1);
+  EXPECT_EQ(Number(settings.full_file_name), 1);
 }
 
 TEST_F(TaskSettings, FailToLoadFromARegistryThatCantBeReadEvenForWhoeverCouldMendThem) {

@@ -1,10 +1,10 @@
 #ifndef DIALOGS_CONNECTED_LISTING_H_
 #define DIALOGS_CONNECTED_LISTING_H_
 
-#include <cstdint>
 #include <string>
 
 #include "odbc/Catalogue.h"
+#include "odbc/FailureReport.h"
 #include "odbc/OdbcSession.h"
 
 namespace imptable {
@@ -23,8 +23,7 @@ struct ConnectionFields {
 class ConnectedListing {
  public:
   /// Connects, "@" references resolved.
-  /// @param module  borrowed. The run's owner and table are those of the fields while the object
-  /// lives.
+  /// @param module  borrowed.
   /// @throws RuntimeFault  no such host object.
   ConnectedListing(ModuleCommun& module, const std::string& scenario,
                    const ConnectionFields& fields);
@@ -41,24 +40,7 @@ class ConnectedListing {
   Catalogue& catalogue() { return catalogue_; }
 
  private:
-  /// Puts the table of the fields in the place of the run's while it lives.
-  class ListedTable {
-   public:
-    ListedTable(RunState& run, std::string owner, std::string table);
-    ListedTable(const ListedTable&) = delete;
-    ListedTable& operator=(const ListedTable&) = delete;
-    ~ListedTable() { Exchange(); }
-
-   private:
-    void Exchange();
-
-    RunState& run_;
-    std::string owner_;
-    std::string table_;
-    std::int16_t duplicate_key_ = 0;  // a run may ignore a native code, a listing never does
-  };
-
-  ListedTable table_;
+  FailureBoxes boxes_;
   OdbcSession session_;
   Catalogue catalogue_;
 };

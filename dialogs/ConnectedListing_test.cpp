@@ -79,28 +79,26 @@ TEST(ConnectedListing, TakesTheValuesOfTheVariablesThatItsFieldsName) {
   EXPECT_THAT(layout.component.host.looked_up, Contains("S1|Taches|SRC"));
 }
 
-TEST(ConnectedListing, LeavesTheTableAndTheConnectionOfARunAlone) {
-  ListedLayout layout;
+TEST(ConnectedListing, LeavesTheTableTheConnectionAndTheErrorsOfARunAlone) {
+  ListedLayout layout("on SQLColumns return -1 diag 42000 1 refused\ntable CLIENT");
   RunState& run = layout.module().run;
   run.owner = "run";
   run.table = "RUNNING";
-  run.duplicate_key = 1;
-  {
-    const ConnectedListing listing(layout.module(), "S1", layout.connection);
-    EXPECT_TRUE(listing.connected());
-    EXPECT_EQ(run.table, "CLIENT");
-    EXPECT_EQ(run.owner, "dbo");
-    EXPECT_FALSE(layout.component.session().connected);
-  }
+  ConnectedListing listing(layout.module(), "S1", layout.connection);
+  EXPECT_TRUE(listing.connected());
+  std::vector<TableColumn> columns;
+  EXPECT_FALSE(listing.catalogue().GetTableColumns(columns));
+  EXPECT_THAT(layout.source.LogLines("SQLColumns"), ElementsAre(HasSubstr("CLIENT")));
+  EXPECT_FALSE(layout.component.session().connected);
   EXPECT_EQ(run.table, "RUNNING");
   EXPECT_EQ(run.owner, "run");
-  EXPECT_EQ(run.duplicate_key, 1);
+  EXPECT_FALSE(run.error_reported);
 }
 
 TEST(ConnectedListing, ShowsEveryDiagnosticEvenOneThatARunIgnores) {
   ListedLayout layout(
       "on SQLDriverConnect return -1 diag 28000 18456 \"login failed\"\ntable CLIENT");
-  layout.module().run.duplicate_key = 1;
+  layout.module().run.duplicate_key = Flag::kOn;
   layout.module().run.error_code = "18456";
   layout.editor.ListTableColumns(layout.connection);
   EXPECT_THAT(layout.Diagnostics(), Contains(HasSubstr("login failed")));

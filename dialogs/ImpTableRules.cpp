@@ -48,24 +48,26 @@ void SetTask(ImpTableState& state, const ModuleCommun& module, const ImportSetti
   state.txtTable = settings.table;
   state.txtOwn = settings.owner;
   state.txtAlias = settings.alias;
-  ChooseFileOption(state, module, settings.full_file_name == 1 ? kFullNameButton : kAliasButton);
+  ChooseFileOption(state, module,
+                   settings.full_file_name == Flag::kOn ? kFullNameButton : kAliasButton);
   state.txtRep = settings.directory;
-  ChooseMode(state, Button(settings.mode, kModeCount));
-  state.chkDou = settings.duplicate_key == 1;
+  ChooseMode(state, Button(static_cast<int>(settings.mode), kModeCount));
+  state.chkDou = settings.duplicate_key == Flag::kOn;
   state.txtErr = settings.error_code;
   state.txtCle = settings.key_or_index;
-  if (settings.primary_key != 0) CheckPrimaryKey(state, true);
-  state.optSup = Button(settings.deletion_mode, kDeletionCount);
-  state.chkSupp = settings.empty_file_policy == 1;
+  if (settings.primary_key != Flag::kOff) CheckPrimaryKey(state, true);
+  state.optSup = Button(static_cast<int>(settings.deletion), kDeletionCount);
+  state.chkSupp = settings.empty_file_policy == Flag::kOn;
   state.txtErreur = settings.error_limit;
-  state.chkRecup = settings.record_errors != 0;
+  state.chkRecup = settings.record_errors != Flag::kOff;
   state.txtComm = settings.comment;
-  state.chkDec = settings.separator_option == 1;
-  state.chkNull = settings.null_option == 1;
-  state.chkParam = settings.parameter_option == 1;
+  state.chkDec = settings.separator_option == Flag::kOn;
+  state.chkNull = settings.null_option == Flag::kOn;
+  state.chkParam = settings.parameter_option == Flag::kOn;
   state.txtDelimiteurFile = settings.delimiter;
   state.textNbCol = std::to_string(settings.column_count);
-  ChooseFileFormat(state, settings.delimited == 1 ? kDelimitedButton : kFixedButton);
+  ChooseFileFormat(
+      state, settings.file_format == FileFormat::kDelimited ? kDelimitedButton : kFixedButton);
 }
 
 void ChooseMode(ImpTableState& state, int index) {

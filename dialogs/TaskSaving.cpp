@@ -14,13 +14,13 @@ namespace {
 // What a host's registry sees written, in this order: never change. The columns of the file and
 // those of the table come between.
 constexpr auto kSavedBeforeColumns = std::to_array<SettingId>(
-    {SettingId::kDataSource,   SettingId::kLogin,        SettingId::kPassword,
-     SettingId::kTable,        SettingId::kOwner,        SettingId::kAlias,
-     SettingId::kComment,      SettingId::kKeyOrIndex,   SettingId::kPrimaryKey,
-     SettingId::kMode,         SettingId::kDeletionMode, SettingId::kDuplicateKey,
-     SettingId::kErrorCode,    SettingId::kDirectory,    SettingId::kErrorLimit,
-     SettingId::kRecordErrors, SettingId::kErrorFile,    SettingId::kDelimiter,
-     SettingId::kDelimited,    SettingId::kColumnCount,  SettingId::kEmptyFilePolicy});
+    {SettingId::kDataSource,   SettingId::kLogin,       SettingId::kPassword,
+     SettingId::kTable,        SettingId::kOwner,       SettingId::kAlias,
+     SettingId::kComment,      SettingId::kKeyOrIndex,  SettingId::kPrimaryKey,
+     SettingId::kMode,         SettingId::kDeletion,    SettingId::kDuplicateKey,
+     SettingId::kErrorCode,    SettingId::kDirectory,   SettingId::kErrorLimit,
+     SettingId::kRecordErrors, SettingId::kErrorFile,   SettingId::kDelimiter,
+     SettingId::kFileFormat,   SettingId::kColumnCount, SettingId::kEmptyFilePolicy});
 constexpr auto kSavedBetweenColumns = std::to_array<SettingId>(
     {SettingId::kSeparatorOption, SettingId::kNullOption, SettingId::kParameterOption});
 
@@ -45,7 +45,7 @@ class TaskWriter {
     if (setting.text_member != nullptr) {
       Text(id, settings.*setting.text_member);
     } else {
-      Number(id, settings.*setting.number_member);
+      Number(id, setting.number_member.get(settings));
     }
   }
 
@@ -72,7 +72,7 @@ class TaskWriter {
 
 /// What the dialog shows, as a task's settings.
 ImportSettings SettingsOf(const ImpTableState& state, std::int32_t column_count) {
-  const auto flag = [](bool on) { return static_cast<std::int16_t>(on ? 1 : 0); };
+  const auto flag = [](bool on) { return on ? Flag::kOn : Flag::kOff; };
   ImportSettings settings;
   settings.data_source = state.Combo1;
   settings.login = state.txtLogin;
@@ -84,15 +84,16 @@ ImportSettings SettingsOf(const ImpTableState& state, std::int32_t column_count)
   settings.comment = state.txtComm;
   settings.key_or_index = state.txtCle;
   settings.primary_key = flag(state.chkPrimKey);
-  settings.mode = static_cast<std::int16_t>(state.optBCP);
-  settings.deletion_mode = static_cast<std::int16_t>(state.optSup);
+  settings.mode = static_cast<ImportMode>(state.optBCP);
+  settings.deletion = static_cast<Deletion>(state.optSup);
   settings.duplicate_key = flag(state.chkDou);
   settings.error_code = state.txtErr;
   settings.directory = state.txtRep;
   settings.error_limit = state.txtErreur;
   settings.record_errors = flag(state.chkRecup);
   settings.delimiter = state.txtDelimiteurFile;
-  settings.delimited = flag(state.optForm == kDelimitedButton);
+  settings.file_format =
+      state.optForm == kDelimitedButton ? FileFormat::kDelimited : FileFormat::kFixedWidth;
   settings.column_count = static_cast<std::int16_t>(column_count);
   settings.empty_file_policy = flag(state.chkSupp);
   settings.separator_option = flag(state.chkDec);

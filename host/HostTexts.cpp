@@ -5,14 +5,10 @@
 #include <cstddef>
 
 #include "core/MessageCatalogue.h"
+#include "core/Texts.h"
 
 namespace imptable {
 namespace {
-
-struct Wording {
-  std::string_view french;
-  std::string_view english;
-};
 
 constexpr auto kWordings = std::to_array<Wording>({
 #define HOST_TEXT(name, french, english) {french, english},
@@ -33,21 +29,8 @@ std::int32_t OffsetOf(Language language) {
 }
 
 std::string HostTexts::Text(HostText text, const std::vector<std::string>& arguments) const {
-  const Wording& wording = kWordings.at(static_cast<std::size_t>(text));
-  const std::string pattern =
-      encoding_->FromUtf8(language_ == Language::kEnglish ? wording.english : wording.french);
-  std::string result;
-  for (std::size_t i = 0; i < pattern.size(); ++i) {
-    const char next = i + 1 < pattern.size() ? pattern[i + 1] : '\0';
-    const auto argument = static_cast<std::size_t>(next - '1');
-    if (pattern[i] == '%' && next >= '1' && argument < arguments.size()) {
-      result += arguments[argument];
-      ++i;
-    } else {
-      result += pattern[i];
-    }
-  }
-  return result;
+  return InWords(kWordings.at(static_cast<std::size_t>(text)), OffsetOf(language_), *encoding_,
+                 arguments);
 }
 
 std::string HostTexts::Number(std::int64_t number) const {

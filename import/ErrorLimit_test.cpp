@@ -33,7 +33,7 @@ TEST(ErrorLimit, CountsParseFailuresAndRefusalsAlike) {
   run.Driver("on SQLExecute 1 return -1 diag 23000 1 \"refused\"");
   EXPECT_EQ(run.Go(), 3);
   EXPECT_EQ(run.progress().read, 2);
-  EXPECT_EQ(run.progress().errors, 2);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 2);
 }
 
 TEST(ErrorLimit, OfZeroEndsAtTheFirstErrorAndKeepsTheRowsBefore) {
@@ -42,7 +42,7 @@ TEST(ErrorLimit, OfZeroEndsAtTheFirstErrorAndKeepsTheRowsBefore) {
   run.Source({"1;a", "2;b;x", "3;c"});
   EXPECT_EQ(run.Go(), 3);
   EXPECT_EQ(run.progress().read, 2);
-  EXPECT_EQ(run.progress().inserted, 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kInserted], 1);
 }
 
 TEST(ErrorLimit, IsNotCrossedByAsManyErrors) {
@@ -99,7 +99,7 @@ TEST(ErrorLimit, BeyondSixteenBitsIsAFaultBeforeTheFirstLine) {
   EXPECT_EQ(lines[5].kind, ReportKind::kError);
   EXPECT_EQ(lines[6].text, " ----->    0 enreg(s) lu(s)");
   EXPECT_TRUE(run.component.module().run.pre_deletion_failed);
-  EXPECT_TRUE(run.component.session().error_reported);
+  EXPECT_TRUE(run.component.module().run.error_reported);
 }
 
 TEST(IgnorableDuplicate, IsTracedAsDoneAndCountedAsNothing) {
@@ -110,9 +110,9 @@ TEST(IgnorableDuplicate, IsTracedAsDoneAndCountedAsNothing) {
   run.Source({"1;a", "1;b", "2;c"});
   run.Driver("on SQLExecute 2 return -1 diag 23000 2627 \"duplicate\"");
   EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().inserted, 2);
-  EXPECT_EQ(run.progress().errors, 0);
-  EXPECT_EQ(run.progress().ignored, 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kInserted], 2);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 0);
+  EXPECT_EQ(run.progress().lines[Outcome::kIgnored], 1);
   EXPECT_THAT(run.Errors(), IsEmpty());
   EXPECT_THAT(run.Report(), Contains("  -->   Traitement OK : 2 Enregistrement(s) copié(s)"));
 }
@@ -141,7 +141,7 @@ TEST(IgnorableDuplicate, IsAnErrorWithAnotherCodeOrWithoutTheOption) {
     run.Source({"1;a"});
     run.Driver("on SQLExecute 1 return -1 diag 23000 2627 \"duplicate\"");
     EXPECT_EQ(run.Go(), 3) << each.code;
-    EXPECT_EQ(run.progress().errors, 1) << each.code;
+    EXPECT_EQ(run.progress().lines[Outcome::kRejected], 1) << each.code;
     EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 2627) duplicate"));
   }
 }
@@ -153,7 +153,7 @@ TEST(IgnorableDuplicate, IsFoundAmongSeveralDiagnostics) {
   run.Source({"1;a"});
   run.Driver("on SQLExecute 1 return -1 diag 23000 2627 \"duplicate\" diag 01000 3621 \"ended\"");
   EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().ignored, 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kIgnored], 1);
   EXPECT_THAT(run.Errors(), IsEmpty());
 }
 

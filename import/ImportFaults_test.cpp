@@ -30,10 +30,10 @@ std::vector<std::string> FaultLines(const ImportRun& run) {
 /// lines, and nothing left open.
 void ExpectFault(ImportRun& run, const std::string& text) {
   EXPECT_THAT(FaultLines(run), ElementsAre(" -->   Erreur lors du traitement - N° " + text));
-  EXPECT_TRUE(run.component.session().error_reported);
+  EXPECT_TRUE(run.component.module().run.error_reported);
   EXPECT_TRUE(run.component.module().run.pre_deletion_failed);
-  EXPECT_FALSE(run.component.session().statement);
-  EXPECT_EQ(run.component.session().error_file, nullptr);
+  EXPECT_EQ(run.OpenStatements(), 0);
+  EXPECT_EQ(run.component.session().listener, &run.component.state.report);
   const std::string read = " ----->    " + std::to_string(run.progress().read) + " enreg(s) lu(s)";
   EXPECT_THAT(run.Report(), testing::Contains(read));
   EXPECT_EQ(run.Report().back(), " --------------- PROCEDURE TERMINEE ---------------");
@@ -76,7 +76,7 @@ TEST(ImportFaults, TellThatTheSourceFailsInItsMiddle) {
   ExpectFault(run,
               "57 ,Erreur d'entrée/sortie du périphérique : " + run.folder.path() + "CLIENTS.CSV");
   const std::size_t whole = (std::size_t{256} << 10U) / (lines[0].size() + 1);
-  EXPECT_EQ(run.progress().inserted, static_cast<std::int64_t>(whole));
+  EXPECT_EQ(run.progress().lines[Outcome::kInserted], static_cast<std::int64_t>(whole));
   EXPECT_THAT(run.Trace(), SizeIs(whole)) << "what was done before is on record";
   EXPECT_EQ(Closes(run), 4U);
 }
@@ -95,7 +95,7 @@ TEST(ImportFaults, TellThatTheSourceBecameShorterAndImportNoTornLine) {
     };
     EXPECT_EQ(run.Go(), 3);
     ExpectFault(run, "62 ,Fin de fichier inattendue, le fichier est devenu plus court : " + path);
-    EXPECT_EQ(run.progress().inserted, size / 5);
+    EXPECT_EQ(run.progress().lines[Outcome::kInserted], size / 5);
     EXPECT_THAT(run.Executed(), SizeIs(size / 5));
     EXPECT_THAT(run.Trace(), SizeIs(size / 5));
   }
@@ -109,7 +109,7 @@ TEST(ImportFaults, ReadASourceThatBecameLongerToItsEnd) {
     if (event == "Progress" && ++milestones == 3) run.Source({"1;aa", "2;bb"});
   };
   EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().inserted, 2);
+  EXPECT_EQ(run.progress().lines[Outcome::kInserted], 2);
 }
 
 TEST(ImportFaults, TellThatTooManyFilesAreOpen) {
@@ -162,8 +162,8 @@ TEST(ImportFaults, TellThatTheDiskIsFullAtEachWriteOfEachSideFile) {
     EXPECT_EQ(run.Go(), 3);
     ExpectFault(run, "61 ,Disque plein : " + run.folder.path() + each.file);
     EXPECT_EQ(run.progress().read, each.read);
-    EXPECT_EQ(run.progress().inserted, each.inserted);
-    EXPECT_EQ(run.progress().errors, each.errors);
+    EXPECT_EQ(run.progress().lines[Outcome::kInserted], each.inserted);
+    EXPECT_EQ(run.progress().lines[Outcome::kRejected], each.errors);
     EXPECT_THAT(run.Trace(), SizeIs(each.traced));
     EXPECT_EQ(Closes(run), each.write == 1 ? 3U : 4U);
   }

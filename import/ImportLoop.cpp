@@ -6,12 +6,16 @@
 
 #include "core/MessageCatalogue.h"
 #include "import/layout/ColumnLayout.h"
+#include "import/ledger/TaskFiles.h"
 
 namespace imptable {
 namespace {
 
 constexpr std::string_view kStepPrefix = " -->   ";
 constexpr std::string_view kCountPrefix = " ----->   ";
+
+/// A block is executed and settled together. Each of its records has the buffers to itself.
+constexpr std::size_t kRecordsOfABlock = 1;
 
 /// The number of errors that a run may have, as the modes hold it.
 /// @throws RuntimeFault  overflow when it is negative or doesn't fit 16 bits.
@@ -60,18 +64,16 @@ class ImportLoop::HeldReport : public ReportWriter {
   std::vector<Line> lines_;
 };
 
-ImportLoop::ImportLoop(ModuleCommun& module, OdbcSession& session,
-                       std::unique_ptr<ModeRoutine> mode)
+ImportLoop::ImportLoop(ModuleCommun& module, OdbcSession& session, const Mode& mode)
     : module_(module),
-      session_(session),
-      mode_(std::move(mode)),
+      mode_(mode),
+      steps_(mode.make_steps(module, session)),
       held_(std::make_unique<HeldReport>()),
-      files_(module, session) {}
-
-ImportLoop::~ImportLoop() {
-  // A run that stops between two of the steps leaves none for the connection to take along.
-  mode_->DropStatements();
+      ledger_(module, session) {
+  block_.reserve(kRecordsOfABlock);
 }
+
+ImportLoop::~ImportLoop() = default;
 
 template <typename Steps>
 bool ImportLoop::Guarded(Steps steps) {
@@ -85,14 +87,26 @@ bool ImportLoop::Guarded(Steps steps) {
   return false;
 }
 
+void ImportLoop::OpenSource() {
+  FileSystem& files = module_.platform.files;
+  const std::string located = files.Locate(DataFilePath(module_.run));
+  std::error_code error;
+  auto file = files.OpenForReading(located, error);
+  if (!file) throw FileFault(error, located);
+  source_ =
+      std::make_unique<LineReader>(std::move(file), located, module_.platform.encoding.IsUtf8());
+}
+
 bool ImportLoop::Check() {
   const HeldReport::Scope held(module_, *held_);
   return Guarded([this] {
     const RunState& run = module_.run;
     error_limit_ = ErrorLimitOf(run);
-    ParseColumnLayout(run.column_layout, run.delimited != 1);
-    mode_->CheckSettings();
-    files_.OpenSource();
+    ParseColumnLayout(run.column_layout, run.file_format != FileFormat::kDelimited);
+    // A code that is no number would let every duplicate count as an error: say so at once.
+    if (mode_.ignores_duplicates) static_cast<void>(IgnorableCode(run));
+    OpenSource();
+    ledger_.TakeChain();
     return true;
   });
 }
@@ -100,150 +114,157 @@ bool ImportLoop::Check() {
 bool ImportLoop::Prepare() {
   const HeldReport::Scope held(module_, *held_);
   ready_ = Guarded([this] {
-    files_.Open();
-    return mode_->Prepare();
+    ledger_.Open();
+    return steps_->Prepare();
   });
   // The deletion that comes next has no line of the source: it complains to the report.
-  files_.TakeDiagnostics(false);
+  ledger_.TakeFailures(false);
   return ready_;
 }
 
 void ImportLoop::Run() {
   const BusyPointer pointer(module_);
-  module_.WriteReport(module_.MessageText(mode_->BannerMessage()), ReportKind::kInformation);
+  module_.WriteReport(module_.MessageText(mode_.banner), ReportKind::kInformation);
   held_->WriteTo(module_);
-  files_.TakeDiagnostics(true);
+  ledger_.TakeFailures(true);
   if (ready_) {
     Guarded([this] {
       ReadLines();
       return true;
     });
   }
-  mode_->DropStatements();
+  steps_.reset();
   ReportCounts();
+  source_.reset();
   if (!reading_) RestorePrevious();
-  if (const auto fault = files_.Close()) ReportFault(*fault);
+  if (const auto fault = ledger_.Close()) ReportFault(*fault);
 }
 
 void ImportLoop::Abandon() {
-  mode_->DropStatements();
+  steps_.reset();
+  source_.reset();
   RestorePrevious();
-  files_.Discard();
+  ledger_.Discard();
 }
 
 void ImportLoop::ReadLines() {
   RunProgress& progress = module_.run.progress;
-  session_.line_number = 0;
-  LineReader& source = files_.source();
-  RecordParser& parser = mode_->Parser();
+  std::int32_t& number = module_.run.line_number;
+  number = 0;
   bool all = false;
   for (std::string_view line;;) {
-    const bool more = source.Next(line);
-    if (!more || !source.ended()) RequireWhole(source);
+    const bool more = source_->Next(line);
+    if (!more || !source_->ended()) RequireWhole();
     if (!more) {
       all = true;
       break;
     }
     if (module_.run.stop_requested.load(std::memory_order_relaxed)) {
       module_.run.interrupted = true;
-      session_.error_reported = true;
+      module_.run.error_reported = true;
       break;
     }
     reading_ = true;
-    ++session_.line_number;
+    ++number;
     ++progress.read;
-    progress.bytes_read = source.bytes_taken();
-    if (files_.Decide(session_.line_number, line) == ResumeDecision::kSkip) {
-      ++progress.skipped;
-    } else {
-      ImportLine(parser, line);
-    }
+    progress.bytes_read = source_->bytes_taken();
+    block_.push_back(Take(line));
+    if (block_.size() == kRecordsOfABlock) FinishBlock();
     module_.platform.message_loop.Yield();
-    if (progress.errors > error_limit_) break;
+    if (progress.lines[Outcome::kRejected] > error_limit_) break;
   }
-  files_.EndOfLines(session_.line_number, all);
+  ledger_.End(source_->path(), number, all);
 }
 
 /// A source that was cut since it was looked at: its last line may be half a line, and those
 /// after it were never seen.
-void ImportLoop::RequireWhole(const LineReader& source) const {
-  if (source.bytes_taken() < module_.run.progress.bytes_in_file) {
-    throw RuntimeFault(FaultNumber::kInputPastEnd, source.path());
+void ImportLoop::RequireWhole() const {
+  if (source_->bytes_taken() < module_.run.progress.bytes_in_file) {
+    throw RuntimeFault(FaultNumber::kInputPastEnd, source_->path());
   }
 }
 
 void ImportLoop::RestorePrevious() {
   try {
-    files_.RestorePrevious();
+    ledger_.RestorePrevious();
   } catch (const RuntimeFault& fault) {
     ReportFault(fault);
   }
 }
 
-void ImportLoop::ImportLine(RecordParser& parser, std::string_view line) {
-  RunProgress& progress = module_.run.progress;
-  LineResult result;
-  switch (parser.ParseRecord(line)) {
+Record ImportLoop::Take(std::string_view line) {
+  Record record{.number = module_.run.line_number};
+  if (ledger_.Decide(record.number, line) == ResumeDecision::kSkip) {
+    record.result = {.outcome = Outcome::kSkipped};
+    return record;
+  }
+  record.line = line;
+  switch (steps_->parser().ParseRecord(line)) {
     case ParseResult::kFailed:
-      result.rejected = true;
-      files_.ReportParseFailure(session_.line_number);
+      record.result = {.diagnostics = {{.complaint = Complaint::kBadRecord}}};
       break;
     case ParseResult::kEmpty:
-      return;
+      record.result = {.outcome = Outcome::kEmpty};
+      break;
     case ParseResult::kRecord:
-      if (WouldBeCut(parser, line)) {
-        result.rejected = true;
-      } else {
-        result = mode_->ExecuteLine();
-      }
+      record.to_execute = true;
       break;
   }
-  if (result.rejected) {
-    ++progress.errors;
-    // Also for a diagnostic that went unreported as an ignorable duplicate, in the modes that
-    // count it all the same: the run may not end as a success and delete the rejected line.
-    session_.error_reported = true;
-    files_.Reject(line, session_.line_number, progress.errors);
-  } else {
-    files_.Done(session_.line_number, progress.errors);
-    if (result.counter != nullptr) ++*result.counter;
-  }
+  return record;
 }
 
-bool ImportLoop::WouldBeCut(const RecordParser& parser, std::string_view line) {
-  if (!session_.dialect->cuts_at_nul || line.find('\0') == std::string_view::npos) return false;
-  if (!parser.HasTextWithNul()) return false;
-  const bool english = module_.language_offset == kEnglishOffset;
-  session_.ReportText(module_.platform.encoding.FromUtf8(
-      english
-          ? "The line holds a NUL, at which the driver ends a text; it was not executed"
-          : "La ligne contient un caractère nul, qui termine un texte pour le pilote ; elle n'a "
-            "pas été exécutée"));
-  return true;
+void ImportLoop::FinishBlock() {
+  for (Record& record : block_) {
+    if (record.to_execute) record.result = steps_->ExecuteRecord(record.line);
+  }
+  ledger_.Settle(block_);
+  block_.clear();
 }
 
 void ImportLoop::ReportFault(const RuntimeFault& fault) {
   module_.run.fault = fault;
-  session_.error_reported = true;
-  if (mode_->FaultFailsDeletion()) module_.run.pre_deletion_failed = true;
+  module_.run.error_reported = true;
+  if (mode_.fault_fails_deletion) module_.run.pre_deletion_failed = true;
   module_.WriteReport(std::string(kStepPrefix) + module_.MessageText(Message::kFault) +
                           std::to_string(static_cast<std::int32_t>(fault.number())) + " ," +
                           module_.FaultText(fault),
                       ReportKind::kError);
 }
 
+std::string ImportLoop::CountText(const ClosingCount& count) const {
+  const std::int64_t number = module_.run.progress.lines[count.outcome];
+  return (count.leading_blank ? SignedText(number) : std::to_string(number)) +
+         module_.MessageText(count.text);
+}
+
 void ImportLoop::ReportCounts() {
   const auto report = [this](const std::string& text) {
     module_.WriteReport(std::string(kCountPrefix) + text, ReportKind::kInformation);
   };
-  report(SignedText(session_.line_number) + module_.MessageText(Message::kLinesRead));
-  const std::int64_t errors = module_.run.progress.errors;
+  report(SignedText(module_.run.line_number) + module_.MessageText(Message::kLinesRead));
+  std::string counts = CountText(mode_.count);
+  if (mode_.second_count) counts += ", " + CountText(*mode_.second_count);
+  const std::int64_t errors = module_.run.progress.lines[Outcome::kRejected];
   if (errors == 0) {
-    mode_->ReportSuccess(module_.MessageText(Message::kSuccess) + mode_->CountsText());
+    ReportSuccess(module_.MessageText(Message::kSuccess) + counts);
     return;
   }
   report(SignedText(errors) + module_.MessageText(Message::kErrorsFound));
-  report(mode_->CountsText());
+  report(counts);
+}
+
+void ImportLoop::ReportSuccess(const std::string& text) {
+  switch (mode_.success) {
+    case SuccessLine::kInformation:
+      module_.WriteReport(text, ReportKind::kInformation);
+      break;
+    case SuccessLine::kSuccess:
+      module_.WriteReport(text, ReportKind::kSuccess);
+      break;
+    case SuccessLine::kOwnWriter:
+      module_.ReportLine(text, module_.run.display, ReportKind::kInformation);
+      break;
+  }
 }
 
 }  // namespace imptable

@@ -5,9 +5,11 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
-#include "import/ledger/SideFiles.h"
-#include "import/modes/ModeRoutine.h"
+#include "import/ledger/Ledger.h"
+#include "import/modes/ModeTable.h"
+#include "import/source/LineReader.h"
 #include "odbc/OdbcSession.h"
 
 namespace imptable {
@@ -19,7 +21,7 @@ namespace imptable {
 class ImportLoop {
  public:
   /// @param module, session  borrowed.
-  ImportLoop(ModuleCommun& module, OdbcSession& session, std::unique_ptr<ModeRoutine> mode);
+  ImportLoop(ModuleCommun& module, OdbcSession& session, const Mode& mode);
   ImportLoop(const ImportLoop&) = delete;
   ImportLoop& operator=(const ImportLoop&) = delete;
   ~ImportLoop();
@@ -44,21 +46,33 @@ class ImportLoop {
   /// @param steps  give what Guarded gives; a fault in them is reported and gives false.
   template <typename Steps>
   bool Guarded(Steps steps);
+  /// Opens the data file.
+  void OpenSource();
+
+  /// Reads the source's lines and sees each to its outcome.
   void ReadLines();
-  void RequireWhole(const LineReader& source) const;
+
+  /// @param line  the next of the source. @return its record, with a result unless it is to be
+  /// executed: its values are in the buffers then.
+  Record Take(std::string_view line);
+
+  /// Executes what is to be executed of the block and hands all of it to the ledger.
+  void FinishBlock();
+
+  void RequireWhole() const;
   void RestorePrevious();
-  void ImportLine(RecordParser& parser, std::string_view line);
-  /// Reports a line of which the driver would send a part.
-  /// @return whether it is one.
-  bool WouldBeCut(const RecordParser& parser, std::string_view line);
   void ReportFault(const RuntimeFault& fault);
   void ReportCounts();
+  void ReportSuccess(const std::string& text);
+  std::string CountText(const ClosingCount& count) const;
 
   ModuleCommun& module_;
-  OdbcSession& session_;
-  std::unique_ptr<ModeRoutine> mode_;
+  const Mode& mode_;
+  std::unique_ptr<ModeSteps> steps_;
   std::unique_ptr<HeldReport> held_;
-  SideFiles files_;
+  std::unique_ptr<LineReader> source_;
+  Ledger ledger_;
+  std::vector<Record> block_;  // of records that are on their way
   std::int16_t error_limit_ = 0;
   bool ready_ = false;    // nothing stands against reading the lines
   bool reading_ = false;  // the mode has come to its lines

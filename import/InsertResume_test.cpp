@@ -37,8 +37,8 @@ TEST_F(ResumedImport, SkipsTheLinesDoneAndTakesTheMendedOne) {
   EXPECT_EQ(run_.Go(kResume), 2);
   EXPECT_THAT(run_.Executed(), ElementsAre("1='2' 2='mended'"));
   EXPECT_EQ(run_.progress().read, 3);
-  EXPECT_EQ(run_.progress().skipped, 2);
-  EXPECT_EQ(run_.progress().inserted, 1);
+  EXPECT_EQ(run_.progress().lines[Outcome::kSkipped], 2);
+  EXPECT_EQ(run_.progress().lines[Outcome::kInserted], 1);
   EXPECT_THAT(run_.Report(), Contains(" ----->    3 enreg(s) lu(s)"));
   EXPECT_THAT(run_.Report(), Contains("  -->   Traitement OK : 1 Enregistrement(s) copié(s)"));
 }
@@ -63,7 +63,7 @@ TEST_F(ResumedImport, CountsItsOwnErrorsFromZero) {
   run_.Set("Erreurs", "0");
   run_.Go(kResume);
   EXPECT_EQ(run_.progress().read, 2) << "the line rejected again is the last one";
-  EXPECT_EQ(run_.progress().errors, 1);
+  EXPECT_EQ(run_.progress().lines[Outcome::kRejected], 1);
 }
 
 TEST_F(ResumedImport, TruncatesTheErrorFile) {
@@ -123,7 +123,7 @@ TEST(InsertResume, TakesNumbersThatTheTracePassesOverForDone) {
   Left(run, "00000002100000001\n00000005100000002\n", "2;m\n5;n\n");
   EXPECT_EQ(run.Go(kResume), 2);
   EXPECT_THAT(run.Executed(), ElementsAre("1='2' 2='m'", "1='5' 2='n'", "1='6' 2='f'"));
-  EXPECT_EQ(run.progress().skipped, 3);
+  EXPECT_EQ(run.progress().lines[Outcome::kSkipped], 3);
 }
 
 TEST(InsertResume, RefusesRejectedLinesThatAreFewerThanTheTraceSays) {

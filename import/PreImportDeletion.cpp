@@ -8,7 +8,7 @@
 
 #include "core/Blanks.h"
 #include "import/ledger/TaskFiles.h"
-#include "odbc/Catalogue.h"
+#include "import/target/TargetTable.h"
 #include "platform/text/CharacterCount.h"
 
 namespace imptable {
@@ -46,15 +46,15 @@ Range SplitRange(std::string_view value) {
           value.substr(second + 1)};
 }
 
-class Deletion {
+class DeletionRun {
  public:
-  Deletion(ModuleCommun& module, OdbcSession& session) : module_(module), session_(session) {}
+  DeletionRun(ModuleCommun& module, OdbcSession& session) : module_(module), session_(session) {}
 
   void Global() {
     Report(Message::kDeleteAll);
     Guarded(Message::kGlobalDeletionFault, [this] {
       if (!Allocate()) return;
-      const std::string text = "TRUNCATE TABLE " + TableReference(module_, session_);
+      const std::string text = "TRUNCATE TABLE " + TableReference(session_, TableOf(module_.run));
       if (session_.ExecuteText(Raw(), text) == SQL_SUCCESS) {
         module_.run.progress.deleted_before.reset();
         module_.platform.message_loop.Yield();
@@ -92,7 +92,7 @@ class Deletion {
     }
     statement_.Drop();
     if (!fault) return;
-    session_.error_reported = true;
+    module_.run.error_reported = true;
     module_.run.fault = fault;
     module_.run.deletion_faulted = true;
     module_.WriteReport(module_.MessageText(fault_message) +
@@ -108,19 +108,19 @@ class Deletion {
 
   bool Allocate() {
     if (statement_.Allocate(session_.connection) == SQL_SUCCESS) return true;
-    session_.ReportError();
+    session_.ReportOdbcError();
     module_.run.pre_deletion_failed = true;
     return false;
   }
 
   bool Fail() {
-    session_.ReportError(Raw());
+    session_.ReportOdbcError(Raw());
     module_.run.pre_deletion_failed = true;
     return false;
   }
 
   bool LoadColumns() {
-    if (Catalogue(module_, session_).GetColumnTypes(columns_)) return true;
+    if (Catalogue(session_, TableOf(module_.run)).GetColumnTypes(columns_)) return true;
     module_.run.pre_deletion_failed = true;
     return false;
   }
@@ -170,7 +170,7 @@ class Deletion {
         Report(Message::kUnknownDeletionColumn,
                std::string(range.column) + module_.MessageText(Message::kAbandonTask));
         module_.run.pre_deletion_failed = true;
-        session_.error_reported = true;
+        module_.run.error_reported = true;
         return false;
       }
       const std::string quote = TakesQuotes(column->sql_type) ? "'" : "";
@@ -184,7 +184,7 @@ class Deletion {
 
   bool Execute(const std::string& conditions) {
     const std::string text =
-        "DELETE FROM " + TableReference(module_, session_) + " WHERE " + conditions;
+        "DELETE FROM " + TableReference(session_, TableOf(module_.run)) + " WHERE " + conditions;
     if (!Allocate()) return false;
     Report(Message::kRunQuery, text);
     if (session_.ExecuteText(Raw(), text) != SQL_SUCCESS) return Fail();
@@ -215,11 +215,11 @@ class Deletion {
 }  // namespace
 
 void RunGlobalDeletion(ModuleCommun& module, OdbcSession& session) {
-  Deletion(module, session).Global();
+  DeletionRun(module, session).Global();
 }
 
 void RunSelectiveDeletion(ModuleCommun& module, OdbcSession& session) {
-  Deletion(module, session).Selective();
+  DeletionRun(module, session).Selective();
 }
 
 }  // namespace imptable

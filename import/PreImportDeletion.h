@@ -1,6 +1,7 @@
 #ifndef IMPORT_PRE_IMPORT_DELETION_H_
 #define IMPORT_PRE_IMPORT_DELETION_H_
 
+#include "core/ModuleCommun.h"
 #include "odbc/OdbcSession.h"
 
 namespace imptable {

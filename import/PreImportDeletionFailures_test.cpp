@@ -40,8 +40,8 @@ class DeletingRun : public KeyedRun {
   void ExpectNoImport() {
     EXPECT_EQ(Go(), 3);
     EXPECT_TRUE(component.module().run.pre_deletion_failed);
-    EXPECT_TRUE(component.session().error_reported);
-    EXPECT_FALSE(component.session().statement);
+    EXPECT_TRUE(component.module().run.error_reported);
+    EXPECT_EQ(OpenStatements(), 0);
     EXPECT_THAT(Executed(), IsEmpty());
     EXPECT_THAT(Trace(), ElementsAre("<none>"));
   }
@@ -49,8 +49,8 @@ class DeletingRun : public KeyedRun {
   void ExpectImport() {
     EXPECT_EQ(Go(), 3);
     EXPECT_FALSE(component.module().run.pre_deletion_failed);
-    EXPECT_TRUE(component.session().error_reported);
-    EXPECT_FALSE(component.session().statement);
+    EXPECT_TRUE(component.module().run.error_reported);
+    EXPECT_EQ(OpenStatements(), 0);
     EXPECT_THAT(Executed(), SizeIs(1));
     EXPECT_THAT(Trace(), ElementsAre("00000001000000000"));
   }

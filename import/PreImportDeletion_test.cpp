@@ -61,9 +61,9 @@ TEST(GlobalDeletion, TakesAnythingButSuccessForAFailureAndImportsNothing) {
     if (*code != '1' || code[1] == '\0') expected.push_back(Error("( 5) info"));
     EXPECT_EQ(run.ModeLines(), expected) << code;
     EXPECT_TRUE(run.failed()) << code;
-    EXPECT_TRUE(run.component.session().error_reported);
+    EXPECT_TRUE(run.component.module().run.error_reported);
     EXPECT_THAT(run.Executed(), IsEmpty());
-    EXPECT_FALSE(run.component.session().statement);
+    EXPECT_EQ(run.OpenStatements(), 0);
   }
 }
 

@@ -29,10 +29,10 @@ class TextCell {
 };
 
 /// One catalogue query: a statement, its bindings, its fetch loop and its failures.
-class Query {
+class CatalogueQuery {
  public:
-  explicit Query(OdbcSession& session) : session_(session) {
-    if (statement_.Allocate(session.connection) != SQL_SUCCESS) session.ReportError();
+  explicit CatalogueQuery(OdbcSession& session) : session_(session) {
+    if (statement_.Allocate(session.connection) != SQL_SUCCESS) session.ReportOdbcError();
   }
 
   bool allocated() const { return static_cast<bool>(statement_); }
@@ -66,7 +66,7 @@ class Query {
 
  private:
   bool Fail() {
-    session_.ReportError(raw());
+    session_.ReportOdbcError(raw());
     return false;
   }
 
@@ -90,11 +90,11 @@ SQLSMALLINT Length(const std::string& text) { return static_cast<SQLSMALLINT>(te
 
 bool Catalogue::GetTableColumns(std::vector<TableColumn>& columns) {
   columns.clear();
-  Query query(session_);
+  CatalogueQuery query(session_);
   if (!query.allocated()) return false;
-  std::string table = module_.run.table;
+  std::string table = table_.name;
   EscapeUnderscores(table, session_.escape_char);
-  const OwnerArgument owner(module_.run.owner);
+  const OwnerArgument owner(table_.owner);
   if (!query.Ran(SQLColumns(query.raw(), nullptr, 0, owner.text, owner.length, SqlText(table),
                             Length(table), nullptr, 0))) {
     return false;
@@ -117,17 +117,16 @@ bool Catalogue::GetTableColumns(std::vector<TableColumn>& columns) {
         precision = 0;
       },
       [&] {
-        columns.push_back(
-            {name.Text(), sql_type, type_name.Text(), precision, scale, nullable, false});
+        columns.push_back({name.Text(), sql_type, type_name.Text(), precision, scale, nullable});
       });
 }
 
 bool Catalogue::GetColumnTypes(std::vector<TableColumn>& columns) {
   columns.clear();
-  Query query(session_);
+  CatalogueQuery query(session_);
   if (!query.allocated()) return false;
-  const OwnerArgument owner(module_.run.owner);
-  const std::string& table = module_.run.table;
+  const OwnerArgument owner(table_.owner);
+  const std::string& table = table_.name;
   if (!query.Ran(SQLColumns(query.raw(), nullptr, 0, owner.text, owner.length, SqlText(table),
                             Length(table), nullptr, 0))) {
     return false;
@@ -146,11 +145,12 @@ bool Catalogue::GetColumnTypes(std::vector<TableColumn>& columns) {
                         });
 }
 
-bool Catalogue::GetSpecialColumns(std::vector<TableColumn>& columns, bool& found) {
-  Query query(session_);
+bool Catalogue::GetSpecialColumns(std::vector<std::string>& names) {
+  names.clear();
+  CatalogueQuery query(session_);
   if (!query.allocated()) return false;
-  const OwnerArgument owner(module_.run.owner);
-  const std::string& table = module_.run.table;
+  const OwnerArgument owner(table_.owner);
+  const std::string& table = table_.name;
   if (!query.Ran(SQLSpecialColumns(query.raw(), SQL_ROWVER, nullptr, 0, owner.text, owner.length,
                                    SqlText(table), Length(table), SQL_SCOPE_CURROW,
                                    SQL_NULLABLE))) {
@@ -158,15 +158,7 @@ bool Catalogue::GetSpecialColumns(std::vector<TableColumn>& columns, bool& found
   }
   TextCell name(query.NameBytes());
   if (!query.Bound(name.Bind(query.raw(), 2))) return false;
-  return query.FetchAll([] {},
-                        [&] {
-                          const auto column = std::find_if(
-                              columns.begin(), columns.end(),
-                              [&](const TableColumn& each) { return each.name == name.Text(); });
-                          if (column == columns.end()) return;
-                          column->ignored = true;
-                          found = true;
-                        });
+  return query.FetchAll([] {}, [&] { names.push_back(name.Text()); });
 }
 
 bool Catalogue::CanListPrimaryKeys() const {
@@ -177,10 +169,10 @@ bool Catalogue::CanListPrimaryKeys() const {
 
 bool Catalogue::GetPrimaryKeyColumns(std::vector<KeyColumn>& key) {
   key.clear();
-  Query query(session_);
+  CatalogueQuery query(session_);
   if (!query.allocated()) return false;
-  const OwnerArgument owner(module_.run.owner);
-  const std::string& table = module_.run.table;
+  const OwnerArgument owner(table_.owner);
+  const std::string& table = table_.name;
   if (!query.Ran(SQLPrimaryKeys(query.raw(), nullptr, 0, owner.text, owner.length, SqlText(table),
                                 Length(table)))) {
     return false;
@@ -200,10 +192,10 @@ bool Catalogue::GetPrimaryKeyColumns(std::vector<KeyColumn>& key) {
 
 bool Catalogue::GetUniqueIndexColumns(std::vector<KeyColumn>& key) {
   key.clear();
-  Query query(session_);
+  CatalogueQuery query(session_);
   if (!query.allocated()) return false;
-  const OwnerArgument owner(module_.run.owner);
-  const std::string& table = module_.run.table;
+  const OwnerArgument owner(table_.owner);
+  const std::string& table = table_.name;
   if (!query.Ran(SQLStatistics(query.raw(), nullptr, 0, owner.text, owner.length, SqlText(table),
                                Length(table), SQL_INDEX_UNIQUE, SQL_QUICK))) {
     return false;
@@ -230,7 +222,7 @@ bool Catalogue::GetUniqueIndexColumns(std::vector<KeyColumn>& key) {
 
 bool Catalogue::GetTables(std::vector<TableName>& tables) {
   tables.clear();
-  Query query(session_);
+  CatalogueQuery query(session_);
   if (!query.allocated()) return false;
   const std::string type = "'TABLE'";
   if (!query.Ran(SQLTables(query.raw(), nullptr, 0, nullptr, 0, nullptr, 0, SqlText(type),
@@ -251,10 +243,10 @@ std::string QuoteIdentifier(const OdbcSession& session, std::string_view name) {
   return session.quote_char + std::string(name) + session.quote_char;
 }
 
-std::string TableReference(const ModuleCommun& module, const OdbcSession& session) {
-  std::string table = QuoteIdentifier(session, module.run.table);
-  if (module.run.owner.empty()) return table;
-  return QuoteIdentifier(session, module.run.owner) + '.' + table;
+std::string TableReference(const OdbcSession& session, const TableName& table) {
+  std::string reference = QuoteIdentifier(session, table.name);
+  if (table.owner.empty()) return reference;
+  return QuoteIdentifier(session, table.owner) + '.' + reference;
 }
 
 void EscapeUnderscores(std::string& name, std::string_view escape) {

@@ -4,13 +4,14 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "odbc/OdbcSession.h"
 
 namespace imptable {
 
-/// A column of the target table, as the driver describes it.
+/// A column of a table, as the driver describes it.
 struct TableColumn {
   std::string name;
   std::int16_t sql_type = 0;  // ODBC SQL type code
@@ -18,7 +19,6 @@ struct TableColumn {
   std::int32_t precision = 0;
   std::int16_t scale = 0;
   std::int16_t nullable = 0;
-  bool ignored = false;  // not to be written
 };
 
 /// A table of the data source. The owner is empty where the data source knows none.
@@ -34,25 +34,21 @@ struct KeyColumn {
   std::string key_name;       // of the index; empty for a primary key
 };
 
-/// The catalogue queries, on the table of the run ("Owner" and "Table") where nothing else is said,
-/// each on a statement of its own. Lists are in the driver's order. A query returns false after it
-/// has reported a diagnostic; its list then holds what was fetched so far. An empty result is a
-/// success.
+/// The catalogue queries on one table, each on a statement of its own. Lists are in the driver's
+/// order. A query returns false after it has reported a diagnostic; its list then holds what was
+/// fetched so far. An empty result is a success.
 class Catalogue {
  public:
-  /// @param module, session  borrowed.
-  Catalogue(const ModuleCommun& module, OdbcSession& session)
-      : module_(module), session_(session) {}
+  /// @param session  borrowed.
+  Catalogue(OdbcSession& session, TableName table) : session_(session), table_(std::move(table)) {}
 
-  /// The table's columns; those whose assignment in "Champs" ends with "Ignore" are marked.
   bool GetTableColumns(std::vector<TableColumn>& columns);
 
   /// The names and types alone of the columns of the table, whose name is taken as it stands.
   bool GetColumnTypes(std::vector<TableColumn>& columns);
 
-  /// Marks the columns that the database versions itself.
-  /// @param found  set to true when one was marked, else left alone.
-  bool GetSpecialColumns(std::vector<TableColumn>& columns, bool& found);
+  /// The names of the columns that the database versions itself.
+  bool GetSpecialColumns(std::vector<std::string>& names);
 
   /// Whether the driver has the query of GetPrimaryKeyColumns at all.
   bool CanListPrimaryKeys() const;
@@ -60,19 +56,19 @@ class Catalogue {
   bool GetPrimaryKeyColumns(std::vector<KeyColumn>& key);
   bool GetUniqueIndexColumns(std::vector<KeyColumn>& key);
 
-  /// The tables of the data source, whatever the run's; neither views nor system tables.
+  /// All tables of the data source; neither views nor system tables.
   bool GetTables(std::vector<TableName>& tables);
 
  private:
-  const ModuleCommun& module_;
   OdbcSession& session_;
+  TableName table_;
 };
 
 /// The name between two copies of the driver's identifier quote character.
 std::string QuoteIdentifier(const OdbcSession& session, std::string_view name);
 
-/// The quoted table of the run, preceded by the quoted owner and "." when there is one.
-std::string TableReference(const ModuleCommun& module, const OdbcSession& session);
+/// The quoted table, preceded by the quoted owner and "." when there is one.
+std::string TableReference(const OdbcSession& session, const TableName& table);
 
 /// Puts the escape character before every "_"; "%" is left as it is.
 void EscapeUnderscores(std::string& name, std::string_view escape);

@@ -92,12 +92,12 @@ std::vector<std::string> Calls(const std::string& owner, const std::string& tabl
   session.run().table = table;
   std::vector<std::string> calls;
   noted = &calls;
-  Catalogue catalogue(session.component.module(), session.odbc());
+  Catalogue catalogue = session.catalogue();
   std::vector<TableColumn> columns;
   std::vector<KeyColumn> key;
-  bool found = false;
+  std::vector<std::string> versions;
   EXPECT_TRUE(catalogue.GetTableColumns(columns));
-  EXPECT_TRUE(catalogue.GetSpecialColumns(columns, found));
+  EXPECT_TRUE(catalogue.GetSpecialColumns(versions));
   EXPECT_TRUE(catalogue.GetPrimaryKeyColumns(key));
   EXPECT_TRUE(catalogue.GetUniqueIndexColumns(key));
   noted = nullptr;
@@ -140,10 +140,9 @@ TEST(CatalogueArguments, ReachTheDriver) {
   EXPECT_TRUE(session.Connect());
   session.run().table = "MY_TABLE";
   std::vector<TableColumn> columns;
-  Catalogue catalogue(session.component.module(), session.odbc());
-  EXPECT_TRUE(catalogue.GetTableColumns(columns));
+  EXPECT_TRUE(session.catalogue().GetTableColumns(columns));
   session.run().owner = "dbo";
-  EXPECT_TRUE(catalogue.GetTableColumns(columns));
+  EXPECT_TRUE(session.catalogue().GetTableColumns(columns));
   EXPECT_THAT(session.source.LogLines("SQLColumns"),
               ElementsAre("SQLColumns schema=<null> table=MY\\_TABLE = 0",
                           "SQLColumns schema=dbo table=MY\\_TABLE = 0"));

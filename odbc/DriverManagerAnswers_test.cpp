@@ -162,7 +162,6 @@ TEST(DriverManager, IsNotAskedAnyFurtherWhenItHasNoEnvironment) {
     EXPECT_FALSE(session.odbc().connected);
     EXPECT_THAT(session.Boxes(), ElementsAre("Erreur Initialisation Environnement (SQLAllocEnv)"));
     EXPECT_THAT(manager.calls, ElementsAre("SQLAllocEnv"));
-    EXPECT_FALSE(session.odbc().error_reported);
   }
 }
 
@@ -264,22 +263,20 @@ TEST(DriverManager, PassesOverADiagnosticWithoutTextAndGoesOn) {
   ManagerAnswers manager;
   manager.diagnostics = {
       {SQL_SUCCESS, 1, "first"}, {SQL_SUCCESS, 2, ""}, {SQL_SUCCESS, 3, "third"}};
-  session.odbc().ReportError();
+  session.odbc().ReportOdbcError();
   EXPECT_THAT(session.Boxes(), ElementsAre("( 1) first", "( 3) third"));
-  EXPECT_TRUE(session.odbc().error_reported);
 }
 
-TEST(DriverManager, IsKnownForADuplicateEvenWithoutText) {
+TEST(DriverManager, IsAskedNoFurtherAfterTheCodeThatItsCallerLooksFor) {
   ScriptedSession session;
-  session.run().duplicate_key = 1;
-  session.run().error_code = "2627";
+  session.ReportToTheRun();
   ManagerAnswers manager;
-  manager.diagnostics = {{SQL_SUCCESS, 2627, ""}, {SQL_SUCCESS, 3, "third"}};
-  bool ignored = false;
-  session.odbc().ReportOdbcError(SQL_NULL_HDBC, SQL_NULL_HSTMT, kDialogMode, ignored);
-  EXPECT_TRUE(ignored);
+  manager.diagnostics = {{SQL_SUCCESS, 1, "first"}, {SQL_SUCCESS, 2627, ""}, {SQL_SUCCESS, 3, "x"}};
+  const std::vector<Diagnostic> taken = session.odbc().TakeDiagnostics(SQL_NULL_HSTMT, 2627);
+  ASSERT_EQ(taken.size(), 2U);
+  EXPECT_EQ(taken.back().native_code, 2627);
   EXPECT_EQ(manager.diagnostics.size(), 1U);
-  EXPECT_FALSE(session.odbc().error_reported);
+  EXPECT_FALSE(session.run().error_reported);
 }
 
 TEST(DriverManager, IsAskedNoFurtherAfterATextThatItCut) {
@@ -287,27 +284,27 @@ TEST(DriverManager, IsAskedNoFurtherAfterATextThatItCut) {
   ManagerAnswers manager;
   manager.diagnostics = {{SQL_SUCCESS_WITH_INFO, 1, std::string(600, 'x')},
                          {SQL_SUCCESS, 2, "second"}};
-  session.odbc().ReportError();
+  session.odbc().ReportOdbcError();
   EXPECT_THAT(session.Boxes(), ElementsAre("( 1) " + std::string(511, 'x')));
   EXPECT_EQ(manager.diagnostics.size(), 1U);
-  EXPECT_TRUE(session.odbc().error_reported);
 }
 
 TEST(DriverManager, CountsAsAnErrorEvenWhenItCannotSayWhich) {
   ScriptedSession session;
+  session.ReportToTheRun();
   ManagerAnswers manager;
   manager.diagnostics = {{SQL_ERROR, 0, "unread"}, {SQL_SUCCESS, 2, "second"}};
-  session.odbc().ReportError();
+  session.odbc().ReportOdbcError();
   EXPECT_THAT(session.Boxes(), IsEmpty());
   EXPECT_EQ(manager.diagnostics.size(), 1U);
-  EXPECT_TRUE(session.odbc().error_reported);
+  EXPECT_TRUE(session.run().error_reported);
 }
 
 TEST(DriverManager, IsAskedForDiagnosticsOf512Bytes) {
   ScriptedSession session;
   EXPECT_TRUE(session.Connect());
   ManagerAnswers manager;
-  session.odbc().ReportError();
+  session.odbc().ReportOdbcError();
   EXPECT_THAT(manager.calls, ElementsAre("SQLError 512"));
 }
 
@@ -327,7 +324,6 @@ TEST(ReleasedStatement, IsForgottenOnlyWhenTheDriverManagerConfirms) {
   EXPECT_EQ(statement, nullptr);
   EXPECT_THAT(manager.calls, ElementsAre("SQLFreeStmt 1", "SQLFreeStmt 1", "SQLFreeStmt 1"));
   EXPECT_THAT(session.Boxes(), IsEmpty());
-  EXPECT_FALSE(session.odbc().error_reported);
 }
 
 TEST(ReleasedStatement, IsNotReleasedOnceMoreWhenItWentWithInformation) {
@@ -341,20 +337,6 @@ TEST(ReleasedStatement, IsNotReleasedOnceMoreWhenItWentWithInformation) {
   EXPECT_FALSE(statement);
   statement.Drop();
   EXPECT_THAT(manager.calls, ElementsAre("SQLFreeStmt 1"));
-}
-
-TEST(ReleasedStatement, IsForgottenWhenItsConnectionGoes) {
-  ScriptedSession session;
-  EXPECT_TRUE(session.Connect());
-  ManagerAnswers manager;
-  EXPECT_EQ(session.odbc().statement.Allocate(session.odbc().connection), SQL_SUCCESS);
-  manager.Refuse("SQLFreeStmt", SQL_ERROR);
-  session.odbc().statement.Drop();
-  EXPECT_TRUE(session.odbc().statement);
-  session.odbc().DisconnectDataSource();
-  EXPECT_FALSE(session.odbc().statement);
-  EXPECT_TRUE(session.Connect());
-  EXPECT_THAT(manager.calls, testing::Not(testing::Contains("SQLFreeStmt 1").Times(2)));
 }
 
 TEST(DataSourceList, IsAskedForEntryByEntryOnAnEnvironmentOfItsOwn) {

@@ -6,9 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/testing/TemporaryFolder.h"
 #include "tests/kit/ScriptedSession.h"
-#include "tests/kit/TextFile.h"
 
 namespace imptable {
 namespace {
@@ -35,24 +33,6 @@ TEST(HiddenPassword, IsNotInTheReport) {
   EXPECT_THAT(session.component.host.lines,
               ElementsAre(WrittenLine{"( 18456) login failed: UID=sa;PWD=******;",
                                       ReportKind::kError, nullptr}));
-}
-
-TEST(HiddenPassword, IsNotInTheErrorFile) {
-  ScriptedSession session("on SQLExecDirect return -1 diag 42000 1 \"top secret has no rights\"");
-  session.ReportToTheRun();
-  EXPECT_TRUE(ConnectWithPassword(session));
-  TemporaryFolder folder(testing::TempDir());
-  RunFile file = RunFile::Create(session.component.files, folder.path() + "T.ERR");
-  session.odbc().error_file = &file;
-  session.odbc().line_number = 3;
-  Statement statement;
-  ASSERT_EQ(statement.Allocate(session.odbc().connection), SQL_SUCCESS);
-  const std::string text = "DELETE FROM T";
-  EXPECT_EQ(SQLExecDirect(statement.raw(), SqlText(text), SQL_NTS), SQL_ERROR);
-  session.odbc().ReportError(statement.raw());
-  session.odbc().error_file = nullptr;
-  EXPECT_EQ(folder.Read("T.ERR"),
-            TextFile({"15/11/2006 08:30:00.... Ligne  3 ( 1) ****** has no rights"}));
 }
 
 TEST(HiddenPassword, IsNotAtTheEndOfATextThatIsCutThere) {

@@ -37,9 +37,7 @@ TEST(TableReference, IsTheQuotedTableBehindTheQuotedOwner) {
                            Case{"", "dbo", "dbo.CLIENT"}, Case{"", "", "CLIENT"}}) {
     TestComponent component;
     component.session().quote_char = each.quote;
-    component.module().run.owner = each.owner;
-    component.module().run.table = "CLIENT";
-    EXPECT_EQ(TableReference(component.module(), component.session()), each.expected);
+    EXPECT_EQ(TableReference(component.session(), {each.owner, "CLIENT"}), each.expected);
   }
 }
 

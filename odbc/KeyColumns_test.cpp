@@ -36,7 +36,7 @@ class KeyOfClient {
   std::vector<KeyColumn> columns;
 
  private:
-  Catalogue catalogue() { return Catalogue(session.component.module(), session.odbc()); }
+  Catalogue catalogue() { return session.catalogue(); }
 };
 
 TEST(PrimaryKey, IsListedInTheDriversOrderWithoutItsName) {

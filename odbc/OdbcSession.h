@@ -3,35 +3,26 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "core/ModuleCommun.h"
-#include "core/RunFile.h"
 #include "odbc/Cancellation.h"
+#include "odbc/Diagnostic.h"
 #include "odbc/Dialect.h"
 #include "odbc/OdbcApi.h"
 #include "odbc/PasswordMask.h"
 #include "odbc/Statement.h"
+#include "platform/system/MessageLoop.h"
 
 namespace imptable {
 
-/// Where diagnostics go: never change.
-inline constexpr std::int16_t kDialogMode = 0;  // message boxes
-inline constexpr std::int16_t kRunMode = 1;     // the execution report, or the open ".ERR" file
-
-/// What a driver says about a failure, or about a success.
-struct Diagnostic {
-  SQLINTEGER native_code = 0;
-  std::string text;  // without the connection's password
-};
-
-/// The one connection of the component, the driver's properties, and the single path by which
-/// every ODBC failure becomes text.
+/// One connection, the driver's properties, and the single path by which every ODBC failure becomes
+/// data.
 class OdbcSession {
  public:
-  /// @param module  borrowed; must outlive the session.
-  explicit OdbcSession(ModuleCommun& module) : module_(module) {}
+  /// @param loop, failures  borrowed; must outlive the session.
+  OdbcSession(MessageLoop& loop, FailureListener& failures) : listener(&failures), loop_(loop) {}
   OdbcSession(const OdbcSession&) = delete;
   OdbcSession& operator=(const OdbcSession&) = delete;
   ~OdbcSession();
@@ -45,42 +36,28 @@ class OdbcSession {
   /// What couldn't be freed is, before the next connection or with the session.
   void DisconnectDataSource();
 
-  /// @return true only for code 0; any other code is reported with `text`.
-  bool CheckOdbcReturn(SQLRETURN code, const std::string& text);
+  /// @return true only for code 0; for any other code the listener is told the step.
+  bool CheckOdbcReturn(SQLRETURN code, Message step);
 
-  /// Fetches every diagnostic of the connection or statement and shows it. Sets `error_reported`,
-  /// unless the native code is the duplicate that the task ignores: then `duplicate_ignored` is set
-  /// and the rest is left unread. The connection's password is hidden in what is shown.
-  /// @param statement  SQL_NULL_HSTMT for a diagnostic of the connection.
-  /// @param reporting_mode  kDialogMode or kRunMode; anything else shows nothing.
-  void ReportOdbcError(SQLHDBC connection, SQLHSTMT statement, std::int16_t reporting_mode,
-                       bool& duplicate_ignored);
+  /// Tells the listener every diagnostic of a statement of this connection.
+  /// @param statement  SQL_NULL_HSTMT for the diagnostics of the connection.
+  void ReportOdbcError(SQLHSTMT statement = SQL_NULL_HSTMT);
 
-  /// The same on this connection, in the current execution mode, for callers that ignore no
-  /// duplicate: every diagnostic is shown.
-  void ReportError(SQLHSTMT statement = SQL_NULL_HSTMT);
+  /// Fetches the diagnostics of a statement, or of the connection; the next call on it loses them.
+  /// The connection's password is hidden in their texts.
+  /// @param last  a native code behind which nothing is read.
+  std::vector<Diagnostic> TakeDiagnostics(SQLHSTMT statement,
+                                          std::optional<SQLINTEGER> last = std::nullopt);
 
   /// Executes a prepared statement, or a text at once; `cancellation` reaches it meanwhile.
   SQLRETURN Execute(SQLHSTMT prepared);
   SQLRETURN ExecuteText(SQLHSTMT allocated, const std::string& text);
 
-  /// Fetches every diagnostic of a statement of this connection, which the next call on it loses,
-  /// and shows none.
-  std::vector<Diagnostic> TakeDiagnostics(SQLHSTMT statement_with_some);
-
-  /// Shows diagnostics that were taken, in the current execution mode.
-  /// @param duplicate_ignored  as for ReportOdbcError; null for those who ignore no duplicate.
-  void ReportTaken(const std::vector<Diagnostic>& taken, bool* duplicate_ignored);
-
-  /// Shows an own text where diagnostics go, in the current execution mode.
-  void ReportText(const std::string& text);
-
-  /// Reads the user's decimal separator; keeps the previous one when there is none.
-  void ReadSystemDecimalSeparator();
+  /// Where failures go from now on; borrowed.
+  FailureListener* listener;
 
   SQLHENV environment = SQL_NULL_HENV;
   SQLHDBC connection = SQL_NULL_HDBC;
-  Statement statement;  // of the running import mode
   bool connected = false;
 
   const Dialect* dialect = &DialectOf({});
@@ -90,12 +67,6 @@ class OdbcSession {
   std::string escape_char;  // of search patterns
   std::uint16_t max_column_name_length = 0;
   std::uint16_t max_table_name_length = 0;
-
-  std::int16_t execution_mode = kDialogMode;
-  bool error_reported = false;
-  RunFile* error_file = nullptr;  // the ".ERR" file while it is open; borrowed
-  std::int32_t line_number = 0;   // of the source line being processed
-  std::string system_decimal_separator = ".";
 
  private:
   /// Gives back every handle that is still held, in silence.
@@ -109,18 +80,9 @@ class OdbcSession {
   std::string InfoText(SQLUSMALLINT item);
   std::uint16_t InfoLength(SQLUSMALLINT item);
   void QueryDialect();
-  SQLRETURN NextDiagnostic(SQLHDBC failed_connection, SQLHSTMT failed_statement,
-                           Diagnostic& diagnostic);
-  void Report(SQLHDBC failed_connection, SQLHSTMT failed_statement, std::int16_t reporting_mode,
-              bool* duplicate_ignored);
+  SQLRETURN NextDiagnostic(SQLHSTMT statement, Diagnostic& diagnostic);
 
-  /// @return false for the ignorable duplicate.
-  bool ShowUnlessIgnored(const Diagnostic& diagnostic, std::int16_t reporting_mode,
-                         bool* duplicate_ignored);
-  void ShowText(std::int16_t reporting_mode, const std::string& text);
-  bool IsIgnorableDuplicate(SQLINTEGER native_code) const;
-
-  ModuleCommun& module_;
+  MessageLoop& loop_;
   PasswordMask mask_;
   std::vector<SQLHDBC> refused_connections_;  // that the driver manager didn't free
   std::vector<SQLHENV> refused_environments_;

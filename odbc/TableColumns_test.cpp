@@ -26,25 +26,20 @@ class ClientTable {
   }
 
   bool Load() { return catalogue().GetTableColumns(columns); }
-  bool MarkVersions() { return catalogue().GetSpecialColumns(columns, found); }
+  bool LoadVersions() { return catalogue().GetSpecialColumns(versions); }
 
   std::vector<std::string> Names() const {
     std::vector<std::string> names;
     for (const TableColumn& column : columns) names.push_back(column.name);
     return names;
   }
-  std::vector<bool> Ignored() const {
-    std::vector<bool> ignored;
-    for (const TableColumn& column : columns) ignored.push_back(column.ignored);
-    return ignored;
-  }
 
   ScriptedSession session;
   std::vector<TableColumn> columns;
-  bool found = false;
+  std::vector<std::string> versions;
 
  private:
-  Catalogue catalogue() { return Catalogue(session.component.module(), session.odbc()); }
+  Catalogue catalogue() { return session.catalogue(); }
 };
 
 TEST(TableColumns, AreThoseOfTheDriverInItsOrder) {
@@ -61,7 +56,6 @@ TEST(TableColumns, AreThoseOfTheDriverInItsOrder) {
   EXPECT_EQ(amount.precision, 12);
   EXPECT_EQ(amount.scale, 2);
   EXPECT_EQ(amount.nullable, 2);
-  EXPECT_FALSE(amount.ignored);
   EXPECT_EQ(table.columns.at(1).nullable, 0);
   EXPECT_EQ(table.columns.at(3).sql_type, -1);
   EXPECT_EQ(table.columns.at(3).precision, 2147483647);
@@ -79,7 +73,6 @@ TEST(TableColumns, ReplaceThoseThatTheListHeld) {
   EXPECT_TRUE(table.Load());
   EXPECT_TRUE(table.Load());
   EXPECT_THAT(table.Names(), ElementsAre("CODE"));
-  EXPECT_THAT(table.Ignored(), ElementsAre(false));
 }
 
 TEST(TableColumns, AreReadIntoBuffersOfTheDriversSizes) {
@@ -125,63 +118,24 @@ TEST(TableColumns, FailWithANameOrTypeThatIsLonger) {
   }
 }
 
-TEST(RowVersions, AreIgnored) {
+TEST(RowVersions, AreThoseOfTheDriverInItsOrder) {
   ClientTable table(
       "column CODE 4 INTEGER 10 0 0\n"
-      "column TS -2 TIMESTAMP 8 0 0\n"
-      "rowversion TS\n");
-  EXPECT_TRUE(table.Load());
-  EXPECT_THAT(table.Ignored(), ElementsAre(false, false));
-  EXPECT_TRUE(table.MarkVersions());
-  EXPECT_THAT(table.Ignored(), ElementsAre(false, true));
-  EXPECT_TRUE(table.found);
+      "rowversion V2\nrowversion V1\nrowversion null\nrowid CODE\n");
+  table.versions = {"of before"};
+  EXPECT_TRUE(table.LoadVersions());
+  EXPECT_THAT(table.versions, ElementsAre("V2", "V1", ""));
 }
 
-TEST(RowVersions, LeaveTheOtherColumnsAsTheyWere) {
-  ClientTable table(
-      "column CODE 4 INTEGER 10 0 0\n"
-      "column NOM 12 VARCHAR 30 0 1\n"
-      "column V1 -2 TIMESTAMP 8 0 0\n"
-      "column V2 -2 TIMESTAMP 8 0 0\n"
-      "rowversion V2\nrowversion V1\n");
-  EXPECT_TRUE(table.Load());
-  table.columns[0].ignored = true;
-  EXPECT_TRUE(table.MarkVersions());
-  EXPECT_THAT(table.Ignored(), ElementsAre(true, false, true, true));
-}
-
-TEST(RowVersions, AreNotFoundUnlessTheTableHasThem) {
-  for (const char* reported : {"", "rowversion OTHER\n", "rowversion ts\n", "rowversion T\n",
-                               "rowversion TSX\n", "rowversion null\n", "rowid TS\n"}) {
-    ClientTable table("column TS -2 TIMESTAMP 8 0 0\n" + std::string(reported));
-    EXPECT_TRUE(table.Load());
-    EXPECT_TRUE(table.MarkVersions()) << reported;
-    EXPECT_FALSE(table.found) << reported;
-    EXPECT_THAT(table.Ignored(), ElementsAre(false)) << reported;
-  }
-}
-
-TEST(RowVersions, KeepWhatWasFoundBefore) {
-  ClientTable table("column CODE 4 INTEGER 10 0 0\n");
-  EXPECT_TRUE(table.Load());
-  table.found = true;
-  EXPECT_TRUE(table.MarkVersions());
-  EXPECT_TRUE(table.found);
-}
-
-TEST(RowVersions, MarkTheFirstOfTwoColumnsOfOneName) {
-  ClientTable table(
-      "column TS -2 TIMESTAMP 8 0 0\n"
-      "column TS -2 TIMESTAMP 8 0 0\n"
-      "rowversion TS\n");
-  EXPECT_TRUE(table.Load());
-  EXPECT_TRUE(table.MarkVersions());
-  EXPECT_THAT(table.Ignored(), ElementsAre(true, false));
+TEST(RowVersions, MayBeNone) {
+  ClientTable table("column TS -2 TIMESTAMP 8 0 0\n");
+  EXPECT_TRUE(table.LoadVersions());
+  EXPECT_THAT(table.versions, IsEmpty());
 }
 
 TEST(RowVersions, AreReadIntoABufferOfTheDriversSize) {
   ClientTable table("info 30 18\nrowversion TS\n");
-  EXPECT_TRUE(table.MarkVersions());
+  EXPECT_TRUE(table.LoadVersions());
   EXPECT_THAT(table.session.source.LogLines("SQLBindCol"),
               ElementsAre("SQLBindCol 2 ctype=1 buflen=19 = 0"));
 }

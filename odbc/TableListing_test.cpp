@@ -20,7 +20,7 @@ class TableListing {
     EXPECT_TRUE(session.Connect());
   }
 
-  bool Load() { return Catalogue(session.component.module(), session.odbc()).GetTables(tables); }
+  bool Load() { return session.catalogue().GetTables(tables); }
 
   /// Each as "owner.name".
   std::vector<std::string> Names() const {
@@ -75,10 +75,10 @@ TEST(TableList, FailsAfterTheDriversDiagnostic) {
 TEST(PrimaryKeyQuery, IsThereWhenTheDriverSaysSo) {
   ScriptedSession with;
   EXPECT_TRUE(with.Connect());
-  EXPECT_TRUE(Catalogue(with.component.module(), with.odbc()).CanListPrimaryKeys());
+  EXPECT_TRUE(with.catalogue().CanListPrimaryKeys());
   ScriptedSession without("support 65 no\n");
   EXPECT_TRUE(without.Connect());
-  EXPECT_FALSE(Catalogue(without.component.module(), without.odbc()).CanListPrimaryKeys());
+  EXPECT_FALSE(without.catalogue().CanListPrimaryKeys());
 }
 
 }  // namespace

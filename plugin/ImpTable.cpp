@@ -100,7 +100,7 @@ void ImpTable::mwTimer1_Tick() {
 
 void ImpTable::ShowDialog(bool as_wrapper) {
   state_.commun.location = {Regst, RegstCle};
-  state_.odbc.execution_mode = kDialogMode;
+  state_.SetExecutionMode(ExecutionMode::kDialog);
   if (dialogs_ == nullptr) throw RuntimeFault(FaultNumber::kNoHostObject, "FrmImpTable");
   const auto dialog = dialogs_->Create(Etat, Nom, Scen);
   if (as_wrapper) {

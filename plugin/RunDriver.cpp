@@ -7,35 +7,15 @@
 #include "core/FileLook.h"
 #include "core/StampText.h"
 #include "import/PreImportDeletion.h"
+#include "import/ledger/ChainEnd.h"
 #include "import/ledger/ResumeChain.h"
 #include "import/ledger/ResumeCheck.h"
 #include "import/ledger/ResumeRule.h"
 #include "import/ledger/TaskFiles.h"
-#include "import/modes/DeleteMode.h"
-#include "import/modes/InsertMode.h"
-#include "import/modes/UpdateInsertMode.h"
-#include "import/modes/UpdateMode.h"
 #include "import/source/LineReader.h"
 #include "plugin/TaskLoading.h"
 
 namespace imptable {
-namespace {
-
-// Values of "Mode" that import something, and of "Suppression": never change. Mode 2 is
-// INSERT/UPDATE, for which nothing is run.
-constexpr std::int16_t kModeInsert = 0;
-constexpr std::int16_t kModeUpdate = 1;
-constexpr std::int16_t kModeUpdateInsert = 3;
-constexpr std::int16_t kModeDelete = 4;
-constexpr std::int16_t kGlobalDeletion = 1;
-constexpr std::int16_t kSelectiveDeletion = 2;
-
-}  // namespace
-
-bool ImportsAnything(std::int16_t mode) {
-  return mode == kModeInsert || mode == kModeUpdate || mode == kModeUpdateInsert ||
-         mode == kModeDelete;
-}
 
 RuntimeFault CurrentFault() {
   try {
@@ -69,8 +49,8 @@ void RunDriver::Execute() {
 }
 
 void RunDriver::ClearRun() {
-  state_.odbc.execution_mode = kRunMode;
-  state_.odbc.error_reported = false;
+  state_.SetExecutionMode(ExecutionMode::kRun);
+  run_.error_reported = false;
   run_.scenario = request_.scenario;
   run_.task = request_.task;
   run_.status = RunStatus::kRunning;
@@ -125,7 +105,7 @@ void RunDriver::RunTask() {
     return;
   }
   Report(module_.MessageText(Message::kDeleteErrorFiles), ReportKind::kInformation);
-  state_.odbc.ReadSystemDecimalSeparator();
+  module_.ReadDecimalSeparator();
   DecideResume();  // while everything is as the last run left it
   const DataFile file = LookAtDataFile();
   const std::unique_ptr<ImportLoop> import = MakeImport(file.state);
@@ -151,24 +131,17 @@ void RunDriver::RunTask() {
 }
 
 void RunDriver::RefuseMissingFile() {
-  Report(module_.MessageText(Message::kNoFile) + DataFilePath(run_, run_.full_file_name == 1),
-         ReportKind::kError);
-  state_.odbc.error_reported = true;
+  Report(module_.MessageText(Message::kNoFile) + DataFilePath(run_), ReportKind::kError);
+  run_.error_reported = true;
   RecordOutcome();
-}
-
-void RunDriver::RemoveSideFile(std::string_view extension) {
-  FileSystem& files = module_.platform.files;
-  // A file that can't be deleted is the import's to complain about, when it opens it.
-  static_cast<void>(files.Remove(files.Locate(SideFilePath(run_, extension))));
 }
 
 void RunDriver::DecideResume() {
   FileSystem& files = module_.platform.files;
   try {
     ResumeChain(files, SideFilePath(run_, kChainExtension)).RequireOwn();
-    run_.resume = request_.request == kResumeRequest && CanResume(files, run_);
-    if (!run_.resume) return;
+    run_.resume = request_.request == kResumeRequest && (run_.resumes || CanResume(files, run_));
+    if (!run_.resume || run_.resumes) return;
     const ChainFindings chain = FindChain(files, run_);
     if (const auto obstacle = FindObstacle(files, run_, chain)) throw FaultOf(*obstacle, chain);
   } catch (const RuntimeFault& fault) {
@@ -182,43 +155,15 @@ void RunDriver::DecideResume() {
 }
 
 void RunDriver::PrepareSideFiles() {
-  RemoveSideFile(kErrorExtension);
-  // What is left of an older chain would make a later resume skip lines of this run.
-  if (!run_.resume) EndChain();
-}
-
-bool RunDriver::Discard(std::string_view extension) {
   FileSystem& files = module_.platform.files;
-  const std::string path = files.Locate(SideFilePath(run_, extension));
-  if (!RemoveIfAny(files, path)) return true;
-  // Emptied it is as good as deleted.
-  std::error_code opening;
-  const auto file = files.OpenForWriting(path, WriteMode::kTruncate, opening);
-  return file && !file->Close();
-}
-
-void RunDriver::EndChain() {
-  ResumeChain chain(module_.platform.files, SideFilePath(run_, kChainExtension));
-  // First of all, in one step: whenever the run dies, nothing half deleted is resumed.
-  if (chain.state() == ResumeChain::State::kOpen) chain.Void();
-  DeleteChain();
-}
-
-void RunDriver::DeleteChain() {
-  ResumeChain chain(module_.platform.files, SideFilePath(run_, kChainExtension));
-  const bool trace_is_gone = Discard(kTraceExtension);
-  Discard(kRejectedExtension);
-  // With the trace option that trace alone would be resumed.
-  if (!trace_is_gone && run_.trace_option == 1) {
-    chain.Void();
-  } else {
-    chain.Remove();
-  }
+  DeleteErrorFile(files, run_);
+  // What is left of an older chain would make a later resume skip lines of this run.
+  if (!run_.resume) EndChain(files, run_);
 }
 
 RunDriver::DataFile RunDriver::LookAtDataFile() {
   FileSystem& files = module_.platform.files;
-  DataFile file{DataFilePath(run_, run_.full_file_name == 1)};
+  DataFile file{DataFilePath(run_)};
   const std::string located = files.Locate(file.path);
   const auto info = LookAt(files, located);
   if (!info) {
@@ -254,42 +199,27 @@ void RunDriver::ReportDataFile(const DataFile& file) {
 
 std::unique_ptr<ImportLoop> RunDriver::MakeImport(FileState state) {
   if (state != FileState::kPresent && state != FileState::kNoFile) return nullptr;
-  std::unique_ptr<ModeRoutine> mode;
-  switch (run_.mode) {
-    case kModeInsert:
-      mode = MakeInsertMode(module_, state_.odbc);
-      break;
-    case kModeUpdate:
-      mode = MakeUpdateMode(module_, state_.odbc);
-      break;
-    case kModeUpdateInsert:
-      mode = MakeUpdateInsertMode(module_, state_.odbc);
-      break;
-    case kModeDelete:
-      mode = MakeDeleteMode(module_, state_.odbc);
-      break;
-    default:
-      return nullptr;
-  }
-  return std::make_unique<ImportLoop>(module_, state_.odbc, std::move(mode));
+  const Mode* const mode = FindMode(run_.mode);
+  if (mode == nullptr) return nullptr;
+  return std::make_unique<ImportLoop>(module_, state_.odbc, *mode);
 }
 
 bool RunDriver::StopAskedFor() {
   if (!run_.stop_requested.load()) return false;
   run_.interrupted = true;
-  state_.odbc.error_reported = true;
+  run_.error_reported = true;
   return true;
 }
 
 void RunDriver::DeleteBeforeImport(FileState state) {
-  const bool even_when_empty = run_.empty_file_policy == 1;
+  const bool even_when_empty = run_.empty_file_policy == Flag::kOn;
   if (run_.resume ||
       !(state == FileState::kPresent || (state == FileState::kEmpty && even_when_empty))) {
     return;
   }
-  if (run_.deletion_mode == kGlobalDeletion) RunGlobalDeletion(module_, state_.odbc);
+  if (run_.deletion == Deletion::kGlobal) RunGlobalDeletion(module_, state_.odbc);
   FileSystem& files = module_.platform.files;
-  if (run_.deletion_mode == kSelectiveDeletion &&
+  if (run_.deletion == Deletion::kSelective &&
       LookAt(files, files.Locate(SideFilePath(run_, kSelectionExtension)))) {
     RunSelectiveDeletion(module_, state_.odbc);
   }
@@ -299,23 +229,15 @@ void RunDriver::RecordOutcome() {
   module_.platform.message_loop.Yield();
   // When it can't be looked at, what the import reported decides alone.
   if (IsNotEmpty(module_.platform.files, SideFilePath(run_, kErrorExtension))) {
-    state_.odbc.error_reported = true;
+    run_.error_reported = true;
   }
   Report(module_.MessageText(Message::kTerminated), ReportKind::kHeading);
   module_.WriteText(run_.task, "ExecuteLe", StampText(module_.platform.clock.Now()));
-  if (state_.odbc.error_reported) {
+  if (run_.error_reported) {
     run_.status = RunStatus::kFailed;
     return;
   }
   run_.status = RunStatus::kSucceeded;
-}
-
-void RunDriver::DeleteWhatCanBe() {
-  try {
-    DeleteChain();
-  } catch (const RuntimeFault&) {
-    // The import is done all the same. The next run ends the chain, or says why it can't.
-  }
 }
 
 bool RunDriver::WriteStatus() {
@@ -329,11 +251,7 @@ void RunDriver::Finish() {
   // A resume that came to no line has done nothing of its chain.
   if (run_.resume && run_.progress.read == 0) return;
   // Only now: once the trace is gone nothing but the status tells a run that is done.
-  try {
-    EndChain();
-  } catch (const RuntimeFault&) {
-    DeleteWhatCanBe();
-  }
+  EndDoneChain(module_.platform.files, run_);
 }
 
 void RunDriver::Disconnect() {

@@ -47,6 +47,7 @@ class RunDriver {
 
   void ClearRun();
   void Announce();
+  /// Takes the task as whoever opened it has read it, or opens it.
   void LoadTask();
   void RunTask();
   /// @throws RuntimeFault  when there is a chain to resume that this run may not go on with; the
@@ -66,15 +67,6 @@ class RunDriver {
   /// Stores the status, then ends the chain that is done.
   void Finish();
 
-  void RemoveSideFile(std::string_view extension);
-  /// Deletes a side file, or empties it where it can't be deleted. @return whether one of these
-  /// did.
-  bool Discard(std::string_view extension);
-  /// Declares the chain of resumes over, then deletes its files.
-  void EndChain();
-  void DeleteChain();
-  /// The same, as far as it goes: what fails is left to the next run.
-  void DeleteWhatCanBe();
   bool StopAskedFor();
   void Report(const std::string& text, ReportKind kind) { module_.WriteReport(text, kind); }
 
@@ -85,9 +77,6 @@ class RunDriver {
   std::function<void()> progress_;
   bool announced_ = false;
 };
-
-/// Whether there is an import for this value of "Mode".
-bool ImportsAnything(std::int16_t mode);
 
 /// The fault that an exception amounts to; to be called from within a handler.
 RuntimeFault CurrentFault();

@@ -187,7 +187,7 @@ TEST_F(RunDriverTest, ForgetsTheErrorsOfTheRunBefore) {
   EXPECT_EQ(run_.Go(), 3);
   run_.Source({"1;a"});
   EXPECT_EQ(run_.Go(), 2);
-  EXPECT_EQ(run_.progress().errors, 0);
+  EXPECT_EQ(run_.progress().lines[Outcome::kRejected], 0);
   EXPECT_EQ(run_.progress().read, 1);
 }
 
@@ -206,7 +206,7 @@ TEST_F(RunDriverTest, TakesTheUsersDecimalSeparatorBeforeTheImport) {
   run_.component.registry.SetText({kHkeyCurrentUser, "Control Panel\\International"}, "sDecimal",
                                   ",");
   run_.Go();
-  EXPECT_EQ(run_.component.session().system_decimal_separator, ",");
+  EXPECT_EQ(run_.component.module().run.decimal_separator, ",");
 }
 
 TEST_F(RunDriverTest, LetsTwoTasksOfAComponentRunOneAfterTheOther) {

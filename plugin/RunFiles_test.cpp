@@ -3,8 +3,9 @@
 
 #include <filesystem>
 
-#include "plugin/ResumeOutlook.h"
+#include "import/ledger/ResumeOutlook.h"
 #include "plugin/ScenarioKeys.h"
+#include "plugin/TaskLoading.h"
 #include "tests/kit/ImportRun.h"
 
 namespace imptable {
@@ -301,8 +302,10 @@ TEST_P(ResumePolicy, DeletesBeforeTheImportOnlyWhenItStartsAfresh) {
 }
 
 TEST_P(ResumePolicy, IsForetoldWithoutTouchingAnything) {
-  const KeyPath tasks = TasksKey("S1");
-  const auto outlook = LookAtResume(run_.component.state, tasks, "S1", "T1");
+  ModuleCommun& module = run_.component.module();
+  module.location = TasksKey("S1");
+  TakeTask(module, OpenTask(module, "S1", "T1"));
+  const auto outlook = LookAtResume(module);
   const ResumeCase& resume = GetParam();
   const bool could = resume.resumes || resume.request != 2;
   EXPECT_EQ(outlook.answer == ResumeAnswer::kResumes, could);

@@ -8,18 +8,6 @@ namespace {
 
 constexpr std::string_view kNewLine = "\r\n    ";
 
-struct Labels {
-  std::string_view run_scenario, run_again, check_after, condition, yes, no;
-};
-constexpr Labels kFrench{"Continuez le scénario : ",
-                         "Auto-Relance : ",
-                         "Effectuer le test après exécution : ",
-                         "Si @",
-                         "Vrai",
-                         "Faux"};
-constexpr Labels kEnglish{
-    "Run scenario : ", "Auto-Run : ", "Check after execution : ", "If @", "True", "False"};
-
 // By the value of "Ope": never change.
 constexpr std::array<std::string_view, 6> kOperators{"<", "<=", ">", ">=", "=", "<>"};
 
@@ -28,7 +16,8 @@ class ActionText {
   ActionText(const ModuleCommun& module, const std::string& task)
       : module_(module),
         path_(task + "\\Action"),
-        labels_(module.language_offset != kFrenchOffset ? kEnglish : kFrench) {}
+        language_offset_(module.language_offset == kFrenchOffset ? kFrenchOffset : kEnglishOffset) {
+  }
 
   std::string Entry(const ActionEntry& entry) const {
     std::string text = Body(entry.type);
@@ -55,14 +44,15 @@ class ActionText {
   }
 
   std::string Continuation(const std::string& key) const {
-    return Label(labels_.run_scenario) + Flag(key, "Go") + std::string(kNewLine) +
-           Label(labels_.run_again) + Flag(key, "Loop");
+    return Label(ComponentText::kRunScenario) + Flag(key, "Go") + std::string(kNewLine) +
+           Label(ComponentText::kRunAgain) + Flag(key, "Loop");
   }
 
   std::string Jump(const std::string& key) const {
-    return "Goto " + Value(key, "Dest") + std::string(kNewLine) + Label(labels_.check_after) +
-           Flag(key, "Check") + std::string(kNewLine) + Label(labels_.condition) +
-           Value(key, "GVar") + ' ' + Operator(Value(key, "Ope")) + ' ' + Value(key, "Value");
+    return "Goto " + Value(key, "Dest") + std::string(kNewLine) +
+           Label(ComponentText::kCheckAfter) + Flag(key, "Check") + std::string(kNewLine) +
+           Label(ComponentText::kCondition) + Value(key, "GVar") + ' ' +
+           Operator(Value(key, "Ope")) + ' ' + Value(key, "Value");
   }
 
   static std::string Operator(const std::string& index) {
@@ -77,16 +67,16 @@ class ActionText {
   }
 
   std::string Flag(const std::string& key, std::string_view name) const {
-    return std::string(Value(key, name) == "1" ? labels_.yes : labels_.no);
+    return Label(Value(key, name) == "1" ? ComponentText::kTrue : ComponentText::kFalse);
   }
 
-  std::string Label(std::string_view text) const {
-    return module_.platform.encoding.FromUtf8(text);
+  std::string Label(ComponentText text) const {
+    return InWords(text, language_offset_, module_.platform.encoding);
   }
 
   const ModuleCommun& module_;
   std::string path_;
-  const Labels& labels_;
+  std::int32_t language_offset_;
 };
 
 }  // namespace

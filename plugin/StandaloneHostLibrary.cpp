@@ -13,11 +13,6 @@
 namespace imptable {
 namespace {
 
-constexpr std::string_view kFrenchSummary =
-    "Importe un fichier texte dans une table d'une source de données ODBC.";
-constexpr std::string_view kEnglishSummary =
-    "Imports a text file into a table of an ODBC data source.";
-
 // By their type numbers: never reorder.
 constexpr std::array<std::string_view, 4> kActionKeys{"OnErr", "OnDec", "ExeIf", "Goto"};
 
@@ -127,8 +122,7 @@ std::string StandaloneHostLibrary::TitleOfWrapperType(std::int16_t type) {
 
 std::string StandaloneHostLibrary::SummaryOfWrapperType(std::int16_t type) {
   RequireOwnType(type);
-  const bool english = Module().language_offset == kEnglishOffset;
-  return Module().platform.encoding.FromUtf8(english ? kEnglishSummary : kFrenchSummary);
+  return Module().Words(ComponentText::kSummary);
 }
 
 }  // namespace imptable

@@ -11,7 +11,6 @@ constexpr std::array<Message, 5> kModeMessages{Message::kUsingInsert, Message::k
                                                Message::kUsingUpdateInsert, Message::kUsingDelete};
 constexpr std::array<Message, 3> kDeletionMessages{Message::kNoDeletion, Message::kGlobalDeletion,
                                                    Message::kSelectiveDeletion};
-constexpr std::int16_t kModeInsert = 0;
 
 constexpr std::string_view kOwnerGap = "   ";
 
@@ -28,7 +27,7 @@ class Rows {
 
   /// Adds the message of this index; no row when there is none.
   template <std::size_t count>
-  void AddChoice(Message label, const std::array<Message, count>& messages, std::int16_t index) {
+  void AddChoice(Message label, const std::array<Message, count>& messages, int index) {
     if (index < 0 || static_cast<std::size_t>(index) >= count) return;
     Add(label, module_.MessageText(messages[static_cast<std::size_t>(index)]));
   }
@@ -51,22 +50,23 @@ std::string DescribeTask(const ModuleCommun& module, const std::string& task,
   rows.Add(Message::kAlias, settings.alias);
   rows.Add(Message::kDirectory, settings.directory);
   rows.Add(Message::kFileFormat,
-           module.MessageText(settings.delimited != 0 ? Message::kDelimited : Message::kFixed));
+           module.MessageText(settings.file_format != FileFormat::kFixedWidth ? Message::kDelimited
+                                                                              : Message::kFixed));
   rows.Add(Message::kColumnCount, std::to_string(settings.column_count));
   for (std::size_t i = 0; i < settings.column_layout.size(); ++i) {
     rows.Add(module.MessageText(Message::kColumnName) + std::to_string(i + 1),
              settings.column_layout[i]);
   }
-  rows.AddChoice(Message::kImportMode, kModeMessages, settings.mode);
-  const bool inserts = settings.mode == kModeInsert;
-  if (inserts && settings.duplicate_key == 1) {
+  rows.AddChoice(Message::kImportMode, kModeMessages, static_cast<int>(settings.mode));
+  const bool inserts = settings.mode == ImportMode::kInsert;
+  if (inserts && settings.duplicate_key == Flag::kOn) {
     rows.Add(Message::kOptions, module.MessageText(Message::kIgnoreDuplicates));
   }
   if (inserts && !settings.key_or_index.empty()) rows.Add(Message::kKeyUsed, settings.key_or_index);
-  rows.Add(Message::kDecimalSeparator, std::to_string(settings.separator_option));
+  rows.Add(Message::kDecimalSeparator, std::to_string(static_cast<int>(settings.separator_option)));
   rows.Add(Message::kErrorCode, settings.error_code);
-  if (settings.empty_file_policy == 1) {
-    rows.AddChoice(Message::kDeletion, kDeletionMessages, settings.deletion_mode);
+  if (settings.empty_file_policy == Flag::kOn) {
+    rows.AddChoice(Message::kDeletion, kDeletionMessages, static_cast<int>(settings.deletion));
   }
   return "<table class=\"t\"><tr><td class=\"k\">" + task + "</td><td class=\"n\">" +
          module.MessageText(Message::kTitle) +

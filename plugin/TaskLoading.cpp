@@ -35,7 +35,7 @@ class References {
 
   /// Without the option only "Ignore" counts.
   void ResolveAssignments() {
-    if (task_.parameter_option != 1) return;
+    if (task_.parameter_option != Flag::kOn) return;
     for (const StoredAssignment& assignment : task_.assignments) {
       const std::optional<std::string> variable = VariableOfOrigin(assignment.value);
       if (!variable) continue;

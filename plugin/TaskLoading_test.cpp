@@ -11,6 +11,12 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+/// As the registry has it.
+template <typename Value>
+std::int16_t Number(Value value) {
+  return static_cast<std::int16_t>(value);
+}
+
 class TaskLoading : public testing::Test {
  protected:
   TaskLoading() {
@@ -182,21 +188,21 @@ TEST_F(TaskLoading, CopiesEverySettingToItsPlace) {
   Set("NombreColonnes", 2);
   component_.registry.SetText("Tasks\\T1\\Colonnes", "2", "second");
   const RunState& loaded = Load();
-  EXPECT_EQ(loaded.mode, 11);
-  EXPECT_EQ(loaded.deletion_mode, 12);
-  EXPECT_EQ(loaded.record_errors, 13);
-  EXPECT_EQ(loaded.empty_file_policy, 14);
-  EXPECT_EQ(loaded.separator_option, 15);
-  EXPECT_EQ(loaded.null_option, 16);
-  EXPECT_EQ(loaded.parameter_option, 17);
-  EXPECT_EQ(loaded.full_file_name, 18);
-  EXPECT_EQ(loaded.delimited, 19);
-  EXPECT_EQ(loaded.primary_key, 20);
-  EXPECT_EQ(loaded.duplicate_key, 21);
+  EXPECT_EQ(Number(loaded.mode), 11);
+  EXPECT_EQ(Number(loaded.deletion), 12);
+  EXPECT_EQ(Number(loaded.record_errors), 13);
+  EXPECT_EQ(Number(loaded.empty_file_policy), 14);
+  EXPECT_EQ(Number(loaded.separator_option), 15);
+  EXPECT_EQ(Number(loaded.null_option), 16);
+  EXPECT_EQ(Number(loaded.parameter_option), 17);
+  EXPECT_EQ(Number(loaded.full_file_name), 18);
+  EXPECT_EQ(Number(loaded.file_format), 19);
+  EXPECT_EQ(Number(loaded.primary_key), 20);
+  EXPECT_EQ(Number(loaded.duplicate_key), 21);
   EXPECT_EQ(loaded.alias, "CLIENTS  ");
   EXPECT_EQ(loaded.delimiter, "|");
   EXPECT_THAT(loaded.column_layout, ElementsAre("", "second"));
-  EXPECT_EQ(loaded.trace_option, 22);
+  EXPECT_EQ(Number(loaded.trace_option), 22);
 }
 
 }  // namespace

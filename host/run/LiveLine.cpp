@@ -70,12 +70,14 @@ class FittedLine {
 
 std::string LiveLineText(const RunProgress& progress, double seconds, int columns,
                          const HostTexts& texts) {
-  const std::int64_t written = progress.inserted + progress.modified + progress.deleted;
+  const std::int64_t written = progress.lines[Outcome::kInserted] +
+                               progress.lines[Outcome::kModified] +
+                               progress.lines[Outcome::kDeleted];
   const std::int64_t rate =
       seconds > 0 ? std::llround(static_cast<double>(progress.read) / seconds) : 0;
   FittedLine line(columns, texts.encoding().IsUtf8());
   line.Add(texts.Text(HostText::kLiveLines, {texts.Number(progress.read), texts.Number(written),
-                                             texts.Number(progress.errors)}));
+                                             texts.Number(progress.lines[Outcome::kRejected])}));
   line.Add(texts.Text(HostText::kLiveRate, {texts.Number(rate)}));
   if (progress.bytes_in_file > 0) {
     const double share = std::min(1.0, static_cast<double>(progress.bytes_read) /

@@ -25,10 +25,10 @@ class LiveLineTest : public testing::Test {
   HostTexts french{Language::kFrench, encoding};
   HostTexts english{Language::kEnglish, encoding};
   RunProgress halfway{.read = 12345,
-                      .inserted = 12000,
-                      .modified = 300,
-                      .deleted = 5,
-                      .errors = 40,
+                      .lines = {{Outcome::kInserted, 12000},
+                                {Outcome::kModified, 300},
+                                {Outcome::kDeleted, 5},
+                                {Outcome::kRejected, 40}},
                       .bytes_read = 500'000,
                       .bytes_in_file = 1'000'000};
 };

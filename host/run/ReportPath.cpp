@@ -88,7 +88,7 @@ std::optional<std::string> FirstOf(const std::vector<std::string>& files, const 
 
 std::vector<std::string> FilesOfRun(const OpenedTask& task, const std::string& registry_path) {
   std::vector<std::string> files = RegistryFiles(registry_path);
-  files.push_back(DataFilePath(task, task.full_file_name == 1));
+  files.push_back(DataFilePath(task));
   for (const std::string_view extension :
        {kErrorExtension, kRejectedExtension, kTraceExtension, kRejectedCopyExtension,
         kTraceCopyExtension, kChainExtension, kSelectionExtension, std::string_view(".LCK"),

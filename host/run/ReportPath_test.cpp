@@ -95,7 +95,7 @@ TEST_F(ReportPath, IsNoneOfTheRunsFilesThroughALink) {
 
 TEST_F(ReportPath, KnowsTheFullNameWithoutTheAliasesTrailingBlanks) {
   run.alias = "report.txt  ";
-  run.full_file_name = 1;
+  run.full_file_name = Flag::kOn;
   EXPECT_NE(Refusal(In("report.txt")), "");
   EXPECT_NE(Refusal(In("REPORT.txt.ERR")), "");
   EXPECT_NE(Refusal(In("report.txt.REP.NEW")), "");

@@ -76,7 +76,7 @@ void RequireWritableReport(HostContext& context, const std::string& path) {
 NextStep NextStepOf(FileSystem& files, const RunState& run) {
   if (!run.resume && run.progress.read == 0) return NextStep::kAfresh;
   // A resume wouldn't delete what is left.
-  if (run.record_errors == 0 || run.deletion_faulted) return NextStep::kNone;
+  if (run.record_errors == Flag::kOff || run.deletion_faulted) return NextStep::kNone;
   try {
     if (CanResume(files, run)) return NextStep::kResume;
     return IsNotEmpty(files, SideFilePath(run, kTraceExtension)) ? NextStep::kTraceThenResume
@@ -122,7 +122,7 @@ RunOutcome OutcomeOf(const HostContext& context, const CommandRequest& request,
   outcome.set_trace_command = SetCommandFor(request, "RecTrace=1");
   outcome.resume_command = RunCommandFor(request, "--resume");
   outcome.resumed = run.resume;
-  outcome.source_path = context.files->Locate(DataFilePath(run, run.full_file_name == 1));
+  outcome.source_path = context.files->Locate(DataFilePath(run));
   outcome.source_state = run.source_state;
   outcome.table = run.table;
   outcome.mode = run.mode;

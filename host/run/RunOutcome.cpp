@@ -44,7 +44,7 @@ std::string EndingLine(const RunOutcome& outcome, const HostTexts& texts) {
     case RunEnding::kErrorLimit:
       return text(
           outcome.next == NextStep::kResume ? HostText::kRejectedResume : HostText::kRejected,
-          texts.Number(outcome.progress.errors), files);
+          texts.Number(outcome.progress.lines[Outcome::kRejected]), files);
     case RunEnding::kNoConnection:
       return text(HostText::kConnectionRefused, outcome.data_source, report);
     case RunEnding::kModeFaulted:
@@ -99,8 +99,9 @@ RunEnding EndingOf(const RunState& run, bool connected) {
   if (!connected) return RunEnding::kNoConnection;
   if (run.fault) return RunEnding::kModeFaulted;
   if (run.pre_deletion_failed) return RunEnding::kDeletionFailed;
-  if (run.progress.errors == 0) return RunEnding::kErrors;
-  return run.progress.errors > run.most_errors ? RunEnding::kErrorLimit : RunEnding::kRejected;
+  if (run.progress.lines[Outcome::kRejected] == 0) return RunEnding::kErrors;
+  return run.progress.lines[Outcome::kRejected] > run.most_errors ? RunEnding::kErrorLimit
+                                                                  : RunEnding::kRejected;
 }
 
 ExitCode ExitCodeOf(const RunOutcome& outcome) {

@@ -56,7 +56,7 @@ struct RunOutcome {
   std::string source_path;
   SourceState source_state = SourceState::kUnknown;
   std::string table;
-  std::int16_t mode = 0;
+  ImportMode mode = ImportMode::kInsert;
   std::int64_t started = 0;  // in seconds since 1970 UTC, as the next
   std::int64_t ended = 0;
   std::vector<std::string> files;  // the side files that there are

@@ -69,7 +69,7 @@ TEST(RunEnding, FollowsFromTheStateOfTheRun) {
     run.status = given.status;
     if (given.fault) run.fault = RuntimeFault(FaultNumber::kDiskFull);
     run.pre_deletion_failed = given.deletion_failed;
-    run.progress.errors = given.errors;
+    run.progress.lines[Outcome::kRejected] = given.errors;
     run.interrupted = given.interrupted;
     EXPECT_EQ(EndingOf(run, given.connected), given.ending) << given.what;
   }
@@ -83,7 +83,7 @@ TEST_F(RunOutcomeTest, IsCode0WithoutAWordWhenTheRunSucceeded) {
 
 TEST_F(RunOutcomeTest, IsCode1AndNamesTheFilesOfRejectedLines) {
   RunOutcome outcome = Ended(RunEnding::kRejected, RunStatus::kFailed);
-  outcome.progress.errors = 1200;
+  outcome.progress.lines[Outcome::kRejected] = 1200;
   EXPECT_EQ(ExitCodeOf(outcome), ExitCode::kRunFailed);
   EXPECT_EQ(Line(outcome),
             "task \"T\": 1,200 line(s) rejected, see /data/CLIENTS.ERR: mend them in a file of "
@@ -171,12 +171,12 @@ TEST_F(RunOutcomeTest, IsCode130WhenInterruptedAndSaysHowToGoOn) {
 TEST_F(RunOutcomeTest, IsSummedUpInAFewLines) {
   RunOutcome outcome = Ended(RunEnding::kRejected, RunStatus::kFailed);
   outcome.progress = {.read = 1000,
-                      .inserted = 700,
-                      .modified = 200,
-                      .deleted = 50,
-                      .errors = 30,
-                      .ignored = 15,
-                      .skipped = 5};
+                      .lines = {{Outcome::kInserted, 700},
+                                {Outcome::kModified, 200},
+                                {Outcome::kDeleted, 50},
+                                {Outcome::kRejected, 30},
+                                {Outcome::kIgnored, 15},
+                                {Outcome::kSkipped, 5}}};
   outcome.seconds = 2.34;
   outcome.has_error_file = true;
   outcome.has_rejected_file = true;
@@ -213,19 +213,19 @@ TEST_F(RunOutcomeTest, IsColouredOnlyWhenAsked) {
 TEST_F(RunOutcomeTest, IsOneJsonObjectForScripts) {
   RunOutcome outcome = Ended(RunEnding::kRejected, RunStatus::kFailed);
   outcome.progress = {.read = 7,
-                      .inserted = 1,
-                      .modified = 2,
-                      .deleted = 3,
-                      .errors = 4,
-                      .ignored = 5,
-                      .skipped = 6};
-  outcome.progress.unmatched = 8;
+                      .lines = {{Outcome::kInserted, 1},
+                                {Outcome::kModified, 2},
+                                {Outcome::kDeleted, 3},
+                                {Outcome::kRejected, 4},
+                                {Outcome::kIgnored, 5},
+                                {Outcome::kSkipped, 6}}};
+  outcome.progress.lines[Outcome::kUnmatched] = 8;
   outcome.progress.deleted_before = 9;
   outcome.seconds = 1.23456;
   outcome.source_path = "/data/CLIENTS.CSV";
   outcome.source_state = SourceState::kPresent;
   outcome.table = "CLIENT";
-  outcome.mode = 3;
+  outcome.mode = ImportMode::kUpdateInsert;
   outcome.started = 1163579400;
   outcome.ended = 1163579401;
   outcome.resumed = true;

@@ -8,8 +8,8 @@
 #include "host/HostError.h"
 #include "host/run/OwnCommand.h"
 #include "import/ledger/ReplacingFile.h"
+#include "import/ledger/ResumeOutlook.h"
 #include "import/source/LineReader.h"
-#include "plugin/ResumeOutlook.h"
 #include "plugin/ScenarioKeys.h"
 #include "plugin/TaskLoading.h"
 
@@ -69,7 +69,10 @@ class Decision {
   RunStart Make() {
     Load();
     outlook_ = Look();
-    if (outlook_.answer == ResumeAnswer::kResumes) return {.resumes = true};
+    if (outlook_.answer == ResumeAnswer::kResumes) {
+      if (module_.opened_task) module_.opened_task->resumes = true;
+      return {.resumes = true};
+    }
     if (!request_.automatic) throw Refusal();
     if (outlook_.answer == ResumeAnswer::kNothing) return {};
     if (IsEndOfChainWithAnotherSource()) return {.resumes = false, .given_up = GiveUp()};
@@ -156,7 +159,7 @@ class Decision {
         return Missing(HostText::kResumeEmptySource, {outlook_.source_path});
       case ResumeAnswer::kModeImportsNothing:
         return Missing(HostText::kResumeImportsNothing,
-                       {std::to_string(module_.run.mode), outlook_.source_path});
+                       {std::to_string(static_cast<int>(module_.run.mode)), outlook_.source_path});
       case ResumeAnswer::kObstacle:
         break;
     }

@@ -108,13 +108,15 @@ std::string SummaryText(const RunOutcome& outcome, const HostTexts& texts, bool 
     line(HostText::kSummaryFileRead, {outcome.source_path});
   }
   line(HostText::kSummaryRead, {texts.Number(progress.read)});
-  line(HostText::kSummaryWritten, {texts.Number(progress.inserted), texts.Number(progress.modified),
-                                   texts.Number(progress.deleted)});
-  line(HostText::kSummaryLeftOut, {texts.Number(progress.errors), texts.Number(progress.ignored),
-                                   texts.Number(progress.skipped)});
+  line(HostText::kSummaryWritten, {texts.Number(progress.lines[Outcome::kInserted]),
+                                   texts.Number(progress.lines[Outcome::kModified]),
+                                   texts.Number(progress.lines[Outcome::kDeleted])});
+  line(HostText::kSummaryLeftOut, {texts.Number(progress.lines[Outcome::kRejected]),
+                                   texts.Number(progress.lines[Outcome::kIgnored]),
+                                   texts.Number(progress.lines[Outcome::kSkipped])});
   line(HostText::kSummarySeconds, {texts.Decimal(outcome.seconds)});
   line(HostText::kSummaryReport, {outcome.report});
-  if (progress.errors == 0) return summary;
+  if (progress.lines[Outcome::kRejected] == 0) return summary;
   if (outcome.has_error_file) {
     line(HostText::kSummaryErrorFile, {outcome.side_files + std::string(kErrorExtension)});
   }
@@ -134,6 +136,7 @@ std::string SummaryJson(const RunOutcome& outcome, const HostTexts& texts) {
   for (const std::string& path : outcome.files) files.push_back(encoding.ToUtf8(path));
   Json warnings = Json::array();
   for (const std::string& text : outcome.warnings) warnings.push_back(encoding.ToUtf8(text));
+  // A negative number is none of the names, either.
   const auto mode = static_cast<std::size_t>(outcome.mode);
   const bool deleted_known = progress.deleted_before.has_value();
   const Json object = {
@@ -141,25 +144,25 @@ std::string SummaryJson(const RunOutcome& outcome, const HostTexts& texts) {
       {"task", encoding.ToUtf8(outcome.task)},
       {"status", static_cast<std::int16_t>(outcome.status)},
       {"read", progress.read},
-      {"inserted", progress.inserted},
-      {"modified", progress.modified},
-      {"deleted", progress.deleted},
-      {"errors", progress.errors},
-      {"ignored", progress.ignored},
-      {"skipped", progress.skipped},
+      {"inserted", progress.lines[Outcome::kInserted]},
+      {"modified", progress.lines[Outcome::kModified]},
+      {"deleted", progress.lines[Outcome::kDeleted]},
+      {"errors", progress.lines[Outcome::kRejected]},
+      {"ignored", progress.lines[Outcome::kIgnored]},
+      {"skipped", progress.lines[Outcome::kSkipped]},
       {"seconds", std::round(outcome.seconds * 1000) / 1000},
       {"report", encoding.ToUtf8(outcome.report)},
       {"code", static_cast<int>(ExitCodeOf(outcome))},
       {"resumed", outcome.resumed},
       {"file", SourceJson(outcome, encoding)},
       {"table", encoding.ToUtf8(outcome.table)},
-      {"mode", outcome.mode >= 0 && mode < kModes.size() ? Json(kModes[mode]) : Json(nullptr)},
+      {"mode", mode < kModes.size() ? Json(kModes[mode]) : Json(nullptr)},
       {"started", TimeText(outcome.started)},
       {"ended", TimeText(outcome.ended)},
       {"ended_by", EndedBy(outcome.ending)},
       {"message", TextOrNull(ErrorLineOf(outcome, texts), encoding)},
       {"before", deleted_known ? Json(*progress.deleted_before) : Json(nullptr)},
-      {"unmatched", progress.unmatched},
+      {"unmatched", progress.lines[Outcome::kUnmatched]},
       {"files", files},
       {"warnings", warnings},
   };

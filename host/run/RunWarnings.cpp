@@ -8,16 +8,17 @@
 namespace imptable {
 namespace {
 
-constexpr std::int16_t kModes = 5;
-constexpr std::int16_t kModeInsertUpdate = 2;
-constexpr std::int16_t kDeletions = 3;
-constexpr std::int16_t kSelectiveDeletion = 2;
+bool IsDeletion(Deletion deletion) {
+  return deletion == Deletion::kNone || deletion == Deletion::kGlobal ||
+         deletion == Deletion::kSelective;
+}
 
 /// The numbers, from 1, of the date columns without one of the date styles.
 std::vector<std::size_t> UnknownDateStyles(const OpenedTask& task) {
   std::vector<std::size_t> numbers;
   try {
-    const auto layout = ParseColumnLayout(task.column_layout, task.delimited != 1);
+    const auto layout =
+        ParseColumnLayout(task.column_layout, task.file_format != FileFormat::kDelimited);
     for (std::size_t i = 0; i < layout.size(); ++i) {
       if (layout[i].type == FileColumnType::kDate && layout[i].date.style == 0) {
         numbers.push_back(i + 1);
@@ -54,13 +55,13 @@ std::vector<std::string> RunWarnings(const OpenedTask& task, bool resumes, FileS
   const auto warn = [&](HostText text, const std::vector<std::string>& arguments) {
     warnings.push_back(texts.Text(text, arguments));
   };
-  if (task.mode < 0 || task.mode >= kModes || task.mode == kModeInsertUpdate) {
-    warn(HostText::kModeImportsNothing, {std::to_string(task.mode)});
+  if (!ImportsAnything(task.mode)) {
+    warn(HostText::kModeImportsNothing, {std::to_string(static_cast<int>(task.mode))});
   }
-  if (task.deletion_mode < 0 || task.deletion_mode >= kDeletions) {
-    warn(HostText::kDeletionIsNone, {std::to_string(task.deletion_mode)});
+  if (!IsDeletion(task.deletion)) {
+    warn(HostText::kDeletionIsNone, {std::to_string(static_cast<int>(task.deletion))});
   }
-  if (task.deletion_mode == kSelectiveDeletion) {
+  if (task.deletion == Deletion::kSelective) {
     const std::string path = SideFilePath(task, kSelectionExtension);
     std::error_code error;
     if (!files.Query(files.Locate(path), error) && !error) {

@@ -20,7 +20,7 @@ class RunWarningsOfATask : public testing::Test {
   RunWarningsOfATask() {
     task.alias = "CLIENTS";
     task.directory = folder.path();
-    task.delimited = 1;
+    task.file_format = FileFormat::kDelimited;
   }
 
   std::vector<std::string> Warnings() const {
@@ -38,8 +38,8 @@ TEST_F(RunWarningsOfATask, SayNothingOfOneThatDoesWhatItSays) {
   folder.Write("CLIENTS.SUP", "");
   for (const auto mode : std::to_array<std::int16_t>({0, 1, 3, 4})) {
     for (const auto deletion : std::to_array<std::int16_t>({0, 1, 2})) {
-      task.mode = mode;
-      task.deletion_mode = deletion;
+      task.mode = static_cast<ImportMode>(mode);
+      task.deletion = static_cast<Deletion>(deletion);
       EXPECT_THAT(Warnings(), IsEmpty()) << mode << ' ' << deletion;
     }
   }
@@ -47,7 +47,7 @@ TEST_F(RunWarningsOfATask, SayNothingOfOneThatDoesWhatItSays) {
 
 TEST_F(RunWarningsOfATask, NameAModeThatImportsNothing) {
   for (const auto mode : std::to_array<std::int16_t>({2, 5, -1, 32767})) {
-    task.mode = mode;
+    task.mode = static_cast<ImportMode>(mode);
     EXPECT_THAT(Warnings(),
                 ElementsAre(HasSubstr("\"Mode\" = " + std::to_string(mode) + " imports nothing")));
   }
@@ -55,14 +55,14 @@ TEST_F(RunWarningsOfATask, NameAModeThatImportsNothing) {
 
 TEST_F(RunWarningsOfATask, NameADeletionThatThereIsNot) {
   for (const auto deletion : std::to_array<std::int16_t>({3, -1})) {
-    task.deletion_mode = deletion;
+    task.deletion = static_cast<Deletion>(deletion);
     EXPECT_THAT(Warnings(), ElementsAre(HasSubstr("\"Suppression\" = " + std::to_string(deletion) +
                                                   " deletes nothing")));
   }
 }
 
 TEST_F(RunWarningsOfATask, NameTheMissingFileOfASelectiveDeletion) {
-  task.deletion_mode = 2;
+  task.deletion = Deletion::kSelective;
   EXPECT_THAT(Warnings(), ElementsAre(HasSubstr("no file " + folder.path() + "CLIENTS.SUP")));
 }
 

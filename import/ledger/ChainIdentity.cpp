@@ -101,7 +101,7 @@ ChainIdentity IdentityOf(FileSystem& files, const RunState& run) {
                          .data_source = OneLine(run.data_source),
                          .owner = OneLine(run.owner),
                          .table = OneLine(run.table)};
-  const std::string path = files.Locate(DataFilePath(run, run.full_file_name == 1));
+  const std::string path = files.Locate(DataFilePath(run));
   identity.source.path = OneLine(path);
   const auto info = LookAt(files, path);
   if (!info) return identity;

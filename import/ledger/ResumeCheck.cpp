@@ -135,7 +135,7 @@ std::optional<ResumeObstacle> FindObstacle(FileSystem& files, const RunState& ru
     const ChainIdentity now = IdentityOf(files, run);
     if (auto obstacle = OtherTarget(*chain.identity, now)) return obstacle;
     const bool comparable = now.source.size > 0 && !run.takes_changed_source;
-    const std::string path = files.Locate(DataFilePath(run, run.full_file_name == 1));
+    const std::string path = files.Locate(DataFilePath(run));
     if (comparable && !GoesOnFrom(files, chain.identity->source, path)) {
       return ResumeObstacle{.kind = ResumeObstacle::Kind::kOtherSource, .source_now = now.source};
     }

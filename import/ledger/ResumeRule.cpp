@@ -20,12 +20,13 @@ bool IsNotEmpty(const FileSystem& files, const std::string& path) {
 }
 
 bool CanResume(FileSystem& files, const RunState& run) {
-  if (run.record_errors == 0) return false;
+  if (run.record_errors == Flag::kOff) return false;
   const auto chain = ResumeChain(files, SideFilePath(run, kChainExtension)).state();
   if (chain == ResumeChain::State::kVoid) return false;
   if (chain == ResumeChain::State::kOpen) return true;
   if (!HoldsSomething(files, SideFilePath(run, kTraceExtension))) return false;
-  return run.trace_option == 1 || HoldsSomething(files, SideFilePath(run, kRejectedExtension));
+  return run.trace_option == Flag::kOn ||
+         HoldsSomething(files, SideFilePath(run, kRejectedExtension));
 }
 
 }  // namespace imptable

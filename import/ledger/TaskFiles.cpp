@@ -14,9 +14,9 @@ std::string PathOf(const OpenedTask& task, std::string_view name, std::string_vi
 
 }  // namespace
 
-std::string DataFilePath(const OpenedTask& task, bool complete_name) {
+std::string DataFilePath(const OpenedTask& task) {
   return PathOf(task, WithoutTrailingBlanks(task.alias),
-                complete_name ? std::string_view() : kDataExtension);
+                task.full_file_name == Flag::kOn ? std::string_view() : kDataExtension);
 }
 
 std::string SideFilePath(const OpenedTask& task, std::string_view extension) {

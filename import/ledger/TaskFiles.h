@@ -19,8 +19,8 @@ inline constexpr std::string_view kChainExtension = ".REP";
 inline constexpr std::string_view kSelectionExtension = ".SUP";
 
 /// Path of the source file: the directory, the alias without its trailing blanks, and ".CSV" unless
-/// the alias is the complete file name.
-std::string DataFilePath(const OpenedTask& task, bool complete_name);
+/// the task says that the alias is the complete file name.
+std::string DataFilePath(const OpenedTask& task);
 
 /// Path of a side file: the alias without its trailing blanks, wherever a run names one.
 std::string SideFilePath(const OpenedTask& task, std::string_view extension);

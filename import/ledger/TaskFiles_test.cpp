@@ -9,10 +9,11 @@ TEST(TaskFiles, NamesTheSourceAfterTheAliasUnlessItsNameIsComplete) {
   RunState run;
   run.directory = "/data/";
   run.alias = "CLIENTS";
-  EXPECT_EQ(DataFilePath(run, false), "/data/CLIENTS.CSV");
+  EXPECT_EQ(DataFilePath(run), "/data/CLIENTS.CSV");
   run.alias = "clients.txt";
-  EXPECT_EQ(DataFilePath(run, true), "/data/clients.txt");
-  EXPECT_EQ(DataFilePath(run, false), "/data/clients.txt.CSV");
+  EXPECT_EQ(DataFilePath(run), "/data/clients.txt.CSV");
+  run.full_file_name = Flag::kOn;
+  EXPECT_EQ(DataFilePath(run), "/data/clients.txt");
 }
 
 TEST(TaskFiles, AddsTheSideFilesExtensionToTheWholeName) {
@@ -31,7 +32,7 @@ TEST(TaskFiles, RemovesTheAliasesTrailingBlanksOnly) {
   RunState run;
   run.directory = "/data/";
   run.alias = " MY CLIENTS  ";
-  EXPECT_EQ(DataFilePath(run, false), "/data/ MY CLIENTS.CSV");
+  EXPECT_EQ(DataFilePath(run), "/data/ MY CLIENTS.CSV");
   EXPECT_EQ(SideFilePath(run, kErrorExtension), "/data/ MY CLIENTS.ERR");
   run.alias = "   ";
   EXPECT_EQ(SideFilePath(run, kErrorExtension), "/data/.ERR");

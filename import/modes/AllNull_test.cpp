@@ -101,7 +101,7 @@ TEST(NullKey, IsTakenWhereLinesThatFindNoRowAreInserted) {
     run.Assign({"Null", "(Col)2"});
     run.Source({"1;a"});
     EXPECT_EQ(run.Go(), 2);
-    EXPECT_EQ(run.progress().inserted, 1);
+    EXPECT_EQ(run.progress().lines[Outcome::kInserted], 1);
   }
 }
 

@@ -29,7 +29,7 @@ TEST(DeleteMode, CountsTheLinesWhoseKeyRemovedARow) {
   EXPECT_EQ(run.Go(), 2);
   EXPECT_THAT(run.Executed(), ElementsAre("1='1'", "1='2'", "1='3'", "1='4'", "1='5'"));
   EXPECT_EQ(run.ModeLines(), Deleted(5, "3"));
-  EXPECT_EQ(run.progress().deleted, 3);
+  EXPECT_EQ(run.progress().lines[Outcome::kDeleted], 3);
   EXPECT_THAT(run.Errors(), IsEmpty());
   EXPECT_THAT(run.Lines("report.txt"), ElementsAre("<none>"))
       << "the component writes no line of its own";
@@ -157,7 +157,7 @@ TEST(DeleteMode, ParsesTheWholeLineThoughItNeedsOnlyTheKey) {
   EXPECT_EQ(run.Go(), 3);
   EXPECT_THAT(run.Executed(), ElementsAre("1='1'", "1='2'"));
   EXPECT_THAT(run.Rejected(), ElementsAre("3;no date;2.5", "4;;no number", "5;;;x"));
-  EXPECT_EQ(run.progress().errors, 3);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 3);
 }
 
 TEST(DeleteMode, TakesTheKeyFromWhereTheFileHasIt) {
@@ -181,7 +181,7 @@ TEST(DeleteMode, TakesSuccessWithInformationForDone) {
   run.Driver("on SQLExecute return 1 diag 01000 5 \"info\"");
   run.Source({"1;a"});
   EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().deleted, 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kDeleted], 1);
 }
 
 TEST(DeleteMode, ReportsARowCountThatFailsAndCountsTheLineNowhere) {
@@ -202,7 +202,7 @@ TEST(DeleteMode, CountsADuplicateThatTheTaskIgnoresAsAnError) {
   run.Driver("on SQLExecute 2 return -1 diag S1000 7 \"no\"");
   run.Source({"1;a", "2;b"});
   EXPECT_EQ(run.Go(), 3);
-  EXPECT_EQ(run.progress().errors, 2);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 2);
   EXPECT_THAT(run.Rejected(), ElementsAre("1;a", "2;b"));
   EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 2627) duplicate",
                                         "15/11/2006 08:30:00.... Ligne  2 ( 7) no"));

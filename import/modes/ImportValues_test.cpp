@@ -25,7 +25,8 @@ void UserSeparator(ImportRun& run, std::string_view separator) {
 std::vector<std::string> Given(ImportRun& run, const std::string& line) {
   run.Source({line});
   run.Go();
-  return run.progress().errors > 0 ? std::vector<std::string>{"refused"} : run.Executed();
+  return run.progress().lines[Outcome::kRejected] > 0 ? std::vector<std::string>{"refused"}
+                                                      : run.Executed();
 }
 
 TEST(ImportValues, FeedTheColumnsByPosition) {
@@ -320,8 +321,8 @@ TEST(ImportValues, OfASingleColumnMakeNoRecordWhenEmpty) {
   EXPECT_EQ(run.Go(), 2);
   EXPECT_THAT(run.Executed(), ElementsAre("1='a'", "1='b'"));
   EXPECT_EQ(run.progress().read, 3);
-  EXPECT_EQ(run.progress().inserted, 2);
-  EXPECT_EQ(run.progress().errors, 0);
+  EXPECT_EQ(run.progress().lines[Outcome::kInserted], 2);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 0);
 }
 
 }  // namespace

@@ -83,8 +83,8 @@ TEST(InsertMode, CountsAParseFailureAndExecutesNothingForIt) {
       run.Errors(),
       ElementsAre("15/11/2006 08:30:00.... Ligne  2 Formatage de l'enregistrement incorrect "
                   "(présence de \"\";\"\" dans des champs Alpha)"));
-  EXPECT_EQ(run.progress().errors, 1);
-  EXPECT_EQ(run.progress().inserted, 2);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kInserted], 2);
 }
 
 TEST(InsertMode, NamesTheTasksDelimiterInAParseFailure) {
@@ -105,7 +105,7 @@ TEST(InsertMode, WritesALineForEachDiagnosticButCountsTheLineOnce) {
   EXPECT_EQ(run.Go(), 3);
   EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 19) first",
                                         "15/11/2006 08:30:00.... Ligne  1 (-20) second"));
-  EXPECT_EQ(run.progress().errors, 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 1);
 }
 
 TEST(InsertMode, TakesSuccessWithInformationForInserted) {
@@ -113,7 +113,7 @@ TEST(InsertMode, TakesSuccessWithInformationForInserted) {
   run.Source({"1;a"});
   run.Driver("on SQLExecute 1 return 1 diag 01004 5 \"truncated\"");
   EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().inserted, 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kInserted], 1);
   EXPECT_THAT(run.Errors(), IsEmpty());
 }
 

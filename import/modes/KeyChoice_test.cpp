@@ -41,7 +41,7 @@ class KeyChoice : public testing::TestWithParam<ModeCase> {
     EXPECT_THAT(run_.Prepared(), IsEmpty());
     EXPECT_THAT(run_.Trace(), IsEmpty()) << "there, and empty";
     EXPECT_FALSE(run_.component.module().run.pre_deletion_failed);
-    EXPECT_EQ(run_.component.session().error_file, nullptr);
+    EXPECT_EQ(run_.component.session().listener, &run_.component.state.report);
   }
 
   /// The end of the text of the statement that looks for rows.
@@ -163,9 +163,9 @@ TEST_P(KeyChoice, FailsForANameThatNoColumnHasExactly) {
     expected[1] = Error(fault);
     EXPECT_EQ(run.ModeLines(), expected);
     EXPECT_THAT(run.Executed(), IsEmpty());
-    EXPECT_TRUE(run.component.session().error_reported);
+    EXPECT_TRUE(run.component.module().run.error_reported);
     EXPECT_EQ(run.component.module().run.pre_deletion_failed, GetParam().mode != kByUpdateInsert);
-    EXPECT_FALSE(run.component.session().statement);
+    EXPECT_EQ(run.OpenStatements(), 0);
   }
 }
 

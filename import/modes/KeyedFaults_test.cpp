@@ -24,7 +24,8 @@ class KeyedFaults : public testing::TestWithParam<FaultCase> {
 
   /// The counter of the lines that did something when every row count is 1.
   std::int64_t Done(KeyedRun& run) const {
-    return Mode() == kByDelete ? run.progress().deleted : run.progress().modified;
+    return Mode() == kByDelete ? run.progress().lines[Outcome::kDeleted]
+                               : run.progress().lines[Outcome::kModified];
   }
 };
 
@@ -41,9 +42,9 @@ TEST_P(KeyedFaults, AreReportedOnceAndTheModeCloses) {
   EXPECT_EQ(lines[2], Information(" ----->    2 enreg(s) lu(s)"));
   EXPECT_EQ(Done(run), 1) << "a line counts once it is traced";
   EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000"));
-  EXPECT_TRUE(run.component.session().error_reported);
-  EXPECT_FALSE(run.component.session().statement);
-  EXPECT_EQ(run.component.session().error_file, nullptr);
+  EXPECT_TRUE(run.component.module().run.error_reported);
+  EXPECT_EQ(run.OpenStatements(), 0);
+  EXPECT_EQ(run.component.session().listener, &run.component.state.report);
 }
 
 TEST_P(KeyedFaults, CountForAFailedDeletionInAllModesButTheCombinedOne) {
@@ -51,7 +52,7 @@ TEST_P(KeyedFaults, CountForAFailedDeletionInAllModesButTheCombinedOne) {
   run.Source({"1;a"});
   run.component.files.Fail(FileOperation::kOpenRead, 1, std::make_error_code(std::errc::io_error));
   EXPECT_EQ(run.Go(), 3);
-  EXPECT_TRUE(run.component.session().error_reported);
+  EXPECT_TRUE(run.component.module().run.error_reported);
   EXPECT_EQ(run.component.module().run.pre_deletion_failed, GetParam().fails_deletion);
 }
 
@@ -121,7 +122,7 @@ TEST_P(KeyedFaults, RejectEveryLineAfterTheServerHasGone) {
   EXPECT_THAT(run.Errors(),
               ElementsAre("15/11/2006 08:30:00.... Ligne  2 ( 2006) server has gone away",
                           "15/11/2006 08:30:00.... Ligne  3 ( 2006) server has gone away"));
-  EXPECT_FALSE(run.component.session().statement);
+  EXPECT_EQ(run.OpenStatements(), 0);
 }
 
 TEST_P(KeyedFaults, WriteALineForEachDiagnosticButCountTheLineOnce) {
@@ -131,7 +132,7 @@ TEST_P(KeyedFaults, WriteALineForEachDiagnosticButCountTheLineOnce) {
   EXPECT_EQ(run.Go(), 3);
   EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 19) first",
                                         "15/11/2006 08:30:00.... Ligne  1 (-20) second"));
-  EXPECT_EQ(run.progress().errors, 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 1);
   EXPECT_EQ(Done(run), 1);
 }
 
@@ -140,7 +141,7 @@ TEST_P(KeyedFaults, TakeNoDataForAFailureWithoutADiagnostic) {
   run.Driver("on SQLExecute 1 return 100");
   run.Source({"1;a", "2;b"});
   EXPECT_EQ(run.Go(), 3);
-  EXPECT_EQ(run.progress().errors, 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 1);
   EXPECT_THAT(run.Rejected(), ElementsAre("1;a"));
   EXPECT_THAT(run.Errors(), IsEmpty());
 }
@@ -155,7 +156,7 @@ TEST_P(KeyedFaults, LeaveFilesFromWhichAResumeTakesTheFailedLinesAlone) {
   EXPECT_THAT(run.Rejected(), ElementsAre("2;b", "4;d;x"));
   run.folder.Write("CLIENTS.LER", "2;b\n4;mended\n");
   EXPECT_EQ(run.Go(2), 3) << "the second execution fails again";
-  EXPECT_EQ(run.progress().skipped, 2);
+  EXPECT_EQ(run.progress().lines[Outcome::kSkipped], 2);
   EXPECT_EQ(run.progress().read, 5);
   EXPECT_EQ(Done(run), 2);
   EXPECT_THAT(run.Rejected(), ElementsAre("4;mended"));

@@ -19,8 +19,8 @@ TEST(Refusal, IsAnInsertWithInformationThatInsertedNoRow) {
   run.Driver("rowcount 0");
   run.Source({"1;a", "2;b", "3;c"});
   EXPECT_EQ(run.Go(), 3);
-  EXPECT_EQ(run.progress().inserted, 2);
-  EXPECT_EQ(run.progress().errors, 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kInserted], 2);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 1);
   EXPECT_THAT(run.Rejected(), ElementsAre("2;b"));
   EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  2 ( 1265) Data truncated"));
 }
@@ -32,7 +32,7 @@ TEST(Refusal, IsNoInsertWithInformationThatInsertedARowOrDoesNotSay) {
     run.Driver(count);
     run.Source({"1;a"});
     EXPECT_EQ(run.Go(), 2) << count;
-    EXPECT_EQ(run.progress().inserted, 1);
+    EXPECT_EQ(run.progress().lines[Outcome::kInserted], 1);
     EXPECT_THAT(run.Errors(), IsEmpty());
   }
 }
@@ -45,8 +45,8 @@ TEST(Refusal, OfAnInsertMayBeTheDuplicateThatTheTaskIgnores) {
   run.Driver("rowcount 0");
   run.Source({"1;a"});
   EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().ignored, 1);
-  EXPECT_EQ(run.progress().inserted, 0);
+  EXPECT_EQ(run.progress().lines[Outcome::kIgnored], 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kInserted], 0);
 }
 
 TEST(Refusal, IsALineWhoseTextTheDriverWouldCutAtANul) {
@@ -55,7 +55,7 @@ TEST(Refusal, IsALineWhoseTextTheDriverWouldCutAtANul) {
   cutting.Driver("info 17 PostgreSQL");
   cutting.Source({"1;a", cut, "3;c"});
   EXPECT_EQ(cutting.Go(), 3);
-  EXPECT_EQ(cutting.progress().inserted, 2);
+  EXPECT_EQ(cutting.progress().lines[Outcome::kInserted], 2);
   EXPECT_THAT(cutting.Rejected(), ElementsAre(cut));
   EXPECT_THAT(cutting.Errors(), ElementsAre(testing::HasSubstr("contient un caractère nul")));
   ImportRun whole;
@@ -73,8 +73,8 @@ TEST_P(KeyedRefusal, IsAnInformationWithAServersCodeWhereTheDialectSaysSo) {
   run.Source({"1;a", "2;b", "3;c"});
   EXPECT_EQ(run.Go(), 3);
   EXPECT_THAT(run.Executed(), SizeIs(3)) << "no INSERT after a refused UPDATE";
-  EXPECT_EQ(run.progress().modified + run.progress().deleted, 2);
-  EXPECT_EQ(run.progress().inserted, 0);
+  EXPECT_EQ(run.progress().lines[Outcome::kModified] + run.progress().lines[Outcome::kDeleted], 2);
+  EXPECT_EQ(run.progress().lines[Outcome::kInserted], 0);
   EXPECT_THAT(run.Rejected(), ElementsAre("2;b"));
   EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  2 ( 1265) Data truncated"));
 }
@@ -89,7 +89,7 @@ TEST_P(KeyedRefusal, IsNoInformationOfTheDriversOwnAndNoneWithAChangedRow) {
                                                                       : "rowcount 1");
     run.Source({"1;a"});
     EXPECT_EQ(run.Go(), 2) << answer;
-    EXPECT_EQ(run.progress().errors, 0);
+    EXPECT_EQ(run.progress().lines[Outcome::kRejected], 0);
   }
 }
 
@@ -99,7 +99,7 @@ TEST_P(KeyedRefusal, IsNoInformationOfADatabaseWhoseDialectIsUnknown) {
   run.Driver("rowcount at 1 = 0");
   run.Source({"1;a"});
   EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().errors, 0);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 0);
 }
 
 TEST_P(KeyedRefusal, IsWrittenThoughTheTaskIgnoresDuplicatesOfThatCode) {
@@ -125,8 +125,8 @@ TEST(Refusal, OfTheInsertAfterAnUpdateIsAnErrorThatNoDuplicateExcuses) {
   run.Driver("on SQLExecute where text like \"INSERT%\" return 1 diag 01000 1265 \"truncated\"");
   run.Source({"1;a"});
   EXPECT_EQ(run.Go(), 3);
-  EXPECT_EQ(run.progress().inserted, 0);
-  EXPECT_EQ(run.progress().ignored, 0);
+  EXPECT_EQ(run.progress().lines[Outcome::kInserted], 0);
+  EXPECT_EQ(run.progress().lines[Outcome::kIgnored], 0);
   EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 1265) truncated"));
 }
 

@@ -21,8 +21,8 @@ TEST(UpdateInsertMode, ChangesARowThatExistsAndInsertsNothing) {
   run.Source({"1;a"});
   EXPECT_EQ(run.Go(), 2);
   EXPECT_THAT(run.Executed(), ElementsAre("1='1' 2='a' 3='1'")) << "the UPDATE alone";
-  EXPECT_EQ(run.progress().modified, 1);
-  EXPECT_EQ(run.progress().inserted, 0);
+  EXPECT_EQ(run.progress().lines[Outcome::kModified], 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kInserted], 0);
 }
 
 TEST(UpdateInsertMode, InsertsALineThatChangedNoRow) {
@@ -32,8 +32,8 @@ TEST(UpdateInsertMode, InsertsALineThatChangedNoRow) {
     run.Source({"1;a"});
     EXPECT_EQ(run.Go(), 2);
     EXPECT_THAT(run.Executed(), ElementsAre("1='1' 2='a' 3='1'", "1='1' 2='a'")) << answer;
-    EXPECT_EQ(run.progress().modified, 0);
-    EXPECT_EQ(run.progress().inserted, 1);
+    EXPECT_EQ(run.progress().lines[Outcome::kModified], 0);
+    EXPECT_EQ(run.progress().lines[Outcome::kInserted], 1);
   }
 }
 
@@ -43,8 +43,8 @@ TEST(UpdateInsertMode, TakesAnyOtherRowCountForChanged) {
   run.Driver("rowcount at 2 = -2");
   run.Source({"1;a", "2;b"});
   EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().modified, 2);
-  EXPECT_EQ(run.progress().inserted, 0);
+  EXPECT_EQ(run.progress().lines[Outcome::kModified], 2);
+  EXPECT_EQ(run.progress().lines[Outcome::kInserted], 0);
 }
 
 TEST(UpdateInsertMode, ReportsBothCountsOnOneLine) {
@@ -81,7 +81,7 @@ TEST(UpdateInsertMode, TakesALineWhoseUpdateFailsForOneErrorWithoutAnInsert) {
   run.Source({"7;a"});
   EXPECT_EQ(run.Go(), 3);
   EXPECT_THAT(run.Executed(), ElementsAre("1='7' 2='a' 3='7'"));
-  EXPECT_EQ(run.progress().errors, 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 1);
   EXPECT_THAT(run.Rejected(), ElementsAre("7;a"));
   EXPECT_THAT(run.Trace(), ElementsAre("00000001100000001"));
   EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 5) no number"));
@@ -99,8 +99,8 @@ TEST(UpdateInsertMode, TakesALineWhoseInsertFailsForOneError) {
   run.Driver("on SQLExecute where text like \"INSERT%\" return -1 diag 23000 19 \"refused\"");
   run.Source({"1;a", "2;b"});
   EXPECT_EQ(run.Go(), 3);
-  EXPECT_EQ(run.progress().errors, 2);
-  EXPECT_EQ(run.progress().inserted, 0);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 2);
+  EXPECT_EQ(run.progress().lines[Outcome::kInserted], 0);
   EXPECT_THAT(run.Rejected(), ElementsAre("1;a", "2;b"));
   EXPECT_THAT(run.Trace(), ElementsAre("00000001100000001", "00000002100000002"));
   EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 19) refused",
@@ -117,8 +117,8 @@ TEST(UpdateInsertMode, CountsADuplicateThatTheTaskIgnoresAsAnErrorOfEitherStatem
   run.Driver("on SQLExecute 5 return -1 diag S1000 7 \"no\"");
   run.Source({"1;a", "2;b", "3;c", "4;d"});
   EXPECT_EQ(run.Go(), 3);
-  EXPECT_EQ(run.progress().errors, 3);
-  EXPECT_EQ(run.progress().ignored, 0);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 3);
+  EXPECT_EQ(run.progress().lines[Outcome::kIgnored], 0);
   EXPECT_THAT(run.Rejected(), ElementsAre("1;a", "2;b", "3;c"));
   EXPECT_THAT(run.Trace(), ElementsAre("00000001100000001", "00000002100000002",
                                        "00000003100000003", "00000004000000003"));
@@ -130,8 +130,8 @@ TEST(UpdateInsertMode, TakesSuccessWithInformationForDoneInBothStatements) {
   run.Driver("rowcount at 2 = 0");
   run.Source({"1;a", "2;b"});
   EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().modified, 1);
-  EXPECT_EQ(run.progress().inserted, 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kModified], 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kInserted], 1);
 }
 
 TEST(UpdateInsertMode, InsertsAfterReportingARowCountThatFails) {
@@ -140,8 +140,8 @@ TEST(UpdateInsertMode, InsertsAfterReportingARowCountThatFails) {
   run.Source({"1;a"});
   EXPECT_EQ(run.Go(), 3);
   EXPECT_THAT(run.Executed(), SizeIs(2));
-  EXPECT_EQ(run.progress().inserted, 1);
-  EXPECT_EQ(run.progress().errors, 0);
+  EXPECT_EQ(run.progress().lines[Outcome::kInserted], 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 0);
   EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 7) no count"));
   EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000"));
 }
@@ -219,7 +219,7 @@ TEST(UpdateInsertMode, EndsAtTheFirstCallThatFails) {
                                    Information(kNothingDone)}));
     EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  0 ( 7) no"));
     EXPECT_THAT(run.Executed(), IsEmpty());
-    EXPECT_FALSE(run.component.session().statement);
+    EXPECT_EQ(run.OpenStatements(), 0);
   }
 }
 

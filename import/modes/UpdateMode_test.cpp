@@ -33,8 +33,8 @@ TEST(UpdateMode, CountsTheLinesThatChangedARow) {
                                                   Information(" ----->    3 enreg(s) lu(s)")}));
   EXPECT_THAT(OwnLines(run),
               ElementsAre("  -->   Traitement OK :  2 Enregistrement(s) modifié(s)"));
-  EXPECT_EQ(run.progress().modified, 2);
-  EXPECT_EQ(run.progress().errors, 0);
+  EXPECT_EQ(run.progress().lines[Outcome::kModified], 2);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 0);
   EXPECT_THAT(run.Errors(), IsEmpty()) << "a key that matches no row is no error";
 }
 
@@ -119,8 +119,8 @@ TEST(UpdateMode, TracesALineThatChangedNothingAsDone) {
     run.Driver("on SQLExecute 2 return -1 diag S1000 7 \"no\"");
     run.Source({"1;a", "2;b"});
     EXPECT_EQ(run.Go(), 3);
-    EXPECT_EQ(run.progress().modified, 0) << answer;
-    EXPECT_EQ(run.progress().errors, 1);
+    EXPECT_EQ(run.progress().lines[Outcome::kModified], 0) << answer;
+    EXPECT_EQ(run.progress().lines[Outcome::kRejected], 1);
     EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002100000001"));
     EXPECT_THAT(run.Rejected(), ElementsAre("2;b"));
     EXPECT_THAT(run.Report(), Contains(" ----->    0 Enregistrement(s) modifié(s)"));
@@ -133,7 +133,7 @@ TEST(UpdateMode, CountsALineOnceHoweverManyRowsItChanged) {
   run.Driver("rowcount at 2 = -2");
   run.Source({"1;a", "2;b"});
   EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().modified, 2) << "any count but 0 and -1";
+  EXPECT_EQ(run.progress().lines[Outcome::kModified], 2) << "any count but 0 and -1";
 }
 
 TEST(UpdateMode, TakesSuccessWithInformationForDone) {
@@ -141,7 +141,7 @@ TEST(UpdateMode, TakesSuccessWithInformationForDone) {
   run.Driver("on SQLExecute return 1 diag 01004 5 \"cut\"");
   run.Source({"1;a"});
   EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().modified, 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kModified], 1);
   EXPECT_THAT(run.Errors(), IsEmpty());
 }
 
@@ -152,8 +152,8 @@ TEST(UpdateMode, ReportsARowCountThatFailsAndCountsTheLineNowhere) {
     run.Driver(failure);
     run.Source({"1;a", "2;b"});
     EXPECT_EQ(run.Go(), 3);
-    EXPECT_EQ(run.progress().modified, 1);
-    EXPECT_EQ(run.progress().errors, 0);
+    EXPECT_EQ(run.progress().lines[Outcome::kModified], 1);
+    EXPECT_EQ(run.progress().lines[Outcome::kRejected], 0);
     EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 7) no count"));
     EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002000000000"));
     EXPECT_THAT(run.Rejected(), IsEmpty());
@@ -170,8 +170,8 @@ TEST(UpdateMode, CountsADuplicateThatTheTaskIgnoresAsAnError) {
   run.Driver("on SQLExecute 3 return -1 diag S1000 7 \"no\"");
   run.Source({"1;a", "2;b", "3;c"});
   EXPECT_EQ(run.Go(), 3);
-  EXPECT_EQ(run.progress().errors, 2);
-  EXPECT_EQ(run.progress().ignored, 0);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 2);
+  EXPECT_EQ(run.progress().lines[Outcome::kIgnored], 0);
   EXPECT_THAT(run.Rejected(), ElementsAre("1;a", "3;c"));
   EXPECT_THAT(run.Trace(),
               ElementsAre("00000001100000001", "00000002000000001", "00000003100000002"));
@@ -183,7 +183,7 @@ TEST(UpdateMode, TakesACodeThatIsNoNumberWithoutAFault) {
   run.Set("CodErr", "none");
   run.Source({"1;a"});
   EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().modified, 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kModified], 1);
 }
 
 TEST(UpdateMode, KeepsNoResumeFilesWhenTheTaskWantsNone) {
@@ -194,7 +194,7 @@ TEST(UpdateMode, KeepsNoResumeFilesWhenTheTaskWantsNone) {
   EXPECT_EQ(run.Go(), 3);
   EXPECT_THAT(run.Trace(), ElementsAre("<none>"));
   EXPECT_THAT(run.Rejected(), ElementsAre("<none>"));
-  EXPECT_EQ(run.progress().modified, 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kModified], 1);
 }
 
 TEST(UpdateMode, FindsTheSourceByItsCompleteName) {
@@ -203,7 +203,7 @@ TEST(UpdateMode, FindsTheSourceByItsCompleteName) {
   run.Set("UseAlias", 1);
   run.folder.Write("data.txt", "1;a\n");
   EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().modified, 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kModified], 1);
 }
 
 TEST(UpdateMode, GivesTheKeyThatTheFileFeedsWhereverItStands) {

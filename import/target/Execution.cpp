@@ -1,6 +1,7 @@
 #include "import/target/Execution.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace imptable {
 namespace {
@@ -16,30 +17,37 @@ bool InsertedNothing(SQLHSTMT statement) {
   return Succeeded(SQLRowCount(statement, &rows)) && rows == 0;
 }
 
-/// 0 after a reported failure.
-SQLLEN ChangedRows(OdbcSession& session, SQLHSTMT statement) {
-  SQLLEN rows = 0;
-  if (SQLRowCount(statement, &rows) == SQL_SUCCESS) return rows;
-  session.ReportError(statement);
-  return 0;
+/// Counts the changed rows; a count that the database refuses is 0, with what it says about that.
+void CountRows(OdbcSession& session, SQLHSTMT statement, Execution& execution) {
+  if (SQLRowCount(statement, &execution.rows) == SQL_SUCCESS) return;
+  execution.rows = 0;
+  execution.diagnostics = session.TakeDiagnostics(statement);
+  if (execution.diagnostics.empty()) execution.diagnostics.emplace_back();
+}
+
+RecordResult ResultOf(Execution execution, Outcome outcome) {
+  RecordResult result{.outcome = execution.refused ? Outcome::kRejected : outcome};
+  for (Diagnostic& each : execution.diagnostics) {
+    result.diagnostics.push_back(
+        {.stage = RecordDiagnostic::Stage::kExecution, .driver = std::move(each)});
+  }
+  return result;
 }
 
 }  // namespace
 
-Execution ExecuteInsert(OdbcSession& session, SQLHSTMT statement, bool ignores_duplicates) {
+Execution ExecuteInsert(OdbcSession& session, SQLHSTMT statement,
+                        std::optional<SQLINTEGER> ignorable) {
   const SQLRETURN code = session.Execute(statement);
   if (code == SQL_SUCCESS) return {};
   Execution execution;
-  if (code == SQL_SUCCESS_WITH_INFO) {
-    // The call for the count would lose them.
-    const std::vector<Diagnostic> diagnostics = session.TakeDiagnostics(statement);
-    if (!InsertedNothing(statement)) return {};
-    session.ReportTaken(diagnostics, ignores_duplicates ? &execution.duplicate_ignored : nullptr);
-  } else if (ignores_duplicates) {
-    session.ReportOdbcError(session.connection, statement, session.execution_mode,
-                            execution.duplicate_ignored);
-  } else {
-    session.ReportError(statement);
+  // Now: the call for the count would lose them.
+  execution.diagnostics = session.TakeDiagnostics(statement, ignorable);
+  if (code == SQL_SUCCESS_WITH_INFO && !InsertedNothing(statement)) return {};
+  const std::vector<Diagnostic>& diagnostics = execution.diagnostics;
+  if (ignorable && !diagnostics.empty() && diagnostics.back().native_code == *ignorable) {
+    execution.duplicate_ignored = true;
+    execution.diagnostics.pop_back();
   }
   execution.refused = !execution.duplicate_ignored;
   return execution;
@@ -48,17 +56,31 @@ Execution ExecuteInsert(OdbcSession& session, SQLHSTMT statement, bool ignores_d
 Execution ExecuteKeyed(OdbcSession& session, SQLHSTMT statement) {
   const SQLRETURN code = session.Execute(statement);
   if (!Succeeded(code)) {
-    session.ReportError(statement);
-    return {.refused = true};
+    return {.refused = true, .diagnostics = session.TakeDiagnostics(statement)};
   }
   const bool may_be_refused =
       code == SQL_SUCCESS_WITH_INFO && session.dialect->refuses_with_information;
-  const std::vector<Diagnostic> diagnostics =
+  std::vector<Diagnostic> information =
       may_be_refused ? session.TakeDiagnostics(statement) : std::vector<Diagnostic>();
-  const Execution execution{.rows = ChangedRows(session, statement)};
-  if (execution.changed() || !HasServerCode(diagnostics)) return execution;
-  session.ReportTaken(diagnostics, nullptr);
-  return {.refused = true};
+  Execution execution;
+  CountRows(session, statement, execution);
+  if (execution.changed() || !HasServerCode(information)) return execution;
+  execution.refused = true;
+  execution.diagnostics.insert(execution.diagnostics.end(),
+                               std::make_move_iterator(information.begin()),
+                               std::make_move_iterator(information.end()));
+  return execution;
+}
+
+RecordResult ResultOfInsert(Execution execution) {
+  const Outcome outcome = execution.duplicate_ignored ? Outcome::kIgnored : Outcome::kInserted;
+  return ResultOf(std::move(execution), outcome);
+}
+
+RecordResult ResultOfKeyed(Execution execution, Outcome changed) {
+  const Outcome unchanged = execution.rows == 0 ? Outcome::kUnmatched : Outcome::kUncounted;
+  const Outcome outcome = execution.changed() ? changed : unchanged;
+  return ResultOf(std::move(execution), outcome);
 }
 
 }  // namespace imptable

@@ -17,9 +17,9 @@ std::vector<std::string> Split(const std::string& text) {
   return pieces;
 }
 
-bool PrimaryKey(ModuleCommun& module, OdbcSession& session, std::vector<std::string>& keys) {
+bool PrimaryKey(const ModuleCommun& module, OdbcSession& session, std::vector<std::string>& keys) {
   std::vector<KeyColumn> columns;
-  Catalogue catalogue(module, session);
+  Catalogue catalogue(session, TableOf(module.run));
   if (!catalogue.CanListPrimaryKeys() || !catalogue.GetPrimaryKeyColumns(columns)) return false;
   for (KeyColumn& column : columns) keys.push_back(std::move(column.column_name));
   return true;
@@ -30,14 +30,14 @@ bool PrimaryKey(ModuleCommun& module, OdbcSession& session, std::vector<std::str
 bool ChooseKeyColumns(ModuleCommun& module, OdbcSession& session, std::vector<std::string>& keys) {
   keys.clear();
   bool chosen = true;
-  if (module.run.primary_key != 0) {
+  if (module.run.primary_key != Flag::kOff) {
     chosen = PrimaryKey(module, session, keys);
   } else {
     keys = Split(module.run.key_or_index);
   }
   if (chosen && !keys.empty()) return true;
   module.WriteReport(module.MessageText(Message::kNoKey), ReportKind::kError);
-  session.error_reported = true;
+  module.run.error_reported = true;
   return false;
 }
 
@@ -52,10 +52,10 @@ std::string KeyCondition(const OdbcSession& session, const std::vector<std::stri
 
 SQLRETURN BindKeys(TargetTable& table, SQLHSTMT statement, SQLUSMALLINT number,
                    const std::vector<std::string>& keys) {
-  const std::vector<TableColumn>& columns = table.columns();
+  const std::vector<TargetColumn>& columns = table.columns();
   for (const std::string& key : keys) {
     const auto column = std::find_if(columns.begin(), columns.end(),
-                                     [&](const TableColumn& each) { return each.name == key; });
+                                     [&](const TargetColumn& each) { return each.name == key; });
     if (column == columns.end()) throw RuntimeFault(FaultNumber::kIndexOutOfRange, key);
     const SQLRETURN code =
         table.BindKey(statement, number++, static_cast<std::size_t>(column - columns.begin()));

@@ -28,13 +28,20 @@ std::vector<std::string_view> FixedWidth(std::string_view line,
   return fields;
 }
 
+TargetColumn Bound(const char* name, std::int16_t sql_type) {
+  TargetColumn column;
+  column.name = name;
+  column.sql_type = sql_type;
+  column.bound = true;
+  return column;
+}
+
 /// What one line becomes in VARCHAR columns: their texts, or the parser's answer.
 std::vector<std::string> Parsed(TestComponent& component, std::size_t column_count,
                                 std::string_view line) {
-  const std::vector<TableColumn> columns(column_count, {"C", kSqlVarchar, "VARCHAR", 30, 0, 1});
+  const std::vector<TargetColumn> columns(column_count, Bound("C", kSqlVarchar));
   std::vector<ParameterBuffer> buffers(column_count);
-  RecordParser parser(CompileRecordPlan(component.module(), component.session(), columns,
-                                        std::vector<bool>(column_count, true), buffers));
+  RecordParser parser(CompileRecordPlan(component.module(), columns, buffers));
   switch (parser.ParseRecord(line)) {
     case ParseResult::kFailed:
       return {"<failed>"};
@@ -107,7 +114,7 @@ TEST(RecordParser, CutsByTheCodePageOfTheSystem) {
 
 TEST(RecordParser, AdvancesByOneCharacterOfTheDelimiterWhateverItsBytes) {
   TestComponent component;
-  component.module().run.delimited = 1;
+  component.module().run.file_format = FileFormat::kDelimited;
   component.module().run.delimiter = "§";
   EXPECT_THAT(Parsed(component, 3, "a§b§c"), ElementsAre("a", "b", "c"));
   component.module().run.delimiter = "§§";
@@ -116,7 +123,7 @@ TEST(RecordParser, AdvancesByOneCharacterOfTheDelimiterWhateverItsBytes) {
 
 TEST(RecordParser, FailsOnALineWithMoreFieldsThanTheTableHasColumns) {
   TestComponent component;
-  component.module().run.delimited = 1;
+  component.module().run.file_format = FileFormat::kDelimited;
   component.module().run.delimiter = ";";
   EXPECT_THAT(Parsed(component, 2, "a;b"), ElementsAre("a", "b"));
   EXPECT_THAT(Parsed(component, 2, "a;b;"), ElementsAre("<failed>"));
@@ -125,25 +132,23 @@ TEST(RecordParser, FailsOnALineWithMoreFieldsThanTheTableHasColumns) {
 
 TEST(RecordParser, HasAnEmptyRecordOnlyForTheEmptyValueOfASingleColumn) {
   TestComponent component;
-  component.module().run.delimited = 1;
+  component.module().run.file_format = FileFormat::kDelimited;
   component.module().run.delimiter = ";";
   EXPECT_THAT(Parsed(component, 1, ""), ElementsAre("<empty>"));
   EXPECT_THAT(Parsed(component, 1, " "), ElementsAre(" "));
   EXPECT_THAT(Parsed(component, 2, ""), ElementsAre("<null>", "<null>"));
-  component.module().run.null_option = 1;
+  component.module().run.null_option = Flag::kOn;
   EXPECT_THAT(Parsed(component, 1, " "), ElementsAre("<empty>"));
 }
 
 TEST(RecordParser, ForgetsTheValuesOfTheLineBefore) {
   TestComponent component;
-  component.module().run.delimited = 1;
+  component.module().run.file_format = FileFormat::kDelimited;
   component.module().run.delimiter = ";";
-  const std::vector<TableColumn> columns{{"A", kSqlVarchar, "VARCHAR", 30, 0, 1},
-                                         {"B", kSqlFloat, "FLOAT", 15, 0, 1},
-                                         {"C", kSqlDate, "DATE", 10, 0, 1}};
+  const std::vector<TargetColumn> columns{Bound("A", kSqlVarchar), Bound("B", kSqlFloat),
+                                          Bound("C", kSqlDate)};
   std::vector<ParameterBuffer> buffers(columns.size());
-  RecordParser parser(CompileRecordPlan(component.module(), component.session(), columns,
-                                        std::vector<bool>(columns.size(), true), buffers));
+  RecordParser parser(CompileRecordPlan(component.module(), columns, buffers));
   ASSERT_EQ(parser.ParseRecord("a;1.5;2006-11-15"), ParseResult::kRecord);
   EXPECT_EQ(buffers[0].text_indicator, 1);
   EXPECT_EQ(buffers[1].number, 1.5);

@@ -30,7 +30,7 @@ FieldPlan::Format FormatOf(const ColumnDefinition& column, bool explicit_separat
 /// which is null.
 std::vector<ColumnOrigin> OriginsOf(const RunState& run, std::size_t column_count) {
   std::vector<ColumnOrigin> origins;
-  if (run.parameter_option == 1) {
+  if (run.parameter_option == Flag::kOn) {
     for (const StoredAssignment& assignment : run.assignments) {
       if (origins.size() == column_count) break;
       origins.push_back(ParseColumnOrigin(assignment.value, assignment.name));
@@ -46,16 +46,17 @@ std::vector<ColumnOrigin> OriginsOf(const RunState& run, std::size_t column_coun
 }
 
 FieldPlan FieldPlanOf(const ColumnOrigin& origin, const std::vector<ColumnDefinition>& layout,
-                      const RunState& run, const TableColumn& column,
+                      const RunState& run, const TargetColumn& column,
                       const std::string& user_separator, ParameterBuffer& buffer) {
   FieldPlan field;
   field.field = origin.field;
   field.target = TargetOf(column.sql_type);
   field.separator = column.sql_type == kSqlSmallInt ? "." : user_separator;
+  field.is_key = column.is_key;
   field.buffer = &buffer;
   if (origin.field < layout.size()) {
     const ColumnDefinition& definition = layout[origin.field];
-    field.format = FormatOf(definition, run.separator_option == 1);
+    field.format = FormatOf(definition, run.separator_option == Flag::kOn);
     field.date = definition.date;
     field.decimals = definition.decimals;
   }
@@ -118,19 +119,17 @@ bool StoreValue(std::string_view value, FieldPlan::Target target, const RecordPl
   return false;
 }
 
-RecordPlan CompileRecordPlan(const ModuleCommun& module, const OdbcSession& session,
-                             const std::vector<TableColumn>& columns,
-                             const std::vector<bool>& bound,
+RecordPlan CompileRecordPlan(const ModuleCommun& module, const std::vector<TargetColumn>& columns,
                              std::vector<ParameterBuffer>& buffers) {
   const RunState& run = module.run;
   RecordPlan plan;
-  plan.delimited = run.delimited == 1;
+  plan.delimited = run.file_format == FileFormat::kDelimited;
   plan.utf8 = module.platform.encoding.IsUtf8();
-  plan.blanks_are_null = run.null_option == 1;
+  plan.blanks_are_null = run.null_option == Flag::kOn;
   plan.delimiter = run.delimiter;
   plan.column_count = columns.size();
   plan.century = module.platform.clock.Now().year / 100;
-  plan.decimal_separator = session.system_decimal_separator;
+  plan.decimal_separator = run.decimal_separator;
   const std::vector<ColumnDefinition> layout =
       ParseColumnLayout(run.column_layout, !plan.delimited);
   if (!plan.delimited) {
@@ -139,11 +138,10 @@ RecordPlan CompileRecordPlan(const ModuleCommun& module, const OdbcSession& sess
   const std::vector<ColumnOrigin> origins = OriginsOf(run, columns.size());
   plan.always_null.assign(columns.size(), false);
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (columns[i].ignored && !bound[i]) continue;
+    if (columns[i].ignored && !columns[i].bound) continue;
     if (origins[i].kind == ColumnOrigin::Kind::kField) {
       plan.fields.push_back(
           FieldPlanOf(origins[i], layout, run, columns[i], plan.decimal_separator, buffers[i]));
-      plan.fields.back().column = i;
       plan.always_null[i] = HasNoCharacters(plan, origins[i].field);
       continue;
     }

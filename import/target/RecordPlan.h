@@ -6,11 +6,19 @@
 #include <string>
 #include <vector>
 
+#include "core/ModuleCommun.h"
 #include "import/layout/ColumnLayout.h"
 #include "import/values/ParameterBuffer.h"
 #include "odbc/Catalogue.h"
 
 namespace imptable {
+
+/// A column of the target table, and what the run's statements do with it.
+struct TargetColumn : TableColumn {
+  bool ignored = false;  // not to be written
+  bool bound = false;    // a statement uses its buffer
+  bool is_key = false;   // rows are looked for by it
+};
 
 /// How one table column is filled from a file field, for every line of a run.
 struct FieldPlan {
@@ -23,7 +31,6 @@ struct FieldPlan {
   DateFormat date;
   std::size_t decimals = 0;
   std::string separator;              // the decimal separator to write
-  std::size_t column = 0;             // of the table, from 0
   bool is_key = false;                // rows are looked for by it
   ParameterBuffer* buffer = nullptr;  // borrowed from the run's buffers
 };
@@ -53,13 +60,11 @@ struct RecordPlan {
 
 /// Works out the plan from the run's settings, and stores the values that are the same for every
 /// line into their buffers.
-/// @param bound  per column, whether a statement uses its buffer; an ignored column that none uses
-/// is not filled, so that its value can't fail a line.
+/// A column that is ignored and not bound isn't filled, so that its value can't fail a line.
 /// @param buffers  one per column; borrowed by the plan.
 /// @throws RuntimeFault  when "Colonnes" or "Champs" can't be understood.
-RecordPlan CompileRecordPlan(const ModuleCommun& module, const OdbcSession& session,
-                             const std::vector<TableColumn>& columns,
-                             const std::vector<bool>& bound, std::vector<ParameterBuffer>& buffers);
+RecordPlan CompileRecordPlan(const ModuleCommun& module, const std::vector<TargetColumn>& columns,
+                             std::vector<ParameterBuffer>& buffers);
 
 /// A value without its trailing blanks where these are null; empty for "Null", wherever it stands.
 std::string_view StoredPart(std::string_view value, const RecordPlan& plan);

@@ -1,9 +1,8 @@
 #include "import/target/SentValues.h"
 
-#include <array>
 #include <cmath>
+#include <utility>
 
-#include "core/MessageCatalogue.h"
 #include "import/values/DateConversion.h"
 #include "import/values/KeyText.h"
 
@@ -28,22 +27,6 @@ constexpr bool IsNumberType(std::int16_t sql_type) {
   }
 }
 
-struct Complaint {
-  std::string_view french, english;
-};
-
-/// By rule.
-constexpr std::array<Complaint, 8> kComplaints{{
-    {"est trop longue", "is too long"},
-    {"n'est pas un nombre", "is no number"},
-    {"n'est ni 0 ni 1", "is neither 0 nor 1"},
-    {"n'est pas une date", "is no date"},
-    {"n'est pas une date", "is no date"},
-    {"n'est pas une heure", "is no time"},
-    {"n'est pas une suite d'octets en hexadécimal", "is no string of bytes in hexadecimal"},
-    {"n'est pas un nombre entier de bits", "is no whole number of bits"},
-}};
-
 /// Whether a double is a whole number that isn't below zero and stands for no other.
 bool IsWholeAndExact(double number) {
   constexpr double kMost = 9007199254740992.0;  // 2 to the power of 53
@@ -52,13 +35,14 @@ bool IsWholeAndExact(double number) {
 
 }  // namespace
 
-SentValues::SentValues(const ModuleCommun& module, OdbcSession& session, const TargetTable& table)
-    : module_(module), session_(session), table_(table) {
+SentValues::SentValues(const OdbcSession& session, const TargetTable& table,
+                       std::string decimal_separator)
+    : session_(session), table_(table), decimal_separator_(std::move(decimal_separator)) {
   for (std::size_t i = 0; i < table_.columns().size(); ++i) {
-    const TableColumn& column = table_.columns()[i];
-    if (table_.is_key(i)) {
+    const TargetColumn& column = table_.columns()[i];
+    if (column.is_key) {
       checked_.push_back({i, KeyRuleOf(column)});
-    } else if (const auto rule = ValueRuleOf(column); rule && table_.is_bound(i)) {
+    } else if (const auto rule = ValueRuleOf(column); rule && column.bound) {
       checked_.push_back({i, *rule});
     }
   }
@@ -84,6 +68,27 @@ SentValues::Rule SentValues::KeyRuleOf(const TableColumn& column) const {
   return column.sql_type == kSqlTimestamp ? Rule::kDateAndTime : Rule::kWhole;
 }
 
+Complaint SentValues::ComplaintOf(Rule rule) {
+  switch (rule) {
+    case Rule::kWhole:
+      return Complaint::kTooLong;
+    case Rule::kNumber:
+      return Complaint::kNoNumber;
+    case Rule::kBit:
+      return Complaint::kNoBit;
+    case Rule::kDate:
+    case Rule::kDateAndTime:
+      return Complaint::kNoDate;
+    case Rule::kTime:
+      return Complaint::kNoTime;
+    case Rule::kBytes:
+      return Complaint::kNoBytes;
+    case Rule::kBits:
+      return Complaint::kNoWholeBits;
+  }
+  return Complaint::kTooLong;
+}
+
 bool SentValues::Holds(Rule rule, const ParameterBuffer& buffer) const {
   const bool is_null = buffer.text_indicator == SQL_NULL_DATA;
   const Dialect& dialect = *session_.dialect;
@@ -94,9 +99,8 @@ bool SentValues::Holds(Rule rule, const ParameterBuffer& buffer) const {
       if (buffer.unreadable) return false;
       return is_null ||
              (!buffer.cut &&
-              IsNumberText(buffer.Text(),
-                           {dialect.misreads_keys ? "" : session_.system_decimal_separator,
-                            dialect.number_words}));
+              IsNumberText(buffer.Text(), {dialect.misreads_keys ? "" : decimal_separator_,
+                                           dialect.number_words}));
     case Rule::kBit:
       return is_null || IsBitText(buffer.Text());
     case Rule::kTime:
@@ -115,36 +119,34 @@ bool SentValues::Holds(Rule rule, const ParameterBuffer& buffer) const {
   return true;
 }
 
-void SentValues::Report(const Checked& checked) {
+RecordDiagnostic SentValues::DiagnosticOf(const Checked& checked) const {
   const ParameterBuffer& buffer = table_.buffer(checked.column);
-  std::string value(buffer.Text());
-  if (checked.rule == Rule::kBits && !buffer.unreadable) value = std::to_string(buffer.number);
+  const TargetColumn& column = table_.columns()[checked.column];
+  RecordDiagnostic diagnostic{.complaint = ComplaintOf(checked.rule),
+                              .column = column.name,
+                              .is_key = column.is_key,
+                              .value = std::string(buffer.Text())};
+  if (checked.rule == Rule::kBits && !buffer.unreadable) {
+    diagnostic.value = std::to_string(buffer.number);
+  }
   if (checked.rule == Rule::kDate || checked.rule == Rule::kDateAndTime) {
     const auto text = FormatDateValue(buffer.date);
-    value.assign(text.data(), text.size());
+    diagnostic.value.assign(text.data(), text.size());
   }
-  const TextEncoding& encoding = module_.platform.encoding;
-  const bool english = module_.language_offset == kEnglishOffset;
-  const auto& [french_complaint, english_complaint] =
-      kComplaints[static_cast<std::size_t>(checked.rule)];
-  const bool is_key = table_.is_key(checked.column);
-  const std::string_view noun =
-      english ? (is_key ? "Key" : "Column") : (is_key ? "Clé" : "Colonne");
-  session_.ReportText(encoding.FromUtf8(std::string(noun) + " \"") +
-                      table_.columns()[checked.column].name +
-                      encoding.FromUtf8(english ? "\": \"" : "\" : \"") + value + "\" " +
-                      encoding.FromUtf8(english ? english_complaint : french_complaint) +
-                      encoding.FromUtf8(english ? "; the line was not executed"
-                                                : " ; la ligne n'a pas été exécutée"));
+  return diagnostic;
 }
 
-bool SentValues::Check() {
-  for (const Checked& checked : checked_) {
-    if (Holds(checked.rule, table_.buffer(checked.column))) continue;
-    Report(checked);
-    return false;
+std::optional<RecordDiagnostic> SentValues::Check(const RecordParser& parser,
+                                                  std::string_view line) const {
+  const bool may_be_cut =
+      session_.dialect->cuts_at_nul && line.find('\0') != std::string_view::npos;
+  if (may_be_cut && parser.HasTextWithNul()) {
+    return RecordDiagnostic{.complaint = Complaint::kHoldsNul};
   }
-  return true;
+  for (const Checked& checked : checked_) {
+    if (!Holds(checked.rule, table_.buffer(checked.column))) return DiagnosticOf(checked);
+  }
+  return std::nullopt;
 }
 
 }  // namespace imptable

@@ -3,8 +3,11 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <vector>
 
+#include "import/target/Record.h"
 #include "import/target/TargetTable.h"
 
 namespace imptable {
@@ -14,12 +17,14 @@ namespace imptable {
 /// that is cut on its way. A driver that converts a value by itself may send another one.
 class SentValues {
  public:
-  /// @param module, session, table  borrowed; must outlive the object. The table's columns are
-  /// bound.
-  SentValues(const ModuleCommun& module, OdbcSession& session, const TargetTable& table);
+  /// @param session, table  borrowed; must outlive the object. The table's columns are bound.
+  /// @param decimal_separator  the user's, which some databases take in a number.
+  SentValues(const OdbcSession& session, const TargetTable& table, std::string decimal_separator);
 
-  /// @return false after the first value that is none of its column has been reported.
-  bool Check();
+  /// @param parser  that has read the line into the table's buffers.
+  /// @return what is wrong with the first value that is none of its column; nullopt when all are
+  /// fit to be sent.
+  std::optional<RecordDiagnostic> Check(const RecordParser& parser, std::string_view line) const;
 
  private:
   enum class Rule : std::uint8_t {
@@ -41,12 +46,13 @@ class SentValues {
   Rule KeyRuleOf(const TableColumn& column) const;
   /// @return nullopt for a column whose values go as they are.
   std::optional<Rule> ValueRuleOf(const TableColumn& column) const;
+  static Complaint ComplaintOf(Rule rule);
   bool Holds(Rule rule, const ParameterBuffer& buffer) const;
-  void Report(const Checked& checked);
+  RecordDiagnostic DiagnosticOf(const Checked& checked) const;
 
-  const ModuleCommun& module_;
-  OdbcSession& session_;
+  const OdbcSession& session_;
   const TargetTable& table_;
+  std::string decimal_separator_;
   std::vector<Checked> checked_;
 };
 

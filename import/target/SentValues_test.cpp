@@ -25,7 +25,7 @@ class TypedRun : public KeyedRun {
     Source({key + ";a"});
     Go();
     const bool executed = !Executed().empty();
-    EXPECT_EQ(progress().errors, executed ? 0 : 1) << key;
+    EXPECT_EQ(progress().lines[Outcome::kRejected], executed ? 0 : 1) << key;
     return executed;
   }
 };
@@ -181,8 +181,9 @@ std::vector<std::string> RejectedBy(std::int32_t mode, const std::string& dbms,
   run.Driver("info 17 " + dbms);
   run.Source(lines);
   run.Go();
-  if (run.progress().errors == 0) return {};
-  EXPECT_EQ(run.progress().errors, static_cast<std::int64_t>(run.Rejected().size()));
+  if (run.progress().lines[Outcome::kRejected] == 0) return {};
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected],
+            static_cast<std::int64_t>(run.Rejected().size()));
   return run.Rejected();
 }
 

@@ -1,5 +1,6 @@
 #include "import/target/TargetTable.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace imptable {
@@ -19,6 +20,8 @@ RuntimeFault TooManyColumnsFault(std::size_t count) {
 }
 
 }  // namespace
+
+TableName TableOf(const OpenedTask& task) { return {task.owner, task.table}; }
 
 bool HoldsBytes(std::int16_t sql_type) {
   return sql_type == SQL_BINARY || sql_type == SQL_VARBINARY || sql_type == SQL_LONGVARBINARY;
@@ -50,33 +53,44 @@ SQLRETURN BindParameter(SQLHSTMT statement, SQLUSMALLINT number, const TableColu
   }
 }
 
-void TargetTable::MarkIgnored() {
-  for (std::size_t i = 0; i < columns_.size(); ++i) {
-    const std::string number = std::to_string(i + 1);
+bool TargetTable::LoadColumns(Catalogue& catalogue) {
+  std::vector<TableColumn> found;
+  const bool loaded = catalogue.GetTableColumns(found);
+  columns_.clear();
+  for (TableColumn& column : found) {
+    if (session_.dialect->bits_are_numbers && IsBitString(column)) column.sql_type = kSqlFloat;
+    TargetColumn target{std::move(column)};
+    const std::string number = std::to_string(columns_.size() + 1);
     for (const StoredAssignment& assignment : module_.run.assignments) {
-      if (assignment.name == number) columns_[i].ignored = assignment.value.ends_with("Ignore");
+      if (assignment.name == number) target.ignored = assignment.value.ends_with("Ignore");
     }
+    columns_.push_back(std::move(target));
   }
+  return loaded;
+}
+
+bool TargetTable::LeaveOutVersions(Catalogue& catalogue) {
+  std::vector<std::string> versions;
+  const bool loaded = catalogue.GetSpecialColumns(versions);
+  for (const std::string& name : versions) {
+    const auto column = std::find_if(columns_.begin(), columns_.end(),
+                                     [&](const TargetColumn& each) { return each.name == name; });
+    if (column != columns_.end()) column->ignored = true;
+  }
+  return loaded;
 }
 
 bool TargetTable::Load(bool with_special_columns) {
-  Catalogue catalogue(module_, session_);
-  columns_.clear();
-  bool found = false;
-  bool loaded = catalogue.GetTableColumns(columns_);
-  for (TableColumn& column : columns_) {
-    if (session_.dialect->bits_are_numbers && IsBitString(column)) column.sql_type = kSqlFloat;
-  }
-  MarkIgnored();
-  if (loaded && with_special_columns) loaded = catalogue.GetSpecialColumns(columns_, found);
+  name_ = TableOf(module_.run);
+  Catalogue catalogue(session_, name_);
+  bool loaded = LoadColumns(catalogue);
+  if (loaded && with_special_columns) loaded = LeaveOutVersions(catalogue);
   buffers_ = std::vector<ParameterBuffer>(columns_.size());
-  bound_.assign(columns_.size(), false);
-  is_key_.assign(columns_.size(), false);
   return loaded;
 }
 
 SQLRETURN TargetTable::Bind(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column) {
-  bound_[column] = true;
+  columns_[column].bound = true;
   TableColumn sent = columns_[column];
   if (session_.dialect->binds_bytes_as_text && HoldsBytes(sent.sql_type)) {
     sent.sql_type = kSqlVarchar;
@@ -85,13 +99,12 @@ SQLRETURN TargetTable::Bind(SQLHSTMT statement, SQLUSMALLINT number, std::size_t
 }
 
 SQLRETURN TargetTable::BindKey(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column) {
-  is_key_[column] = true;
+  columns_[column].is_key = true;
   return Bind(statement, number, column);
 }
 
 RecordPlan TargetTable::MakePlan() {
-  RecordPlan plan = CompileRecordPlan(module_, session_, columns_, bound_, buffers_);
-  for (FieldPlan& field : plan.fields) field.is_key = is_key_[field.column];
+  RecordPlan plan = CompileRecordPlan(module_, columns_, buffers_);
   if (!plan.delimited && plan.widths.size() > plan.column_count) {
     throw TooManyColumnsFault(plan.widths.size());
   }
@@ -102,7 +115,7 @@ RecordParser TargetTable::MakeParser() {
   RecordPlan plan = MakePlan();
   bool any_value = false;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
-    any_value = any_value || (bound_[i] && !plan.always_null[i]);
+    any_value = any_value || (columns_[i].bound && !plan.always_null[i]);
   }
   if (!any_value) throw NoValueFault({});
   return RecordParser(std::move(plan));
@@ -111,7 +124,7 @@ RecordParser TargetTable::MakeParser() {
 RecordParser TargetTable::MakeKeyedParser() {
   RecordPlan plan = MakePlan();
   for (std::size_t i = 0; i < columns_.size(); ++i) {
-    if (is_key_[i] && plan.always_null[i]) throw NoValueFault(columns_[i].name);
+    if (columns_[i].is_key && plan.always_null[i]) throw NoValueFault(columns_[i].name);
   }
   return RecordParser(std::move(plan));
 }
@@ -119,13 +132,13 @@ RecordParser TargetTable::MakeKeyedParser() {
 std::string TargetTable::InsertText() const {
   std::string names;
   std::string marks;
-  for (const TableColumn& column : columns_) {
+  for (const TargetColumn& column : columns_) {
     if (column.ignored) continue;
     if (!names.empty()) names += ',';
     names += QuoteIdentifier(session_, column.name);
     marks += marks.empty() ? "?" : ", ?";
   }
-  return "INSERT INTO " + TableReference(module_, session_) + " (" + names + ") VALUES (" + marks +
+  return "INSERT INTO " + TableReference(session_, name_) + " (" + names + ") VALUES (" + marks +
          ")";
 }
 
@@ -138,7 +151,7 @@ bool TargetTable::PrepareInsert(SQLHSTMT statement, bool information_fails) {
     if (columns_[i].ignored) continue;
     ready = Bind(statement, ++number, i) == SQL_SUCCESS;
   }
-  if (!ready) session_.ReportError(statement);
+  if (!ready) session_.ReportOdbcError(statement);
   return ready;
 }
 

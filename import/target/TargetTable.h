@@ -11,6 +11,9 @@
 
 namespace imptable {
 
+/// The table that a task writes to.
+TableName TableOf(const OpenedTask& task);
+
 bool HoldsBytes(std::int16_t sql_type);
 
 /// Whether the column holds several bits, which ODBC calls bytes.
@@ -21,19 +24,22 @@ bool IsBitString(const TableColumn& column);
 SQLRETURN BindParameter(SQLHSTMT statement, SQLUSMALLINT number, const TableColumn& column,
                         ParameterBuffer& buffer);
 
-/// The target table of a run: its columns, a value buffer for each, and which of these a statement
-/// uses.
+/// The target table of a run: its columns and a value buffer for each.
 class TargetTable {
  public:
   /// @param module, session  borrowed; must outlive the table.
   TargetTable(const ModuleCommun& module, OdbcSession& session)
       : module_(module), session_(session) {}
 
-  /// Reads the columns and, when asked to, marks those that the database versions itself.
+  /// Known once the columns are read.
+  const TableName& name() const { return name_; }
+
+  /// Reads the columns. Those whose assignment in "Champs" ends with "Ignore" are left out; when
+  /// asked to, also those that the database versions itself.
   /// @return false after a diagnostic has been reported.
   bool Load(bool with_special_columns);
 
-  const std::vector<TableColumn>& columns() const { return columns_; }
+  const std::vector<TargetColumn>& columns() const { return columns_; }
 
   /// Binds a parameter to the buffer of the column of this index.
   SQLRETURN Bind(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column);
@@ -41,8 +47,6 @@ class TargetTable {
   /// The same for a parameter that rows are looked for by.
   SQLRETURN BindKey(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column);
 
-  bool is_bound(std::size_t column) const { return bound_[column]; }
-  bool is_key(std::size_t column) const { return is_key_[column]; }
   const ParameterBuffer& buffer(std::size_t column) const { return buffers_[column]; }
 
   /// The parser of the run's lines, for all columns but those that are ignored and not bound.
@@ -62,16 +66,15 @@ class TargetTable {
   bool PrepareInsert(SQLHSTMT statement, bool information_fails);
 
  private:
-  /// Marks the columns that the task leaves out.
-  void MarkIgnored();
+  bool LoadColumns(Catalogue& catalogue);
+  bool LeaveOutVersions(Catalogue& catalogue);
   RecordPlan MakePlan();
 
   const ModuleCommun& module_;
   OdbcSession& session_;
-  std::vector<TableColumn> columns_;
+  TableName name_;
+  std::vector<TargetColumn> columns_;
   std::vector<ParameterBuffer> buffers_;
-  std::vector<bool> bound_;
-  std::vector<bool> is_key_;
 };
 
 }  // namespace imptable

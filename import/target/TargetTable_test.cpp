@@ -26,7 +26,7 @@ class LoadedTable {
     TargetTable table(session_.component.module(), session_.odbc());
     EXPECT_TRUE(table.Load(with_special_columns));
     std::vector<bool> ignored;
-    for (const TableColumn& column : table.columns()) ignored.push_back(column.ignored);
+    for (const TargetColumn& column : table.columns()) ignored.push_back(column.ignored);
     return ignored;
   }
 
@@ -60,6 +60,33 @@ TEST(TargetTable, FindsAnAssignmentByTheColumnsPlaceFromOne) {
   table.Assign("12", "Ignore");
   const std::vector<bool> ignored = table.Ignored();
   for (std::size_t i = 0; i < ignored.size(); ++i) EXPECT_EQ(ignored[i], i == 1 || i == 9) << i;
+}
+
+TEST(TargetTable, LeavesOutNoColumnButThoseThatTheDatabaseVersionsItself) {
+  LoadedTable table(
+      "column CODE 4 INTEGER 10 0 0\n"
+      "column NOM 12 VARCHAR 30 0 1\n"
+      "column V1 -2 TIMESTAMP 8 0 0\n"
+      "column V2 -2 TIMESTAMP 8 0 0\n"
+      "rowversion V2\nrowversion V1\n");
+  table.Assign("1", "Ignore");
+  EXPECT_THAT(table.Ignored(), ElementsAre(true, false, true, true));
+}
+
+TEST(TargetTable, FindsAVersionedColumnByItsExactName) {
+  for (const char* reported : {"", "rowversion OTHER\n", "rowversion ts\n", "rowversion T\n",
+                               "rowversion TSX\n", "rowversion null\n", "rowid TS\n"}) {
+    LoadedTable table("column TS -2 TIMESTAMP 8 0 0\n" + std::string(reported));
+    EXPECT_THAT(table.Ignored(), ElementsAre(false)) << reported;
+  }
+}
+
+TEST(TargetTable, LeavesOutTheFirstOfTwoColumnsOfOneName) {
+  LoadedTable table(
+      "column TS -2 TIMESTAMP 8 0 0\n"
+      "column TS -2 TIMESTAMP 8 0 0\n"
+      "rowversion TS\n");
+  EXPECT_THAT(table.Ignored(), ElementsAre(true, false));
 }
 
 TEST(TargetTable, LeavesOutWhatTheDatabaseVersionsItselfWhateverIsAssignedToIt) {

@@ -6,7 +6,7 @@ namespace {
 /// Type name of columns that the database counts by itself.
 constexpr std::string_view kCounterType = "COUNTER";
 
-bool IsSet(const TableColumn& column) {
+bool IsSet(const TargetColumn& column) {
   return !column.ignored && column.type_name != kCounterType;
 }
 
@@ -14,18 +14,18 @@ bool IsSet(const TableColumn& column) {
 
 std::string UpdateStatement::Text(const std::vector<std::string>& keys) const {
   std::string assignments;
-  for (const TableColumn& column : table_.columns()) {
+  for (const TargetColumn& column : table_.columns()) {
     if (!IsSet(column)) continue;
     if (!assignments.empty()) assignments += ", ";
     assignments += QuoteIdentifier(session_, column.name) + " = ?";
   }
-  return "UPDATE " + TableReference(module_, session_) + " SET " + assignments + " WHERE " +
+  return "UPDATE " + TableReference(session_, table_.name()) + " SET " + assignments + " WHERE " +
          KeyCondition(session_, keys);
 }
 
 bool UpdateStatement::Prepare(const std::vector<std::string>& keys) {
   if (statement_.Allocate(session_.connection) != SQL_SUCCESS) {
-    session_.ReportError();
+    session_.ReportOdbcError();
     return false;
   }
   const SQLHSTMT raw = statement_.raw();
@@ -37,7 +37,7 @@ bool UpdateStatement::Prepare(const std::vector<std::string>& keys) {
   }
   if (code == SQL_SUCCESS) code = BindKeys(table_, raw, number, keys);
   if (code == SQL_SUCCESS) return true;
-  session_.ReportError(raw);
+  session_.ReportOdbcError(raw);
   return false;
 }
 

@@ -12,9 +12,8 @@ namespace imptable {
 /// The prepared UPDATE of the modes that change rows.
 class UpdateStatement {
  public:
-  /// @param module, session, table  borrowed; must outlive the statement.
-  UpdateStatement(ModuleCommun& module, OdbcSession& session, TargetTable& table)
-      : module_(module), session_(session), table_(table) {}
+  /// @param session, table  borrowed; must outlive the statement.
+  UpdateStatement(OdbcSession& session, TargetTable& table) : session_(session), table_(table) {}
 
   /// Allocates and prepares the statement and binds the columns of its SET list, then its keys.
   /// @return false after a diagnostic has been reported.
@@ -26,10 +25,8 @@ class UpdateStatement {
   std::string Text(const std::vector<std::string>& keys) const;
 
   SQLHSTMT raw() const { return statement_.raw(); }
-  void Drop() { statement_.Drop(); }
 
  private:
-  ModuleCommun& module_;
   OdbcSession& session_;
   TargetTable& table_;
   Statement statement_;

@@ -36,7 +36,7 @@ RealSource::RealSource(DatabaseKind kind, const std::string& options)
 
 Catalogue RealSource::Of(const std::string& table) {
   session_.run().table = table;
-  return Catalogue(session_.component.module(), odbc());
+  return session_.catalogue();
 }
 
 std::vector<std::string> RealSource::Columns(const std::string& table) {
@@ -59,15 +59,8 @@ std::vector<std::string> RealSource::PrimaryKey(const std::string& table) {
 }
 
 std::vector<std::string> RealSource::VersionedColumns(const std::string& table) {
-  std::vector<TableColumn> columns;
-  bool found = false;
-  if (!Of(table).GetTableColumns(columns) || !Of(table).GetSpecialColumns(columns, found)) {
-    return {"<failed>"};
-  }
   std::vector<std::string> names;
-  for (const TableColumn& column : columns) {
-    if (column.ignored) names.push_back(column.name);
-  }
+  if (!Of(table).GetSpecialColumns(names)) return {"<failed>"};
   return names;
 }
 
@@ -111,7 +104,7 @@ std::string RealSource::DoWithTime(const std::string& sql) {
   ParameterBuffer buffer;
   buffer.SetDate(
       {.year = 2006, .month = 1, .day = 2, .hour = 8, .minute = 30, .second = 0, .fraction = 0});
-  const TableColumn column{"stamp", kSqlTimestamp, "", 0, 0, 1, false};
+  const TableColumn column{"stamp", kSqlTimestamp, "", 0, 0, 1};
   SQLPrepare(statement_.raw(), SqlText(sql), SQL_NTS);
   BindParameter(statement_.raw(), 1, column, buffer);
   return Again();
@@ -122,7 +115,7 @@ std::string RealSource::DoWithText(const std::string& sql, std::int16_t sql_type
   statement_.Allocate(odbc().connection);
   ParameterBuffer buffer;
   buffer.SetText(text, true);
-  const TableColumn column{"at", sql_type, "", 8, 0, 1, false};
+  const TableColumn column{"at", sql_type, "", 8, 0, 1};
   SQLPrepare(statement_.raw(), SqlText(sql), SQL_NTS);
   BindParameter(statement_.raw(), 1, column, buffer);
   return Again();

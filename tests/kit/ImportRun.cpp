@@ -95,6 +95,15 @@ std::vector<std::string> ImportRun::FileNames() const {
   return names;
 }
 
+std::int64_t ImportRun::OpenStatements() const {
+  std::int64_t open = 0;
+  for (const std::string& line : source.LogLines()) {
+    if (line.starts_with("SQLAllocStmt") && line.ends_with(" = 0")) ++open;
+    if (line.starts_with("SQLFreeStmt DROP") && line.ends_with(" = 0")) --open;
+  }
+  return open;
+}
+
 std::vector<std::string> ImportRun::Executed() const {
   constexpr std::string_view kCall = "SQLExecute ";
   std::vector<std::string> executed;

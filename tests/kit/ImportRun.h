@@ -82,6 +82,9 @@ class ImportRun {
   /// What the driver was given to execute, as "1='7' 2='a'".
   std::vector<std::string> Executed() const;
 
+  /// How many statements of the run were allocated and not dropped.
+  std::int64_t OpenStatements() const;
+
   static constexpr std::string_view kTaskPath = "SOFTWARE\\KALDO\\Scenarios\\S1\\Taches\\T1";
 
   ScriptedDataSource source;

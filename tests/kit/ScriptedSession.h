@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "odbc/Catalogue.h"
 #include "tests/drivers/ScriptedDataSource.h"
 #include "tests/kit/TestComponent.h"
 
@@ -23,8 +24,11 @@ class ScriptedSession {
   void ReportToTheRun() {
     writer_ = component.host.CreateReportWriter();
     component.module().report_writer = writer_.get();
-    odbc().execution_mode = kRunMode;
+    component.state.SetExecutionMode(ExecutionMode::kRun);
   }
+
+  /// Of the table that the run's owner and table name.
+  Catalogue catalogue() { return Catalogue(odbc(), {run().owner, run().table}); }
 
   OdbcSession& odbc() { return component.session(); }
   RunState& run() { return component.module().run; }

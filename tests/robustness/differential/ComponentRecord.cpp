@@ -16,13 +16,13 @@ void Demand(bool holds, const char* what) {
 
 void SetUp(TestComponent& component, const rules::Task& task) {
   ModuleCommun& module = component.module();
-  module.run.delimited = task.delimited ? 1 : 0;
+  module.run.file_format = task.delimited ? FileFormat::kDelimited : FileFormat::kFixedWidth;
   module.run.delimiter = task.delimiter;
-  module.run.separator_option = task.explicit_separator ? 1 : 0;
-  module.run.null_option = task.blanks_are_null ? 1 : 0;
-  module.run.parameter_option = task.assigned ? 1 : 0;
+  module.run.separator_option = task.explicit_separator ? Flag::kOn : Flag::kOff;
+  module.run.null_option = task.blanks_are_null ? Flag::kOn : Flag::kOff;
+  module.run.parameter_option = task.assigned ? Flag::kOn : Flag::kOff;
   module.run.column_layout = task.layout;
-  component.session().system_decimal_separator = task.user_separator;
+  component.module().run.decimal_separator = task.user_separator;
   component.clock.Set({task.year, 11, 15, 8, 30, 0});
   module.run.assignments.clear();
   module.run.variables.clear();
@@ -76,14 +76,16 @@ rules::Value ValueOf(const ParameterBuffer& buffer, std::int16_t sql_type) {
 ComponentRecord::ComponentRecord(TestComponent& component, const rules::Task& task)
     : buffers_(task.columns.size()) {
   SetUp(component, task);
-  std::vector<bool> bound;
   for (const rules::Column& column : task.columns) {
-    columns_.push_back({"C", column.sql_type, "TYPE", 30, 0, 1, column.ignored});
-    bound.push_back(!column.ignored);
+    TargetColumn target;
+    target.name = "C";
+    target.sql_type = column.sql_type;
+    target.ignored = column.ignored;
+    target.bound = !column.ignored;
+    columns_.push_back(std::move(target));
   }
   try {
-    parser_.emplace(
-        CompileRecordPlan(component.module(), component.session(), columns_, bound, buffers_));
+    parser_.emplace(CompileRecordPlan(component.module(), columns_, buffers_));
   } catch (const RuntimeFault&) {
     // The task is refused: no parser.
   }

@@ -22,7 +22,7 @@ class ComponentRecord {
   rules::Record Parse(std::string_view line);
 
  private:
-  std::vector<TableColumn> columns_;
+  std::vector<TargetColumn> columns_;
   std::vector<ParameterBuffer> buffers_;
   std::optional<RecordParser> parser_;  // empty when the task is refused
 };

@@ -238,7 +238,8 @@ void ObjectToConsequence(Consequence consequence, const Occurrence& hit, const W
       reader.ExpectCounts();
       reader.ExpectClosed();
       reader.Expect(struck.progress.read == plain.progress.read, "not every line was read");
-      reader.Expect(struck.progress.errors >= std::max<std::int64_t>(1, plain.progress.errors),
+      reader.Expect(struck.progress.lines[Outcome::kRejected] >=
+                        std::max<std::int64_t>(1, plain.progress.lines[Outcome::kRejected]),
                     "the error isn't counted");
       return;
     case Consequence::kFaultInImport:

@@ -1,4 +1,4 @@
-#include "import/ledger/SideFiles.h"
+#include "import/ledger/Ledger.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -97,8 +97,8 @@ TEST(SideFiles, AreOnlyTheErrorFileWithoutTheResumeOption) {
   EXPECT_THAT(run.Rejected(), ElementsAre("<none>"));
   EXPECT_THAT(run.Trace(), ElementsAre("<none>"));
   EXPECT_THAT(run.Errors(), SizeIs(2));
-  EXPECT_EQ(run.progress().errors, 2);
-  EXPECT_EQ(run.progress().inserted, 1);
+  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 2);
+  EXPECT_EQ(run.progress().lines[Outcome::kInserted], 1);
 }
 
 TEST(SideFiles, StartEmptyInEachRun) {
@@ -134,11 +134,11 @@ TEST(SideFiles, KeepARejectedLineThatIsTooLongToBeCopied) {
   }
 }
 
-TEST(SideFiles, GoWhereTheDiagnosticsAreOnlyWhileTheImportRuns) {
+TEST(SideFiles, TakeTheFailuresOfTheDataSourceOnlyWhileTheImportRuns) {
   ImportRun run;
   run.Source({"1;a"});
   run.Go();
-  EXPECT_EQ(run.component.session().error_file, nullptr);
+  EXPECT_EQ(run.component.session().listener, &run.component.state.report);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "import/ledger/SideFiles.h"
+#include "import/ledger/Ledger.h"
 
 #include <utility>
 
@@ -29,16 +29,7 @@ ChainMark MarkOf(const ResumeChain& chain, const SourceIdentity& source) {
 
 }  // namespace
 
-std::unique_ptr<LineReader> SideFiles::OpenForReading(const std::string& path) {
-  FileSystem& files = module_.platform.files;
-  const std::string located = files.Locate(path);
-  std::error_code error;
-  auto file = files.OpenForReading(located, error);
-  if (!file) throw FileFault(error, located);
-  return std::make_unique<LineReader>(std::move(file), located, module_.platform.encoding.IsUtf8());
-}
-
-void SideFiles::CopyFile(const std::string& from, const std::string& to) {
+void Ledger::CopyFile(const std::string& from, const std::string& to) {
   FileSystem& files = module_.platform.files;
   const std::string located = files.Locate(from);
   if (!LookAt(files, located)) return;
@@ -48,8 +39,9 @@ void SideFiles::CopyFile(const std::string& from, const std::string& to) {
   copy.Close();
 }
 
-void SideFiles::AdvanceChain() {
+void Ledger::TakeChain() {
   const RunState& run = module_.run;
+  if (!run.resume) return;
   ResumeChain chain(module_.platform.files, SideFilePath(run, kChainExtension));
   const ChainIdentity identity = IdentityOf(module_.platform.files, run);
   previous_mark_ = MarkOf(chain, identity.source);
@@ -62,13 +54,13 @@ void SideFiles::AdvanceChain() {
   resume_ = std::make_unique<ResumeDecisions>(std::move(state), module_.platform.encoding.IsUtf8());
 }
 
-void SideFiles::BeginChain() {
+void Ledger::BeginChain() {
   FileSystem& files = module_.platform.files;
   ResumeChain(files, SideFilePath(module_.run, kChainExtension))
       .Begin(IdentityOf(files, module_.run));
 }
 
-void SideFiles::CopyPrevious() {
+void Ledger::CopyPrevious() {
   const RunState& run = module_.run;
   FileSystem& files = module_.platform.files;
   const std::string rejected = SideFilePath(run, kRejectedCopyExtension);
@@ -80,38 +72,65 @@ void SideFiles::CopyPrevious() {
   previous_copied_ = true;
 }
 
-void SideFiles::OpenSource() {
-  const RunState& run = module_.run;
-  source_ = OpenForReading(DataFilePath(run, run.full_file_name == 1));
-  if (run.resume) AdvanceChain();
+void Ledger::TakeFailures(bool taken) {
+  session_.listener = taken && errors_ ? &*errors_ : listener_;
 }
 
-void SideFiles::TakeDiagnostics(bool taken) {
-  session_.error_file = taken && errors_ ? &*errors_ : nullptr;
-}
-
-void SideFiles::Open() {
+void Ledger::Open() {
   const RunState& run = module_.run;
   FileSystem& files = module_.platform.files;
-  errors_ = RunFile::Create(files, SideFilePath(run, kErrorExtension));
-  TakeDiagnostics(true);
+  errors_.emplace(module_, SideFilePath(run, kErrorExtension));
+  TakeFailures(true);
   if (run.resume) CopyPrevious();
-  if (run.record_errors == 0) return;
+  if (run.record_errors == Flag::kOff) return;
   rejected_ = RunFile::Create(files, SideFilePath(run, kRejectedExtension));
   trace_ = RunFile::Create(files, SideFilePath(run, kTraceExtension));
   // Only now: a chain that is over may have said so of an older trace, which is empty by now.
   if (!run.resume) BeginChain();
 }
 
-void SideFiles::Trace(std::int32_t line_number, bool failed, std::int64_t errors) {
+void Ledger::Settle(std::span<const Record> block) {
+  for (const Record& record : block) Settle(record);
+}
+
+void Ledger::Settle(const Record& record) {
+  OutcomeCounts& counts = module_.run.progress.lines;
+  const Outcome outcome = record.result.outcome;
+  for (const RecordDiagnostic& each : record.result.diagnostics) {
+    errors_->Write(record.number, each);
+  }
+  switch (outcome) {
+    case Outcome::kRejected:
+      ++counts[outcome];
+      module_.run.error_reported = true;
+      if (!trace_) return;
+      KeepRejected(record.line);
+      Trace(record.number, true);
+      return;
+    case Outcome::kInserted:
+    case Outcome::kModified:
+    case Outcome::kDeleted:
+    case Outcome::kUnmatched:
+    case Outcome::kUncounted:
+    case Outcome::kIgnored:
+      if (trace_) Trace(record.number, false);
+      break;
+    case Outcome::kEmpty:
+    case Outcome::kSkipped:
+      break;
+  }
+  ++counts[outcome];
+}
+
+void Ledger::Trace(std::int32_t line_number, bool failed) {
+  const auto errors = static_cast<std::int32_t>(module_.run.progress.lines[Outcome::kRejected]);
   text_.clear();
-  AppendTraceLine({line_number, failed, static_cast<std::int32_t>(errors)}, text_);
+  AppendTraceLine({line_number, failed, errors}, text_);
   text_ += SystemLineEnd();
   trace_->Write(text_);
 }
 
-void SideFiles::Reject(std::string_view line, std::int32_t line_number, std::int64_t errors) {
-  if (!rejected_) return;
+void Ledger::KeepRejected(std::string_view line) {
   if (line.size() <= kMostJoinedBytes) {
     text_.assign(line);
     text_ += SystemLineEnd();
@@ -120,29 +139,21 @@ void SideFiles::Reject(std::string_view line, std::int32_t line_number, std::int
     rejected_->Write(line);
     rejected_->Write(SystemLineEnd());
   }
-  Trace(line_number, true, errors);
 }
 
-void SideFiles::ReportParseFailure(std::int32_t line_number) {
-  errors_->Write(module_.DateTimeText() + module_.MessageText(Message::kAtLine) +
-                 SignedText(line_number) + ' ' + module_.MessageText(Message::kBadRecord) +
-                 module_.run.delimiter + module_.MessageText(Message::kBadRecordEnd) +
-                 std::string(SystemLineEnd()));
-}
-
-void SideFiles::EndOfLines(std::int32_t lines, bool all) {
+void Ledger::End(const std::string& source, std::int32_t lines, bool all) {
   if (all && resume_ && resume_->MissesLines(lines)) {
-    throw RuntimeFault(FaultNumber::kInputPastEnd, source_->path());
+    throw RuntimeFault(FaultNumber::kInputPastEnd, source);
   }
   // Where a run came to no line, what the one before it left is put back, its mark with it.
   if (trace_ && lines > 0) MarkChain(all ? ChainMark::kRead : ChainMark::kStopped);
 }
 
-void SideFiles::MarkChain(ChainMark mark) {
+void Ledger::MarkChain(ChainMark mark) {
   ResumeChain(module_.platform.files, SideFilePath(module_.run, kChainExtension)).Mark(mark);
 }
 
-void SideFiles::RestoreFile(std::string_view copy, std::string_view extension) {
+void Ledger::RestoreFile(std::string_view copy, std::string_view extension) {
   FileSystem& files = module_.platform.files;
   const std::string from = files.Locate(SideFilePath(module_.run, copy));
   if (!LookAt(files, from)) return;
@@ -153,7 +164,7 @@ void SideFiles::RestoreFile(std::string_view copy, std::string_view extension) {
   restored.Replace(path);
 }
 
-void SideFiles::RestorePrevious() {
+void Ledger::RestorePrevious() {
   if (!previous_copied_) return;
   // Some systems replace no open file.
   for (std::optional<RunFile>* file : {&rejected_, &trace_}) {
@@ -167,9 +178,10 @@ void SideFiles::RestorePrevious() {
   MarkChain(previous_mark_);
 }
 
-void SideFiles::Discard() {
+void Ledger::Discard() {
   std::vector<std::string> made;
-  for (const std::optional<RunFile>* file : {&errors_, &rejected_, &trace_}) {
+  if (errors_) made.push_back(errors_->path());
+  for (const std::optional<RunFile>* file : {&rejected_, &trace_}) {
     if (*file) made.push_back((*file)->path());
   }
   // What can't be closed or deleted is empty, and the next run's to complain about.
@@ -180,19 +192,21 @@ void SideFiles::Discard() {
   static_cast<void>(files.Remove(files.Locate(SideFilePath(module_.run, kChainExtension))));
 }
 
-std::optional<RuntimeFault> SideFiles::Close() {
+std::optional<RuntimeFault> Ledger::Close() {
   std::optional<RuntimeFault> first;
-  session_.error_file = nullptr;
-  source_.reset();
-  for (std::optional<RunFile>* file : {&errors_, &rejected_, &trace_}) {
-    if (!*file) continue;
+  const auto close = [&first](auto& file) {
+    if (!file) return;
     try {
-      (*file)->Close();
+      file->Close();
     } catch (const RuntimeFault& fault) {
       if (!first) first = fault;
     }
-    file->reset();
-  }
+    file.reset();
+  };
+  TakeFailures(false);
+  close(errors_);
+  close(rejected_);
+  close(trace_);
   resume_.reset();
   return first;
 }

@@ -1,12 +1,10 @@
-#include "plugin/ResumeOutlook.h"
+#include "import/ledger/ResumeOutlook.h"
 
 #include "core/FileLook.h"
 #include "import/ledger/ResumeChain.h"
 #include "import/ledger/ResumeRule.h"
 #include "import/ledger/TaskFiles.h"
 #include "import/source/LineReader.h"
-#include "plugin/RunDriver.h"
-#include "plugin/TaskLoading.h"
 
 namespace imptable {
 namespace {
@@ -28,7 +26,7 @@ ResumeOutlook LookAtResume(ModuleCommun& module) {
   const RunState& run = module.run;
   FileSystem& files = module.platform.files;
   ResumeOutlook outlook;
-  outlook.source_path = files.Locate(DataFilePath(run, run.full_file_name == 1));
+  outlook.source_path = files.Locate(DataFilePath(run));
   outlook.chain = FindChain(files, run);
   const auto state = ResumeChain(files, SideFilePath(run, kChainExtension)).state();
   const bool open = state == ResumeChain::State::kOpen;
@@ -42,7 +40,7 @@ ResumeOutlook LookAtResume(ModuleCommun& module) {
     return outlook;
   }
   outlook.answer = [&] {
-    if (run.record_errors == 0) return ResumeAnswer::kOptionOff;
+    if (run.record_errors == Flag::kOff) return ResumeAnswer::kOptionOff;
     const auto source = LookAt(files, outlook.source_path);
     if (!source) return ResumeAnswer::kNoSource;
     if (source->is_file &&
@@ -55,14 +53,6 @@ ResumeOutlook LookAtResume(ModuleCommun& module) {
     return CanResume(files, run) ? ResumeAnswer::kResumes : ResumeAnswer::kNeedsTraceOption;
   }();
   return outlook;
-}
-
-ResumeOutlook LookAtResume(ModuleState& state, const KeyPath& tasks, const std::string& scenario,
-                           const std::string& task) {
-  ModuleCommun& module = state.commun;
-  module.location = tasks;
-  TakeTask(module, module.opened_task ? *module.opened_task : OpenTask(module, scenario, task));
-  return LookAtResume(module);
 }
 
 }  // namespace imptable

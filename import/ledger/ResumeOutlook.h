@@ -1,12 +1,12 @@
-#ifndef PLUGIN_RESUME_OUTLOOK_H_
-#define PLUGIN_RESUME_OUTLOOK_H_
+#ifndef IMPORT_LEDGER_RESUME_OUTLOOK_H_
+#define IMPORT_LEDGER_RESUME_OUTLOOK_H_
 
 #include <cstdint>
 #include <optional>
 #include <string>
 
+#include "core/ModuleCommun.h"
 #include "import/ledger/ResumeCheck.h"
-#include "plugin/ModuleState.h"
 
 namespace imptable {
 
@@ -36,12 +36,6 @@ struct ResumeOutlook {
 /// @throws RuntimeFault  for a damaged trace or chain; file faults.
 ResumeOutlook LookAtResume(ModuleCommun& module);
 
-/// Loads the settings of a task, too.
-/// @param tasks  registry location of the scenario's tasks.
-/// @throws RuntimeFault  as above, and when the settings can't be read.
-ResumeOutlook LookAtResume(ModuleState& state, const KeyPath& tasks, const std::string& scenario,
-                           const std::string& task);
-
 }  // namespace imptable
 
-#endif  // PLUGIN_RESUME_OUTLOOK_H_
+#endif  // IMPORT_LEDGER_RESUME_OUTLOOK_H_

@@ -1,0 +1,24 @@
+#ifndef IMPORT_LEDGER_CHAIN_END_H_
+#define IMPORT_LEDGER_CHAIN_END_H_
+
+#include "core/RunState.h"
+#include "platform/files/FileSystem.h"
+
+namespace imptable {
+
+/// Declares the chain of a task's resumes over, then deletes its files: a run afresh is about to
+/// begin.
+/// @throws RuntimeFault  the file fault, when what is left could be resumed.
+void EndChain(FileSystem& files, const OpenedTask& task);
+
+/// The same after a run that has done all. What can't be deleted is left to the next run, which
+/// ends the chain or says why it can't.
+void EndDoneChain(FileSystem& files, const OpenedTask& task) noexcept;
+
+/// Deletes the former run's ".ERR". One that can't be deleted is the import's to complain about,
+/// when it opens it.
+void DeleteErrorFile(FileSystem& files, const OpenedTask& task);
+
+}  // namespace imptable
+
+#endif  // IMPORT_LEDGER_CHAIN_END_H_
