@@ -46,8 +46,6 @@ void ShowOnDisplay(HostForm& form, const std::string& line) {
 /// A longer decimal separator isn't taken.
 constexpr std::size_t kSeparatorBytes = 255;
 
-constexpr std::string_view kHourglassMode = "P";
-
 std::string_view WithoutTerminators(std::string_view text) {
   while (!text.empty() && text.back() == '\0') text.remove_suffix(1);
   return text;
@@ -174,14 +172,6 @@ bool ModuleCommun::ReportLine(const std::string& text, HostDisplay* display, Rep
     // A report or a display that fails is no reason to end the run.
   }
   return written;
-}
-
-BusyPointer::BusyPointer(const ModuleCommun& module) : module_(module) {
-  if (module_.pointer_mode == kHourglassMode) module_.platform.mouse_pointer.ShowHourglass();
-}
-
-BusyPointer::~BusyPointer() {
-  if (module_.pointer_mode == kHourglassMode) module_.platform.mouse_pointer.Reset();
 }
 
 std::string SignedText(std::int64_t number) {

@@ -53,6 +53,9 @@ class ModuleCommun {
   /// nothing in the component assigns it.
   std::string pointer_mode;
 
+  /// Whether a run shows the hourglass.
+  bool ShowsHourglass() const { return pointer_mode == "P"; }
+
   /// @return the text for text types, the number for a number; `fallback` when the key can't be
   /// opened, the value can't be read, has another type or is empty.
   SettingValue ReadValue(std::string_view relative_path, std::string_view name,
@@ -109,19 +112,6 @@ class ModuleCommun {
   bool AppendToReport(const std::string& text, ReportKind kind) const;
 
   MessageCatalogue catalogue_;
-};
-
-/// Shows the hourglass while it lives, when the pointer mode asks for it.
-class BusyPointer {
- public:
-  /// @param module  borrowed; must outlive the object.
-  explicit BusyPointer(const ModuleCommun& module);
-  BusyPointer(const BusyPointer&) = delete;
-  BusyPointer& operator=(const BusyPointer&) = delete;
-  ~BusyPointer();
-
- private:
-  const ModuleCommun& module_;
 };
 
 /// The value as text: a number in decimal.

@@ -1,6 +1,10 @@
 #include "core/NumberText.h"
 
 #include <algorithm>
+#include <charconv>
+#include <system_error>
+
+#include "core/Blanks.h"
 
 namespace imptable {
 namespace {
@@ -76,6 +80,18 @@ std::optional<NumberText> ParseNumberText(std::string_view text,
   if (!scanner.AtEnd()) return std::nullopt;
   number.negative = sign == '-';
   return number;
+}
+
+std::optional<std::int32_t> NumberFromText(std::string_view text) {
+  std::int32_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return number;
+}
+
+std::optional<std::int32_t> ReadWholeNumber(std::string_view text) {
+  text = WithoutBlanks(text);
+  return text.starts_with('-') ? std::nullopt : NumberFromText(text);
 }
 
 }  // namespace imptable

@@ -24,6 +24,13 @@ struct NumberText {
 std::optional<NumberText> ParseNumberText(std::string_view text,
                                           std::string_view decimal_separator);
 
+/// Reads digits; blanks around them are ignored.
+/// @return nullopt for anything else and for a number that doesn't fit.
+std::optional<std::int32_t> ReadWholeNumber(std::string_view text);
+
+/// @return nullopt when the text is anything else than a decimal number of 32 bits.
+std::optional<std::int32_t> NumberFromText(std::string_view text);
+
 }  // namespace imptable
 
 #endif  // CORE_NUMBER_TEXT_H_

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <type_traits>
 
-#include "core/WholeNumber.h"
+#include "core/NumberText.h"
 #include "platform/text/NameFolding.h"
 
 namespace imptable {

@@ -1,6 +1,6 @@
-#include "core/WholeNumber.h"
-
 #include <gtest/gtest.h>
+
+#include "core/NumberText.h"
 
 namespace imptable {
 namespace {

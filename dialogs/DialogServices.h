@@ -24,21 +24,6 @@ struct DialogServices {
   std::string question_without_user = {};
 };
 
-/// Shows the hourglass while it lives.
-class WaitPointer {
- public:
-  /// @param module  borrowed.
-  explicit WaitPointer(ModuleCommun& module) : pointer_(module.platform.mouse_pointer) {
-    pointer_.ShowHourglass();
-  }
-  WaitPointer(const WaitPointer&) = delete;
-  WaitPointer& operator=(const WaitPointer&) = delete;
-  ~WaitPointer() { pointer_.Reset(); }
-
- private:
-  MousePointer& pointer_;
-};
-
 }  // namespace imptable
 
 #endif  // DIALOGS_DIALOG_SERVICES_H_

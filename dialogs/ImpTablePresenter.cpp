@@ -4,7 +4,7 @@
 #include <cassert>
 #include <utility>
 
-#include "core/WholeNumber.h"
+#include "core/NumberText.h"
 #include "dialogs/BusyScope.h"
 #include "dialogs/ImpTableControls.h"
 #include "dialogs/ImpTableRules.h"
@@ -276,7 +276,7 @@ std::optional<std::string> ImpTablePresenter::Pick(PickerMode mode) {
 void ImpTablePresenter::OnColumns() {
   Handle([&] {
     if (Refuses(CheckSourceAndTable(state_))) return;
-    const WaitPointer wait(module_);
+    const Hourglass hourglass(module_.platform.mouse_pointer);
     columns_->ListTableColumns(Connection());
   });
 }

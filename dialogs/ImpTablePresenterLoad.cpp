@@ -48,7 +48,7 @@ void ImpTablePresenter::LoadTask() {
   }
   SetTask(state_, module_, settings);
   columns_->Load(task_name_, state_.optForm == kFixedButton, settings.column_count);
-  const WaitPointer wait(module_);
+  const Hourglass hourglass(module_.platform.mouse_pointer);
   columns_->RefreshKeyMarks(Connection());
 }
 

@@ -74,7 +74,7 @@ void TablePickerPresenter::Open(TablePickerView& view) {
 void TablePickerPresenter::List() {
   bool without_key = false;
   {
-    const WaitPointer wait(services_.module);
+    const Hourglass hourglass(services_.module.platform.mouse_pointer);
     ConnectedListing listing(services_.module, scenario_, fields_);
     if (!listing.connected()) return;
     if (mode_ == PickerMode::kTables) {

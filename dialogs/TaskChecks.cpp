@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "core/Blanks.h"
+#include "core/NumberText.h"
 #include "core/TaskSettings.h"
-#include "core/WholeNumber.h"
 #include "dialogs/columns/ColumnLayoutEditor.h"
 #include "platform/text/NameFolding.h"
 

@@ -123,7 +123,7 @@ bool ImportLoop::Prepare() {
 }
 
 void ImportLoop::Run() {
-  const BusyPointer pointer(module_);
+  const Hourglass hourglass(module_.platform.mouse_pointer, module_.ShowsHourglass());
   module_.WriteReport(module_.MessageText(mode_.banner), ReportKind::kInformation);
   held_->WriteTo(module_);
   ledger_.TakeFailures(true);

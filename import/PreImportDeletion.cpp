@@ -81,7 +81,7 @@ class DeletionRun {
   /// A fault ends the deletion but not the run: the import goes on.
   template <typename Steps>
   void Guarded(Message fault_message, Steps steps) {
-    const BusyPointer pointer(module_);
+    const Hourglass hourglass(module_.platform.mouse_pointer, module_.ShowsHourglass());
     std::optional<RuntimeFault> fault;
     try {
       steps();

@@ -10,7 +10,6 @@
 #include "import/ledger/ChainEnd.h"
 #include "import/ledger/ResumeChain.h"
 #include "import/ledger/ResumeCheck.h"
-#include "import/ledger/ResumeRule.h"
 #include "import/ledger/TaskFiles.h"
 #include "import/source/LineReader.h"
 #include "plugin/TaskLoading.h"

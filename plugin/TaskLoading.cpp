@@ -7,14 +7,10 @@
 #include "core/SettingsTable.h"
 #include "core/TaskSettings.h"
 #include "import/layout/ColumnLayout.h"
+#include "import/ledger/TaskFiles.h"
 
 namespace imptable {
 namespace {
-
-void EndWithSeparator(std::string& directory) {
-  const char separator = SystemPathSeparator();
-  if (!directory.ends_with('\\') && !directory.ends_with(separator)) directory += separator;
-}
 
 /// Looks variables up for one task, and notes those that aren't set.
 class References {
@@ -85,7 +81,7 @@ OpenedTask OpenTask(const ModuleCommun& module, const std::string& scenario,
   }
   references.ResolveAssignments();
   references.RequireDataSource(opened.data_source, stored_source);
-  EndWithSeparator(opened.directory);
+  opened.directory = FolderOf(std::move(opened.directory));
   opened.most_errors = AsInt32(opened.error_limit, SettingOf(SettingId::kErrorLimit).name);
   return opened;
 }

@@ -1,6 +1,6 @@
 #include "dialogs/columns/ColumnCheck.h"
 
-#include "core/WholeNumber.h"
+#include "core/NumberText.h"
 #include "dialogs/columns/DatePattern.h"
 #include "dialogs/columns/FieldAssignment.h"
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "core/Blanks.h"
-#include "core/WholeNumber.h"
+#include "core/NumberText.h"
 #include "dialogs/PrintableText.h"
 #include "dialogs/columns/ColumnCheck.h"
 

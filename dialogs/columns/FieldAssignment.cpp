@@ -3,12 +3,10 @@
 #include <algorithm>
 #include <array>
 
-#include "core/WholeNumber.h"
+#include "core/NumberText.h"
 
 namespace imptable {
 namespace {
-
-constexpr std::string_view kStoredPrefix = "(Col)";
 
 std::string OriginPrefix(const ModuleCommun& module) {
   return "Col " + module.MessageText(Message::kNumber) + ' ';
@@ -27,7 +25,7 @@ std::size_t FormatComma(std::string_view text) {
 
 std::string StoredOrigin(const ModuleCommun& module, const std::string& origin) {
   const auto number = NumberOfFileColumnOrigin(module, origin);
-  return number ? std::string(kStoredPrefix) + std::to_string(*number) : origin;
+  return number ? std::string(kFieldOrigin) + std::to_string(*number) : origin;
 }
 
 // ODBC SQL types whose size the type name doesn't say.
@@ -56,8 +54,8 @@ std::optional<std::int32_t> NumberOfFileColumnOrigin(const ModuleCommun& module,
 std::optional<std::string> TypedOrigin(const ModuleCommun& module, std::string_view text) {
   if (text.find(',') != std::string_view::npos || text == kVariableOrigin) return std::nullopt;
   if (text.ends_with(kIgnoreOrigin) && text != kIgnoreOrigin) return std::nullopt;
-  if (!text.starts_with(kStoredPrefix)) return std::string(text);
-  const auto number = ReadWholeNumber(text.substr(kStoredPrefix.size()));
+  if (!text.starts_with(kFieldOrigin)) return std::string(text);
+  const auto number = ReadWholeNumber(text.substr(kFieldOrigin.size()));
   if (!number || *number == 0) return std::nullopt;
   return FileColumnOrigin(module, *number);
 }
@@ -75,11 +73,11 @@ FieldRow ReadFieldAssignment(const ModuleCommun& module, std::string_view code, 
   const std::size_t format_comma = FormatComma(code);
   row.name = code.substr(0, format_comma);
   if (format_comma != std::string_view::npos) row.format = code.substr(format_comma + 1);
-  if (!origin.starts_with(kStoredPrefix)) {
+  if (!origin.starts_with(kFieldOrigin)) {
     row.origin = origin;
     return row;
   }
-  const auto number = ReadWholeNumber(origin.substr(kStoredPrefix.size()));
+  const auto number = ReadWholeNumber(origin.substr(kFieldOrigin.size()));
   if (number && *number > 0) {
     row.origin = FileColumnOrigin(module, *number);
   } else {

@@ -9,13 +9,14 @@
 
 #include "core/ModuleCommun.h"
 #include "dialogs/columns/ColumnLayoutState.h"
+#include "import/layout/ColumnLayout.h"
 #include "odbc/Catalogue.h"
 
 namespace imptable {
 
 // Origins of the list, the same in both languages.
-inline constexpr std::string_view kIgnoreOrigin = "Ignore";
-inline constexpr std::string_view kNullOrigin = "Null";
+inline constexpr std::string_view kIgnoreOrigin = kIgnoreMark;
+inline constexpr std::string_view kNullOrigin = kNullText;
 inline constexpr std::string_view kVariableOrigin = "Variable";
 
 /// The origin that names a column of the source file.

@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "core/WholeNumber.h"
+#include "core/NumberText.h"
 
 namespace imptable {
 namespace {

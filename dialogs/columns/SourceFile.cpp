@@ -3,19 +3,20 @@
 #include <algorithm>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "core/Blanks.h"
+#include "core/SettingsTable.h"
 #include "dialogs/HostReference.h"
+#include "import/ledger/TaskFiles.h"
+#include "import/source/FieldSplitting.h"
 #include "import/source/LineReader.h"
-#include "platform/text/CharacterCount.h"
 
 namespace imptable {
 namespace {
 
 /// As the dialog writes it; the run's own is in upper case. Both name the same file.
 constexpr std::string_view kAliasExtension = ".csv";
-
-constexpr std::string_view kDefaultSeparator = ";";
 
 /// The first bytes of a file; says whether there are more.
 class StartOfFile final : public InputFile {
@@ -42,10 +43,7 @@ class StartOfFile final : public InputFile {
 
 std::string DirectoryText(const ModuleCommun& module, const std::string& scenario,
                           const std::string& typed) {
-  std::string directory = ResolveReference(module, scenario, typed);
-  const char separator = SystemPathSeparator();
-  if (!directory.ends_with('\\') && !directory.ends_with(separator)) directory += separator;
-  return directory;
+  return FolderOf(ResolveReference(module, scenario, typed));
 }
 
 bool IsMissing(const std::error_code& error) {
@@ -86,14 +84,10 @@ std::optional<FileStart> ReadFileStart(const ModuleCommun& module, const std::st
 }
 
 std::size_t CountFields(std::string_view line, std::string_view separator, bool utf8) {
-  if (separator.empty()) separator = kDefaultSeparator;
-  const std::size_t step = BytesOfCharacters(separator, 1, utf8);
-  std::size_t fields = 1;
-  for (std::size_t at = line.find(separator); at != std::string_view::npos;
-       at = line.find(separator, at + step)) {
-    ++fields;
-  }
-  return fields;
+  if (separator.empty()) separator = SettingOf(SettingId::kDelimiter).default_text;
+  std::vector<std::string_view> fields;
+  SplitDelimited(line, separator, DelimiterStep(separator, utf8), line.size() + 1, fields);
+  return fields.size();
 }
 
 }  // namespace imptable

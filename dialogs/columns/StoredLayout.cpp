@@ -1,12 +1,10 @@
 #include "dialogs/columns/StoredLayout.h"
 
+#include "core/SettingsTable.h"
 #include "dialogs/columns/FieldAssignment.h"
 
 namespace imptable {
 namespace {
-
-constexpr std::string_view kFileColumns = "Colonnes";
-constexpr std::string_view kFields = "Champs";
 
 std::string Subkey(std::string_view task, std::string_view name) {
   return std::string(task) + '\\' + std::string(name);
@@ -45,7 +43,7 @@ class Rewriting {
 std::vector<FileColumn> ReadColonnes(const ModuleCommun& module, std::string_view task,
                                      bool fixed_width, std::size_t count,
                                      std::vector<UnreadableValue>& unreadable) {
-  const std::string path = Subkey(task, kFileColumns);
+  const std::string path = Subkey(task, kColumnsSubkey);
   std::vector<FileColumn> columns(count);
   if (count == 0 || module.ValueNames(path).empty()) return columns;
   for (std::size_t n = 1; n <= count; ++n) {
@@ -53,27 +51,27 @@ std::vector<FileColumn> ReadColonnes(const ModuleCommun& module, std::string_vie
     const std::string code = AsText(module.ReadValue(path, name));
     bool readable = true;
     columns[n - 1] = ReadFileColumn(module, code, fixed_width, readable);
-    if (!readable) unreadable.push_back({ValueName(kFileColumns, name), code});
+    if (!readable) unreadable.push_back({ValueName(kColumnsSubkey, name), code});
   }
   return columns;
 }
 
 std::vector<FieldRow> ReadChamps(const ModuleCommun& module, std::string_view task,
                                  std::vector<UnreadableValue>& unreadable) {
-  const std::string path = Subkey(task, kFields);
+  const std::string path = Subkey(task, kFieldsSubkey);
   std::vector<FieldRow> rows;
   for (const std::string& name : module.ValueNames(path)) {
     const std::string code = AsText(module.ReadValue(path, name));
     bool readable = !code.empty();
     rows.push_back(ReadFieldAssignment(module, code, readable));
-    if (!readable) unreadable.push_back({ValueName(kFields, name), code});
+    if (!readable) unreadable.push_back({ValueName(kFieldsSubkey, name), code});
   }
   return rows;
 }
 
 std::int32_t WriteColonnes(ModuleCommun& module, std::string_view task, bool fixed_width,
                            const std::vector<FileColumn>& columns) {
-  Rewriting subkey(module, task, kFileColumns);
+  Rewriting subkey(module, task, kColumnsSubkey);
   for (const FileColumn& column : columns) {
     subkey.Add(FileColumnCode(module, column, fixed_width));
   }
@@ -82,7 +80,7 @@ std::int32_t WriteColonnes(ModuleCommun& module, std::string_view task, bool fix
 
 std::int32_t WriteChamps(ModuleCommun& module, std::string_view task, bool assigned,
                          const std::vector<FieldRow>& rows) {
-  Rewriting subkey(module, task, kFields);
+  Rewriting subkey(module, task, kFieldsSubkey);
   if (!assigned) return subkey.code();
   for (const FieldRow& row : rows) subkey.Add(FieldAssignmentCode(module, row));
   return subkey.code();

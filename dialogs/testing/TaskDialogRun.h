@@ -10,7 +10,7 @@
 #include "dialogs/ImpTablePresenter.h"
 #include "dialogs/testing/RecordingBoxes.h"
 #include "dialogs/testing/RecordingImpTableView.h"
-#include "dialogs/testing/RegistryJournal.h"
+#include "dialogs/testing/WatchedRegistry.h"
 #include "platform/testing/TemporaryFolder.h"
 #include "tests/drivers/ScriptedDataSource.h"
 #include "tests/kit/TestComponent.h"
@@ -68,7 +68,7 @@ class TaskDialogRun : public ColumnDialogs {
   ScriptedDataSource source;
   TemporaryFolder folder;
   TestComponent ports;
-  RegistryJournal journal{ports.registry, kTasks};
+  WatchedRegistry journal{ports.registry, kTasks};
   ModuleState state;
   RecordingBoxes boxes;
   RecordingAdministrator administrator;

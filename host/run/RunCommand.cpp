@@ -19,7 +19,7 @@
 #include "host/run/StopSignals.h"
 #include "host/run/TaskLock.h"
 #include "host/run/TaskOpening.h"
-#include "import/ledger/ResumeRule.h"
+#include "import/ledger/ResumeCheck.h"
 #include "import/ledger/TaskFiles.h"
 #include "plugin/ImpTable.h"
 

@@ -6,10 +6,10 @@
 #include <utility>
 #include <vector>
 
+#include "core/NumberText.h"
 #include "core/SettingsTable.h"
 #include "core/StampText.h"
 #include "core/StoredValue.h"
-#include "core/WholeNumber.h"
 #include "host/Commands.h"
 #include "host/HostError.h"
 #include "host/registry/ColumnOrder.h"

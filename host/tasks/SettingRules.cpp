@@ -6,9 +6,9 @@
 
 #include "core/Blanks.h"
 #include "core/ModuleCommun.h"
+#include "core/NumberText.h"
 #include "core/StoredValue.h"
 #include "core/TaskSettings.h"
-#include "core/WholeNumber.h"
 #include "host/HostError.h"
 #include "host/tasks/ShownValue.h"
 #include "import/layout/ColumnLayout.h"
@@ -22,10 +22,6 @@ namespace {
 constexpr std::size_t kLongestText = 65535;
 
 constexpr std::int32_t kMostErrors = 32767;
-constexpr std::size_t kMostColumnItems = 5;
-constexpr std::string_view kFieldOrigin = "(Col)";
-constexpr std::string_view kNullOrigin = "Null";
-constexpr std::string_view kIgnoreMark = "Ignore";
 
 [[noreturn]] void Refuse(HostText text, std::vector<std::string> arguments) {
   throw HostError(ExitCode::kUsage, text, std::move(arguments));
@@ -70,71 +66,36 @@ void CheckReference(const std::string& name, const std::string& text) {
   if (text == "@") Refuse(HostText::kReferenceWithoutName, {name});
 }
 
-std::vector<std::string_view> Items(std::string_view list) {
-  std::vector<std::string_view> items;
-  for (;;) {
-    const std::size_t comma = list.find(',');
-    items.push_back(list.substr(0, comma));
-    if (comma == std::string_view::npos) return items;
-    list.remove_prefix(comma + 1);
-  }
+bool IsWholeNumber(std::string_view text) { return ReadWholeNumber(text).has_value(); }
+
+/// One value of "Colonnes", item by item.
+void CheckColumn(const TextEncoding& encoding, std::optional<bool> fixed_width,
+                 const std::string& name, const std::string& text) {
+  const auto require = [&](bool holds, HostText complaint) {
+    if (!holds) Refuse(complaint, {name, text});
+  };
+  const ColumnEntry entry(text);
+  require(!entry.has_too_many_items(), HostText::kTooManyColumnItems);
+  const auto type = entry.type();
+  require(type.has_value(), HostText::kBadColumnType);
+  const bool date = type == FileColumnType::kDate;
+  require(!date || entry.date_style() != 0, HostText::kBadColumnStyle);
+  require(!type || !MayImplyDecimals(*type) || entry.decimals().empty() ||
+              IsWholeNumber(entry.decimals()),
+          HostText::kBadColumnDecimals);
+  require(entry.width().empty() || IsWholeNumber(entry.width()), HostText::kBadColumnWidth);
+  require(!entry.width().empty() || date || fixed_width != true, HostText::kNoColumnWidth);
+  require(!date || CountCharacters(entry.date_separator(), encoding.IsUtf8()) <= 1,
+          HostText::kBadColumnSeparator);
+  require(!date || entry.time_item().empty() || entry.time() != TimeCode::kNone,
+          HostText::kBadColumnTime);
 }
-
-bool IsOneOf(std::string_view text, int least, int most) {
-  for (int number = least; number <= most; ++number) {
-    if (text == std::to_string(number)) return true;
-  }
-  return false;
-}
-
-bool IsWholeNumber(std::string_view text) {
-  text = WithoutBlanks(text);
-  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos &&
-         NumberFromText(text).has_value();
-}
-
-/// One entry of "Colonnes", item by item.
-class ColumnEntry {
- public:
-  ColumnEntry(const std::string& name, const std::string& text)
-      : name_(name), text_(text), items_(Items(text)) {}
-
-  void Check(const TextEncoding& encoding, std::optional<bool> fixed_width) const {
-    if (items_.size() > kMostColumnItems) Fail(HostText::kTooManyColumnItems);
-    if (!IsOneOf(Item(1), 1, 8)) Fail(HostText::kBadColumnType);
-    const auto type = static_cast<FileColumnType>(Item(1).front() - '0');
-    const bool date = type == FileColumnType::kDate;
-    const bool number = type == FileColumnType::kInteger || type == FileColumnType::kSingle ||
-                        type == FileColumnType::kDouble;
-    if (date && !IsOneOf(Item(2), 1, static_cast<int>(kDateStyles.size()))) {
-      Fail(HostText::kBadColumnStyle);
-    }
-    if (number && !Item(2).empty() && !IsWholeNumber(Item(2))) Fail(HostText::kBadColumnDecimals);
-    if (!Item(3).empty() && !IsWholeNumber(Item(3))) Fail(HostText::kBadColumnWidth);
-    if (Item(3).empty() && !date && fixed_width == true) Fail(HostText::kNoColumnWidth);
-    if (date && CountCharacters(Item(4), encoding.IsUtf8()) > 1)
-      Fail(HostText::kBadColumnSeparator);
-    if (date && !Item(5).empty() && !IsOneOf(Item(5), 0, 1)) Fail(HostText::kBadColumnTime);
-  }
-
- private:
-  /// From 1; empty past the end.
-  std::string_view Item(std::size_t number) const {
-    return number <= items_.size() ? items_[number - 1] : std::string_view();
-  }
-
-  [[noreturn]] void Fail(HostText text) const { Refuse(text, {name_, text_}); }
-
-  const std::string& name_;
-  const std::string& text_;
-  std::vector<std::string_view> items_;
-};
 
 /// A word of "Champs" that a run takes for a constant because of its letters or its blanks.
 std::optional<std::string_view> MisspeltOrigin(const TextEncoding& encoding,
                                                std::string_view origin) {
   const std::string folded = FoldName(encoding.ToUtf8(WithoutBlanks(origin)));
-  if (folded == FoldName(kNullOrigin) && origin != kNullOrigin) return kNullOrigin;
+  if (folded == FoldName(kNullText) && origin != kNullText) return kNullText;
   if (folded == FoldName(kIgnoreMark) && !origin.ends_with(kIgnoreMark)) return kIgnoreMark;
   if (folded.starts_with(FoldName(kFieldOrigin)) && !origin.starts_with(kFieldOrigin)) {
     return "(Col)N";
@@ -180,7 +141,7 @@ RegistryValue SettingRules::Stored(const SettingPlace& place, const std::string&
       break;
     }
     case SettingText::kColumn:
-      ColumnEntry(name, text).Check(encoding, fixed_width);
+      CheckColumn(encoding, fixed_width, name, text);
       break;
     case SettingText::kField:
       CheckField(encoding, name, text);

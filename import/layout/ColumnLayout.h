@@ -8,22 +8,9 @@
 #include <string_view>
 #include <vector>
 
-#include "import/layout/DateFormat.h"
+#include "import/layout/ColumnEntry.h"
 
 namespace imptable {
-
-/// Type codes of file columns, item 1 of a "Colonnes" entry. Stored in task settings: never change.
-/// An entry with any other code, or none, is a text.
-enum class FileColumnType : std::uint8_t {
-  kText = 1,
-  kByte = 2,
-  kInteger = 3,
-  kLong = 4,
-  kSingle = 5,
-  kDouble = 6,
-  kDate = 7,
-  kBoolean = 8,
-};
 
 /// One column of the source file.
 struct ColumnDefinition {
@@ -40,8 +27,16 @@ struct ColumnDefinition {
 std::vector<ColumnDefinition> ParseColumnLayout(const std::vector<std::string>& entries,
                                                 bool fixed_width);
 
-/// The value that stands for none: an origin, and any value that is the same text. Never change.
+// Words of "Champs": never change.
+
+/// The value that stands for none: an origin, and any value that is the same text.
 inline constexpr std::string_view kNullText = "Null";
+
+/// The start of an origin that names a column of the file; its number from 1 follows.
+inline constexpr std::string_view kFieldOrigin = "(Col)";
+
+/// The end of an assignment whose table column isn't to be written.
+inline constexpr std::string_view kIgnoreMark = "Ignore";
 
 /// Where a table column's value comes from.
 struct ColumnOrigin {

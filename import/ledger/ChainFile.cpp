@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "core/RuntimeFault.h"
-#include "import/ledger/LineNumberText.h"
+#include "import/ledger/Trace.h"
 #include "platform/files/FileSystem.h"
 
 namespace imptable {
@@ -115,7 +115,7 @@ void ChainReader::TakeIdentity() {
 
 void ChainReader::TakeEnd(std::string_view text) {
   at_end_ = true;
-  const bool known = ReadNumberText(text.substr(kEnd.size()), reached_);
+  const bool known = ReadLineNumber(text.substr(kEnd.size()), reached_);
   if (!known || reached_ < last_entry_) Refuse();
 }
 
@@ -147,7 +147,7 @@ std::optional<ChainEntry> ChainReader::Next() {
   ChainEntry entry;
   const char kind = text.empty() ? '\0' : text.back();
   if ((kind != kOwnText && kind != kTextOfSource) ||
-      !ReadNumberText(text.substr(0, text.size() - 1), entry.line_number) ||
+      !ReadLineNumber(text.substr(0, text.size() - 1), entry.line_number) ||
       entry.line_number <= last_entry_) {
     Refuse();
   }
@@ -180,7 +180,7 @@ void ChainWriter::WriteBlock() {
 }
 
 void ChainWriter::Add(const ChainEntry& entry) {
-  AppendNumberText(entry.line_number, block_);
+  AppendLineNumber(entry.line_number, block_);
   block_ += entry.text ? kOwnText : kTextOfSource;
   block_ += SystemLineEnd();
   if (entry.text) {
@@ -197,7 +197,7 @@ void ChainWriter::Add(const ChainEntry& entry) {
 
 void ChainWriter::End(std::int32_t reached) {
   block_ += kEnd;
-  AppendNumberText(reached, block_);
+  AppendLineNumber(reached, block_);
   block_ += SystemLineEnd();
   WriteBlock();
 }

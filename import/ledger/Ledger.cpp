@@ -6,7 +6,7 @@
 #include "import/ledger/ReplacingFile.h"
 #include "import/ledger/ResumeChain.h"
 #include "import/ledger/TaskFiles.h"
-#include "import/ledger/TraceLine.h"
+#include "import/ledger/Trace.h"
 
 namespace imptable {
 namespace {

@@ -8,7 +8,7 @@
 #include "core/FileLook.h"
 #include "core/RuntimeFault.h"
 #include "import/ledger/ReplacingFile.h"
-#include "import/ledger/TraceReader.h"
+#include "import/ledger/Trace.h"
 
 namespace imptable {
 namespace {
@@ -16,7 +16,7 @@ namespace {
 constexpr std::string_view kNewSuffix = ".NEW";
 
 /// Of memory for each file: three are open at a time, and as a rule they are short.
-constexpr std::size_t kBlockBytes = std::size_t{16} << 10U;
+constexpr std::size_t kChainBlockBytes = std::size_t{16} << 10U;
 
 /// The lines of an earlier run, taken one by one beside the chain's entries.
 class ChainMerge {
@@ -67,16 +67,8 @@ class ChainMerge {
 ResumeChain::ResumeChain(FileSystem& files, const std::string& path)
     : files_(files), path_(files.Locate(path)), new_path_(path + std::string(kNewSuffix)) {}
 
-std::unique_ptr<LineReader> ResumeChain::OpenLines(const std::string& path) const {
-  if (!LookAt(files_, path)) return nullptr;
-  std::error_code error;
-  auto file = files_.OpenForReading(path, error);
-  if (!file) throw FileFault(error, path);
-  return std::make_unique<LineReader>(std::move(file), path, false, kBlockBytes);
-}
-
 std::unique_ptr<ChainReader> ResumeChain::Open() const {
-  auto lines = OpenLines(path_);
+  auto lines = OpenLinesIfAny(files_, path_, kChainBlockBytes);
   if (!lines) return nullptr;
   return std::make_unique<ChainReader>(std::move(lines), path_);
 }
@@ -143,10 +135,10 @@ void ResumeChain::Advance(const std::string& trace, const std::string& rejected,
                           const ChainIdentity& identity) {
   auto chain = Open();
   const std::string trace_path = files_.Locate(trace);
-  auto traced = OpenLines(trace_path);
+  auto traced = OpenLinesIfAny(files_, trace_path, kChainBlockBytes);
   const auto trace_lines =
       traced ? std::make_unique<TraceReader>(std::move(traced), trace_path) : nullptr;
-  const auto rejected_lines = OpenLines(files_.Locate(rejected));
+  const auto rejected_lines = OpenLinesIfAny(files_, files_.Locate(rejected), kChainBlockBytes);
   ReplacingFile next(files_, new_path_);
   ChainWriter writer(next.file(), identity);
   ChainMerge(chain.get(), trace_lines.get(), rejected_lines.get(), writer).Run();

@@ -71,9 +71,6 @@ class ResumeChain {
   bool IsForeign() const;
   void VoidInPlace();
 
-  /// @return null for a file that doesn't exist. @throws RuntimeFault  the file fault.
-  std::unique_ptr<LineReader> OpenLines(const std::string& path) const;
-
   FileSystem& files_;
   std::string path_;      // as found
   std::string new_path_;  // of the file that is to replace it

@@ -9,23 +9,19 @@
 #include "core/FileLook.h"
 #include "import/ledger/ResumeChain.h"
 #include "import/ledger/TaskFiles.h"
-#include "import/ledger/TraceReader.h"
+#include "import/ledger/Trace.h"
 #include "platform/text/NameFolding.h"
 
 namespace imptable {
 namespace {
 
-/// Null for a file that doesn't exist.
-std::unique_ptr<LineReader> OpenLines(FileSystem& files, const std::string& path) {
-  if (!LookAt(files, path)) return nullptr;
-  std::error_code error;
-  auto file = files.OpenForReading(path, error);
-  if (!file) throw FileFault(error, path);
-  return std::make_unique<LineReader>(std::move(file), path, false);
+bool HoldsSomething(FileSystem& files, const std::string& path) {
+  const auto info = LookAt(files, files.Locate(path));
+  return info && info->size > 0;
 }
 
 std::int32_t CountLines(FileSystem& files, const std::string& path) {
-  const auto lines = OpenLines(files, path);
+  const auto lines = OpenLinesIfAny(files, path);
   std::int32_t count = 0;
   std::string_view line;
   while (lines && count < std::numeric_limits<std::int32_t>::max() && lines->Next(line)) ++count;
@@ -113,6 +109,21 @@ bool RejectedLinesFit(const ChainFindings& chain) {
 
 }  // namespace
 
+bool IsNotEmpty(const FileSystem& files, const std::string& path) {
+  const auto info = files.Query(files.Locate(path));
+  return info && info->size > 0;
+}
+
+bool CanResume(FileSystem& files, const RunState& run) {
+  if (run.record_errors == Flag::kOff) return false;
+  const auto chain = ResumeChain(files, SideFilePath(run, kChainExtension)).state();
+  if (chain == ResumeChain::State::kVoid) return false;
+  if (chain == ResumeChain::State::kOpen) return true;
+  if (!HoldsSomething(files, SideFilePath(run, kTraceExtension))) return false;
+  return run.trace_option == Flag::kOn ||
+         HoldsSomething(files, SideFilePath(run, kRejectedExtension));
+}
+
 ChainFindings FindChain(FileSystem& files, const RunState& run) {
   ChainFindings found;
   found.trace_path = files.Locate(SideFilePath(run, kTraceExtension));
@@ -121,7 +132,7 @@ ChainFindings FindChain(FileSystem& files, const RunState& run) {
   found.chain_path = state.path();
   state.RequireOwn();
   const auto chain = state.Open();
-  auto lines = OpenLines(files, found.trace_path);
+  auto lines = OpenLinesIfAny(files, found.trace_path);
   const auto trace =
       lines ? std::make_unique<TraceReader>(std::move(lines), found.trace_path) : nullptr;
   Reading(chain.get(), trace.get()).Into(found);

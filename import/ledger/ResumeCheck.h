@@ -12,6 +12,15 @@
 
 namespace imptable {
 
+/// Whether a run that asks for a resume resumes: the task's resume option is on, and its trace and
+/// rejected-lines files both hold something, or there is the state of an open chain of resumes;
+/// with the trace option the trace alone is enough. Never after a chain that is over.
+/// @throws RuntimeFault  the file fault, when a file that decides can't be looked at.
+bool CanResume(FileSystem& files, const RunState& run);
+
+/// Whether the file exists and holds something, as far as it can be looked at.
+bool IsNotEmpty(const FileSystem& files, const std::string& path);
+
 /// What the files say of the chain that a resume would go on with.
 struct ChainFindings {
   std::int32_t reached = 0;         // the last source line that the chain came to

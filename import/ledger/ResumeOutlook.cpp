@@ -2,7 +2,7 @@
 
 #include "core/FileLook.h"
 #include "import/ledger/ResumeChain.h"
-#include "import/ledger/ResumeRule.h"
+#include "import/ledger/ResumeCheck.h"
 #include "import/ledger/TaskFiles.h"
 #include "import/source/LineReader.h"
 

@@ -1,6 +1,9 @@
 #include "import/ledger/TaskFiles.h"
 
+#include <utility>
+
 #include "core/Blanks.h"
+#include "platform/files/FileSystem.h"
 
 namespace imptable {
 namespace {
@@ -13,6 +16,12 @@ std::string PathOf(const OpenedTask& task, std::string_view name, std::string_vi
 }
 
 }  // namespace
+
+std::string FolderOf(std::string directory) {
+  const char separator = SystemPathSeparator();
+  if (!directory.ends_with('\\') && !directory.ends_with(separator)) directory += separator;
+  return directory;
+}
 
 std::string DataFilePath(const OpenedTask& task) {
   return PathOf(task, WithoutTrailingBlanks(task.alias),

@@ -18,6 +18,9 @@ inline constexpr std::string_view kTraceCopyExtension = ".TRB";
 inline constexpr std::string_view kChainExtension = ".REP";
 inline constexpr std::string_view kSelectionExtension = ".SUP";
 
+/// A directory as names are appended to it: it ends with the path separator.
+std::string FolderOf(std::string directory);
+
 /// Path of the source file: the directory, the alias without its trailing blanks, and ".CSV" unless
 /// the task says that the alias is the complete file name.
 std::string DataFilePath(const OpenedTask& task);

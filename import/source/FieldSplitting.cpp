@@ -16,6 +16,10 @@ std::size_t FindDelimiter(std::string_view line, std::string_view delimiter, std
 
 }  // namespace
 
+std::size_t DelimiterStep(std::string_view delimiter, bool utf8) {
+  return BytesOfCharacters(delimiter, 1, utf8);
+}
+
 void SplitDelimited(std::string_view line, std::string_view delimiter, std::size_t step,
                     std::size_t most, std::vector<std::string_view>& fields) {
   fields.clear();

@@ -7,11 +7,16 @@
 
 namespace imptable {
 
+/// The bytes from one delimiter to the place where the next one is looked for: its first character.
+/// So a delimiter of several characters may overlap with itself.
+std::size_t DelimiterStep(std::string_view delimiter, bool utf8);
+
 /// Splits one delimited line into its fields; no text qualifier is recognised.
 /// Shape:   one view per field, in file order, into `line`; valid while `line` is.
 /// Stops:   after `most` fields, when the line has more.
 /// Returns: at least one field. After a delimiter of several characters the next field starts at
 ///          the delimiter's second one.
+/// @param step  DelimiterStep of the delimiter.
 void SplitDelimited(std::string_view line, std::string_view delimiter, std::size_t step,
                     std::size_t most, std::vector<std::string_view>& fields);
 

@@ -5,6 +5,7 @@
 #include <new>
 #include <utility>
 
+#include "core/FileLook.h"
 #include "core/RuntimeFault.h"
 
 namespace imptable {
@@ -94,6 +95,15 @@ bool LineReader::Next(std::string_view& line) {
     }
     Refill();
   }
+}
+
+std::unique_ptr<LineReader> OpenLinesIfAny(FileSystem& files, const std::string& path,
+                                           std::size_t block_bytes) {
+  if (!LookAt(files, path)) return nullptr;
+  std::error_code error;
+  auto file = files.OpenForReading(path, error);
+  if (!file) throw FileFault(error, path);
+  return std::make_unique<LineReader>(std::move(file), path, false, block_bytes);
 }
 
 bool HasNoLine(FileSystem& files, const std::string& path, std::uint64_t size, bool skip_mark) {

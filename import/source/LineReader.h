@@ -16,6 +16,9 @@ namespace imptable {
 /// the rejected-lines file as it stands.
 inline constexpr std::size_t kMostLineBytes = std::size_t{256} << 20U;
 
+/// Of memory to begin with.
+inline constexpr std::size_t kLineBlockBytes = std::size_t{256} << 10U;
+
 /// Reads a text file line by line. Lines end with CR LF, LF or CR; the last one needs no end.
 /// Memory: one block, or the longest line.
 class LineReader {
@@ -24,7 +27,7 @@ class LineReader {
   /// @param skip_mark  whether a UTF-8 byte order mark at the start is skipped.
   /// @param block_bytes  of memory to begin with, at least one; doubled while a line is longer.
   LineReader(std::unique_ptr<InputFile> file, std::string path, bool skip_mark,
-             std::size_t block_bytes = std::size_t{256} << 10U);
+             std::size_t block_bytes = kLineBlockBytes);
 
   /// @param line  the next line without its end; valid until the next call.
   /// @return false at the end of the file.
@@ -57,6 +60,11 @@ class LineReader {
   bool skip_mark_;
   std::uint64_t bytes_taken_ = 0;
 };
+
+/// Opens a file of lines that may be missing, which has no byte order mark.
+/// @return null when there is no such file. @throws RuntimeFault  the file fault.
+std::unique_ptr<LineReader> OpenLinesIfAny(FileSystem& files, const std::string& path,
+                                           std::size_t block_bytes = kLineBlockBytes);
 
 /// Whether a file of so many bytes has no line: nothing is in it, or a byte order mark alone.
 /// @param skip_mark  as LineReader has it. @throws RuntimeFault  the file fault.

@@ -7,11 +7,10 @@
 #include "import/source/FieldSplitting.h"
 #include "import/values/DateConversion.h"
 #include "import/values/NumberConversion.h"
-#include "platform/text/CharacterCount.h"
 
 namespace imptable {
 RecordParser::RecordParser(RecordPlan plan) : plan_(std::move(plan)) {
-  delimiter_step_ = BytesOfCharacters(plan_.delimiter, 1, plan_.utf8);
+  delimiter_step_ = DelimiterStep(plan_.delimiter, plan_.utf8);
   fields_.reserve(std::max(plan_.column_count + 1, plan_.widths.size()));
 }
 

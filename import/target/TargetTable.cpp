@@ -62,7 +62,7 @@ bool TargetTable::LoadColumns(Catalogue& catalogue) {
     TargetColumn target{std::move(column)};
     const std::string number = std::to_string(columns_.size() + 1);
     for (const StoredAssignment& assignment : module_.run.assignments) {
-      if (assignment.name == number) target.ignored = assignment.value.ends_with("Ignore");
+      if (assignment.name == number) target.ignored = assignment.value.ends_with(kIgnoreMark);
     }
     columns_.push_back(std::move(target));
   }

@@ -42,8 +42,8 @@ class RegistryFile {
   [[noreturn]] void Fail(RegistryFileFault fault, std::string_view detail) const;
 
  private:
-  friend class Query;
-  friend class Transaction;
+  friend class RegistryQuery;
+  friend class RegistryTransaction;
 
   struct Close {
     void operator()(sqlite3* database) const noexcept { sqlite3_close_v2(database); }
@@ -69,19 +69,19 @@ class RegistryFile {
 
 /// One use of a prepared statement; ready for the next use when it goes. Two uses of the same text
 /// must not overlap.
-class Query {
+class RegistryQuery {
  public:
   /// @param sql  a literal.
-  Query(RegistryFile& file, std::string_view sql);
-  ~Query();
+  RegistryQuery(RegistryFile& file, std::string_view sql);
+  ~RegistryQuery();
 
-  Query(const Query&) = delete;
-  Query& operator=(const Query&) = delete;
+  RegistryQuery(const RegistryQuery&) = delete;
+  RegistryQuery& operator=(const RegistryQuery&) = delete;
 
   /// The parameters are bound from left to right.
-  Query& Bind(std::int64_t number);
-  Query& BindText(std::string_view text);
-  Query& BindBlob(std::string_view bytes);
+  RegistryQuery& Bind(std::int64_t number);
+  RegistryQuery& BindText(std::string_view text);
+  RegistryQuery& BindBlob(std::string_view bytes);
 
   /// @return false when there is no further row.
   bool Step();
@@ -98,18 +98,18 @@ class Query {
 };
 
 /// Rolled back when it goes without having been committed.
-class Transaction {
+class RegistryTransaction {
  public:
   enum class Kind {
     kRead,  // all its queries see the file in the same state
     kWrite  // keeps other writers out from the start
   };
 
-  Transaction(RegistryFile& file, Kind kind);
-  ~Transaction();
+  RegistryTransaction(RegistryFile& file, Kind kind);
+  ~RegistryTransaction();
 
-  Transaction(const Transaction&) = delete;
-  Transaction& operator=(const Transaction&) = delete;
+  RegistryTransaction(const RegistryTransaction&) = delete;
+  RegistryTransaction& operator=(const RegistryTransaction&) = delete;
 
   void Commit();
 

@@ -147,10 +147,10 @@ void RegistryFile::CheckKind() const {
 }
 
 bool RegistryFile::HasTables() {
-  Query query(*this,
-              "SELECT (SELECT application_id FROM pragma_application_id),"
-              " (SELECT user_version FROM pragma_user_version),"
-              " (SELECT count(*) FROM sqlite_schema)");
+  RegistryQuery query(*this,
+                      "SELECT (SELECT application_id FROM pragma_application_id),"
+                      " (SELECT user_version FROM pragma_user_version),"
+                      " (SELECT count(*) FROM sqlite_schema)");
   query.Step();
   const std::int64_t application = query.Integer(0);
   const std::int64_t format = query.Integer(1);
@@ -221,35 +221,35 @@ void RegistryFile::FailWith(int code) const {
   Fail(fault, detail);
 }
 
-Query::Query(RegistryFile& file, std::string_view sql)
+RegistryQuery::RegistryQuery(RegistryFile& file, std::string_view sql)
     : file_(file), statement_(file.Prepared(sql)) {
   assert(sqlite3_stmt_busy(statement_) == 0);
 }
 
-Query::~Query() {
+RegistryQuery::~RegistryQuery() {
   sqlite3_reset(statement_);
   sqlite3_clear_bindings(statement_);
 }
 
-Query& Query::Bind(std::int64_t number) {
+RegistryQuery& RegistryQuery::Bind(std::int64_t number) {
   Check(sqlite3_bind_int64(statement_, ++bound_, number));
   return *this;
 }
 
 // A null pointer would bind NULL instead of an empty text.
-Query& Query::BindText(std::string_view text) {
+RegistryQuery& RegistryQuery::BindText(std::string_view text) {
   Check(sqlite3_bind_text64(statement_, ++bound_, text.empty() ? "" : text.data(), text.size(),
                             SQLITE_TRANSIENT, SQLITE_UTF8));
   return *this;
 }
 
-Query& Query::BindBlob(std::string_view bytes) {
+RegistryQuery& RegistryQuery::BindBlob(std::string_view bytes) {
   Check(sqlite3_bind_blob64(statement_, ++bound_, bytes.empty() ? "" : bytes.data(), bytes.size(),
                             SQLITE_TRANSIENT));
   return *this;
 }
 
-bool Query::Step() {
+bool RegistryQuery::Step() {
   errno = 0;
   const int code = sqlite3_step(statement_);
   if (code == SQLITE_ROW) return true;
@@ -257,26 +257,28 @@ bool Query::Step() {
   return false;
 }
 
-std::int64_t Query::Integer(int column) const { return sqlite3_column_int64(statement_, column); }
+std::int64_t RegistryQuery::Integer(int column) const {
+  return sqlite3_column_int64(statement_, column);
+}
 
-std::string Query::Bytes(int column) const {
+std::string RegistryQuery::Bytes(int column) const {
   const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement_, column));
   const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement_, column));
   return bytes == nullptr ? std::string() : std::string(bytes, size);
 }
 
-void Query::Check(int code) const {
+void RegistryQuery::Check(int code) const {
   if (code != SQLITE_OK) file_.FailWith(code);
 }
 
-Transaction::Transaction(RegistryFile& file, Kind kind)
+RegistryTransaction::RegistryTransaction(RegistryFile& file, Kind kind)
     : file_(file), joined_(file.in_transaction_) {
   if (joined_) return;
-  Query(file_, kind == Kind::kWrite ? "BEGIN IMMEDIATE" : "BEGIN").Step();
+  RegistryQuery(file_, kind == Kind::kWrite ? "BEGIN IMMEDIATE" : "BEGIN").Step();
   file_.in_transaction_ = true;
 }
 
-Transaction::~Transaction() {
+RegistryTransaction::~RegistryTransaction() {
   if (joined_) return;
   file_.in_transaction_ = false;
   if (open_ && sqlite3_get_autocommit(file_.database_.get()) == 0) {
@@ -284,9 +286,9 @@ Transaction::~Transaction() {
   }
 }
 
-void Transaction::Commit() {
+void RegistryTransaction::Commit() {
   if (joined_) return;
-  Query(file_, "COMMIT").Step();
+  RegistryQuery(file_, "COMMIT").Step();
   open_ = false;
 }
 

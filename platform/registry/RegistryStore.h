@@ -16,7 +16,7 @@
 namespace imptable {
 
 class RegistryFile;
-class Transaction;
+class RegistryTransaction;
 
 /// A value with the name under which it was first written; "" is the key's default value.
 struct NamedValue {
@@ -90,7 +90,7 @@ class RegistryStore {
     Moment& operator=(const Moment&) = delete;
 
    private:
-    std::unique_ptr<Transaction> transaction_;
+    std::unique_ptr<RegistryTransaction> transaction_;
   };
 
   /// Creates the key when needed; an existing value keeps its name and its place.

@@ -10,7 +10,7 @@
 namespace imptable {
 namespace {
 
-RegistryValue ValueAt(const Query& query, int type_column) {
+RegistryValue ValueAt(const RegistryQuery& query, int type_column) {
   return {static_cast<RegistryType>(query.Integer(type_column)), query.Bytes(type_column + 1)};
 }
 
@@ -46,7 +46,7 @@ RegistryFile* RegistryStore::Opened() const {
 RegistryFile& RegistryStore::Created() {
   if (RegistryFile* const file = Opened()) return *file;
   if (file_ == nullptr) file_ = std::make_unique<RegistryFile>(path_, lock_wait_);
-  Transaction transaction(*file_, Transaction::Kind::kWrite);
+  RegistryTransaction transaction(*file_, RegistryTransaction::Kind::kWrite);
   if (!file_->HasTables()) {  // else another process was faster
     file_->CreateTables();
     Carry(first_edits_);
@@ -58,7 +58,7 @@ RegistryFile& RegistryStore::Created() {
 
 RegistryStore::Moment::Moment(const RegistryStore& store) {
   if (RegistryFile* const file = store.Opened()) {
-    transaction_ = std::make_unique<Transaction>(*file, Transaction::Kind::kRead);
+    transaction_ = std::make_unique<RegistryTransaction>(*file, RegistryTransaction::Kind::kRead);
   }
 }
 
@@ -66,10 +66,10 @@ RegistryStore::Moment::~Moment() = default;
 
 std::optional<RegistryValue> RegistryStore::Read(const KeyPath& key, std::string_view name) const {
   if (Opened() == nullptr) return std::nullopt;
-  Transaction transaction(*file_, Transaction::Kind::kRead);
+  RegistryTransaction transaction(*file_, RegistryTransaction::Kind::kRead);
   std::optional<RegistryValue> value;
   if (const auto id = FindKey(key)) {
-    Query query(*file_, "SELECT type, data FROM \"values\" WHERE key = ? AND folded = ?");
+    RegistryQuery query(*file_, "SELECT type, data FROM \"values\" WHERE key = ? AND folded = ?");
     if (query.Bind(*id).BindText(FoldName(name)).Step()) value = ValueAt(query, 0);
   }
   transaction.Commit();
@@ -78,7 +78,7 @@ std::optional<RegistryValue> RegistryStore::Read(const KeyPath& key, std::string
 
 bool RegistryStore::KeyExists(const KeyPath& key) const {
   if (Opened() == nullptr) return false;
-  Transaction transaction(*file_, Transaction::Kind::kRead);
+  RegistryTransaction transaction(*file_, RegistryTransaction::Kind::kRead);
   const bool exists = FindKey(key).has_value();
   transaction.Commit();
   return exists;
@@ -86,7 +86,7 @@ bool RegistryStore::KeyExists(const KeyPath& key) const {
 
 std::vector<NamedValue> RegistryStore::Values(const KeyPath& key) const {
   if (Opened() == nullptr) return {};
-  Transaction transaction(*file_, Transaction::Kind::kRead);
+  RegistryTransaction transaction(*file_, RegistryTransaction::Kind::kRead);
   std::vector<NamedValue> values;
   if (const auto id = FindKey(key)) values = ValuesOf(*id);
   transaction.Commit();
@@ -95,10 +95,10 @@ std::vector<NamedValue> RegistryStore::Values(const KeyPath& key) const {
 
 std::vector<std::string> RegistryStore::ValueNames(const KeyPath& key) const {
   if (Opened() == nullptr) return {};
-  Transaction transaction(*file_, Transaction::Kind::kRead);
+  RegistryTransaction transaction(*file_, RegistryTransaction::Kind::kRead);
   std::vector<std::string> names;
   if (const auto id = FindKey(key)) {
-    Query query(*file_, "SELECT name FROM \"values\" WHERE key = ? ORDER BY id");
+    RegistryQuery query(*file_, "SELECT name FROM \"values\" WHERE key = ? ORDER BY id");
     query.Bind(*id);
     while (query.Step()) names.push_back(query.Bytes(0));
   }
@@ -108,10 +108,10 @@ std::vector<std::string> RegistryStore::ValueNames(const KeyPath& key) const {
 
 std::vector<std::string> RegistryStore::SubkeyNames(const KeyPath& key) const {
   if (Opened() == nullptr) return {};
-  Transaction transaction(*file_, Transaction::Kind::kRead);
+  RegistryTransaction transaction(*file_, RegistryTransaction::Kind::kRead);
   std::vector<std::string> names;
   if (const auto id = FindKey(key)) {
-    Query query(*file_, "SELECT name FROM keys WHERE parent = ? ORDER BY folded");
+    RegistryQuery query(*file_, "SELECT name FROM keys WHERE parent = ? ORDER BY folded");
     query.Bind(*id);
     while (query.Step()) names.push_back(query.Bytes(0));
   }
@@ -125,7 +125,7 @@ std::vector<StoredKey> RegistryStore::Tree(const KeyPath& key) const {
     std::string path;
   };
   if (Opened() == nullptr) return {};
-  Transaction transaction(*file_, Transaction::Kind::kRead);
+  RegistryTransaction transaction(*file_, RegistryTransaction::Kind::kRead);
   std::vector<Pending> pending;
   std::string stored_path;
   if (const auto id = FindKey(key, &stored_path)) pending.push_back({*id, stored_path});
@@ -138,7 +138,7 @@ std::vector<StoredKey> RegistryStore::Tree(const KeyPath& key) const {
       file_->Fail(RegistryFileFault::kDamaged, "a key is stored below itself");
     }
     tree.push_back({{key.root, current.path}, ValuesOf(current.id)});
-    Query query(*file_, "SELECT id, name FROM keys WHERE parent = ? ORDER BY folded DESC");
+    RegistryQuery query(*file_, "SELECT id, name FROM keys WHERE parent = ? ORDER BY folded DESC");
     query.Bind(current.id);
     while (query.Step()) {
       pending.push_back({query.Integer(0), Joined(current.path, query.Bytes(1))});
@@ -149,14 +149,14 @@ std::vector<StoredKey> RegistryStore::Tree(const KeyPath& key) const {
 }
 
 void RegistryStore::Write(const KeyPath& key, std::string_view name, const RegistryValue& value) {
-  Transaction transaction(Created(), Transaction::Kind::kWrite);
+  RegistryTransaction transaction(Created(), RegistryTransaction::Kind::kWrite);
   SetValue(key, name, value);
   transaction.Commit();
 }
 
 bool RegistryStore::DeleteValue(const KeyPath& key, std::string_view name) {
   if (Opened() == nullptr) return false;
-  Transaction transaction(*file_, Transaction::Kind::kWrite);
+  RegistryTransaction transaction(*file_, RegistryTransaction::Kind::kWrite);
   const bool found = RemoveValue(key, name);
   transaction.Commit();
   return found;
@@ -167,35 +167,35 @@ RegistryStore::KeyDeletion RegistryStore::DeleteKey(const KeyPath& key) {
     return HasRoot(key.root) && PathParts(key.path).empty() ? KeyDeletion::kRefused
                                                             : KeyDeletion::kAbsent;
   }
-  Transaction transaction(*file_, Transaction::Kind::kWrite);
+  RegistryTransaction transaction(*file_, RegistryTransaction::Kind::kWrite);
   const auto id = FindKey(key);
   if (!id) return KeyDeletion::kAbsent;
   if (*id == key.root) return KeyDeletion::kRefused;
   {
-    Query subkeys(*file_, "SELECT 1 FROM keys WHERE parent = ? LIMIT 1");
+    RegistryQuery subkeys(*file_, "SELECT 1 FROM keys WHERE parent = ? LIMIT 1");
     if (subkeys.Bind(*id).Step()) return KeyDeletion::kRefused;
   }
-  Query(*file_, "DELETE FROM keys WHERE id = ?").Bind(*id).Step();
+  RegistryQuery(*file_, "DELETE FROM keys WHERE id = ?").Bind(*id).Step();
   transaction.Commit();
   return KeyDeletion::kDone;
 }
 
 bool RegistryStore::DeleteTree(const KeyPath& key) {
   if (Opened() == nullptr) return false;
-  Transaction transaction(*file_, Transaction::Kind::kWrite);
+  RegistryTransaction transaction(*file_, RegistryTransaction::Kind::kWrite);
   const bool found = RemoveTree(key);
   transaction.Commit();
   return found;
 }
 
 void RegistryStore::Apply(const std::vector<RegistryEdit>& edits) {
-  Transaction transaction(Created(), Transaction::Kind::kWrite);
+  RegistryTransaction transaction(Created(), RegistryTransaction::Kind::kWrite);
   Carry(edits);
   transaction.Commit();
 }
 
 void RegistryStore::Together(const std::function<void()>& work) {
-  Transaction transaction(Created(), Transaction::Kind::kWrite);
+  RegistryTransaction transaction(Created(), RegistryTransaction::Kind::kWrite);
   work();
   transaction.Commit();
 }
@@ -205,7 +205,7 @@ std::optional<std::int64_t> RegistryStore::FindKey(const KeyPath& key,
   if (!HasRoot(key.root)) return std::nullopt;
   std::int64_t id = key.root;
   for (std::string_view part : PathParts(key.path)) {
-    Query query(*file_, "SELECT id, name FROM keys WHERE parent = ? AND folded = ?");
+    RegistryQuery query(*file_, "SELECT id, name FROM keys WHERE parent = ? AND folded = ?");
     if (!query.Bind(id).BindText(FoldName(part)).Step()) return std::nullopt;
     id = query.Integer(0);
     if (stored_path != nullptr) *stored_path = Joined(*stored_path, query.Bytes(1));
@@ -218,11 +218,11 @@ std::int64_t RegistryStore::EnsureKey(const KeyPath& key) {
   std::int64_t id = key.root;
   for (std::string_view part : PathParts(key.path)) {
     const std::string folded = FoldName(part);
-    Query query(*file_, "SELECT id FROM keys WHERE parent = ? AND folded = ?");
+    RegistryQuery query(*file_, "SELECT id FROM keys WHERE parent = ? AND folded = ?");
     if (query.Bind(id).BindText(folded).Step()) {
       id = query.Integer(0);
     } else {
-      Query insertion(*file_, "INSERT INTO keys (parent, name, folded) VALUES (?, ?, ?)");
+      RegistryQuery insertion(*file_, "INSERT INTO keys (parent, name, folded) VALUES (?, ?, ?)");
       insertion.Bind(id).BindText(part).BindText(folded).Step();
       id = file_->LastInsertedRow();
     }
@@ -231,7 +231,7 @@ std::int64_t RegistryStore::EnsureKey(const KeyPath& key) {
 }
 
 std::vector<NamedValue> RegistryStore::ValuesOf(std::int64_t key) const {
-  Query query(*file_, "SELECT name, type, data FROM \"values\" WHERE key = ? ORDER BY id");
+  RegistryQuery query(*file_, "SELECT name, type, data FROM \"values\" WHERE key = ? ORDER BY id");
   query.Bind(key);
   std::vector<NamedValue> values;
   while (query.Step()) values.push_back({query.Bytes(0), ValueAt(query, 1)});
@@ -260,9 +260,10 @@ void RegistryStore::Carry(const std::vector<RegistryEdit>& edits) {
 void RegistryStore::SetValue(const KeyPath& key, std::string_view name,
                              const RegistryValue& value) {
   const std::int64_t id = EnsureKey(key);
-  Query(*file_,
-        "INSERT INTO \"values\" (key, name, folded, type, data) VALUES (?, ?, ?, ?, ?)"
-        " ON CONFLICT (key, folded) DO UPDATE SET type = excluded.type, data = excluded.data")
+  RegistryQuery(
+      *file_,
+      "INSERT INTO \"values\" (key, name, folded, type, data) VALUES (?, ?, ?, ?, ?)"
+      " ON CONFLICT (key, folded) DO UPDATE SET type = excluded.type, data = excluded.data")
       .Bind(id)
       .BindText(name)
       .BindText(FoldName(name))
@@ -274,20 +275,21 @@ void RegistryStore::SetValue(const KeyPath& key, std::string_view name,
 bool RegistryStore::RemoveValue(const KeyPath& key, std::string_view name) {
   const auto id = FindKey(key);
   if (!id) return false;
-  Query query(*file_, "DELETE FROM \"values\" WHERE key = ? AND folded = ? RETURNING id");
+  RegistryQuery query(*file_, "DELETE FROM \"values\" WHERE key = ? AND folded = ? RETURNING id");
   return query.Bind(*id).BindText(FoldName(name)).Step();
 }
 
 bool RegistryStore::RemoveTree(const KeyPath& key) {
   const auto id = FindKey(key);
   if (!id) return false;
-  Query(*file_,
-        "WITH RECURSIVE doomed (id) AS (VALUES (?) UNION"
-        " SELECT keys.id FROM keys JOIN doomed ON keys.parent = doomed.id)"
-        " DELETE FROM keys WHERE id IN doomed AND id > 0")
+  RegistryQuery(*file_,
+                "WITH RECURSIVE doomed (id) AS (VALUES (?) UNION"
+                " SELECT keys.id FROM keys JOIN doomed ON keys.parent = doomed.id)"
+                " DELETE FROM keys WHERE id IN doomed AND id > 0")
       .Bind(*id)
       .Step();
-  if (*id == key.root) Query(*file_, "DELETE FROM \"values\" WHERE key = ?").Bind(*id).Step();
+  if (*id == key.root)
+    RegistryQuery(*file_, "DELETE FROM \"values\" WHERE key = ?").Bind(*id).Step();
   return true;
 }
 

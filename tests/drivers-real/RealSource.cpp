@@ -1,5 +1,6 @@
 #include "tests/drivers-real/RealSource.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <sstream>
@@ -59,9 +60,17 @@ std::vector<std::string> RealSource::PrimaryKey(const std::string& table) {
 }
 
 std::vector<std::string> RealSource::VersionedColumns(const std::string& table) {
-  std::vector<std::string> names;
-  if (!Of(table).GetSpecialColumns(names)) return {"<failed>"};
-  return names;
+  std::vector<TableColumn> columns;
+  std::vector<std::string> versions;
+  if (!Of(table).GetTableColumns(columns) || !Of(table).GetSpecialColumns(versions)) {
+    return {"<failed>"};
+  }
+  // A database may have versions that are no column of the table.
+  std::erase_if(versions, [&](const std::string& name) {
+    return std::none_of(columns.begin(), columns.end(),
+                        [&](const TableColumn& column) { return column.name == name; });
+  });
+  return versions;
 }
 
 std::string RealSource::Outcome(SQLRETURN code) {

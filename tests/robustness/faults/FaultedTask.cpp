@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "import/ledger/ResumeRule.h"
+#include "import/ledger/ResumeCheck.h"
 
 namespace imptable {
 namespace {

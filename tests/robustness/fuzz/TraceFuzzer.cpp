@@ -2,7 +2,7 @@
 #include <limits>
 #include <string>
 
-#include "import/ledger/TraceLine.h"
+#include "import/ledger/Trace.h"
 #include "tests/robustness/fuzz/FuzzInput.h"
 #include "tests/robustness/fuzz/Property.h"
 

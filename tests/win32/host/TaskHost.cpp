@@ -24,9 +24,9 @@
 #include <iterator>
 #include <optional>
 
+#include "core/NumberText.h"
 #include "core/SettingsTable.h"
 #include "core/StoredValue.h"
-#include "core/WholeNumber.h"
 #include "host/registry/RegistryExportFile.h"
 #include "host/tasks/Assignment.h"
 #include "host/tasks/ShownValue.h"

@@ -1,5 +1,5 @@
-#ifndef DIALOGS_TESTING_REGISTRY_JOURNAL_H_
-#define DIALOGS_TESTING_REGISTRY_JOURNAL_H_
+#ifndef DIALOGS_TESTING_WATCHED_REGISTRY_H_
+#define DIALOGS_TESTING_WATCHED_REGISTRY_H_
 
 #include <string>
 #include <string_view>
@@ -12,11 +12,11 @@ namespace imptable {
 
 /// Writes down, in order, what is changed in the registry that it stands before, and can refuse
 /// changes.
-class RegistryJournal : public Registry {
+class WatchedRegistry : public Registry {
  public:
   /// @param registry  borrowed.
   /// @param base  what every path in the journal is relative to.
-  RegistryJournal(MemoryRegistry& registry, std::string base)
+  WatchedRegistry(MemoryRegistry& registry, std::string base)
       : registry_(registry), base_(std::move(base)) {}
 
   std::optional<RegistryValue> Read(const KeyPath& key, std::string_view name) const override {
@@ -65,4 +65,4 @@ class RegistryJournal : public Registry {
 
 }  // namespace imptable
 
-#endif  // DIALOGS_TESTING_REGISTRY_JOURNAL_H_
+#endif  // DIALOGS_TESTING_WATCHED_REGISTRY_H_
