@@ -20,13 +20,13 @@ using testing::StartsWith;
 using testing::UnorderedElementsAre;
 
 /// A display whose object shows lines on a form, as a host's does.
-class DispatchDisplayTest : public testing::Test, protected HostedComponent {
+class DisplayOfTheHost : public testing::Test, protected HostedComponent {
  protected:
-  DispatchDisplayTest() {
+  DisplayOfTheHost() {
     library.CreateReportWriter()->SetReportPath(folder.path() + "report.txt");
     display_.Set(button_.get());
   }
-  ~DispatchDisplayTest() override {
+  ~DisplayOfTheHost() override {
     display_.Set(nullptr);
     button_->On(L"wForm") = {};
   }
@@ -62,26 +62,26 @@ class DispatchDisplayTest : public testing::Test, protected HostedComponent {
   DispatchDisplay display_;
 };
 
-TEST_F(DispatchDisplayTest, ShowsTheNewestLineFirst) {
+TEST_F(DisplayOfTheHost, ShowsTheNewestLineFirst) {
   EXPECT_TRUE(Line("one"));
   EXPECT_TRUE(Line("two"));
   EXPECT_EQ(text_, "04/03/2026 05:06:07 two\n04/03/2026 05:06:07 one\n");
   EXPECT_EQ(tag_, 2);
 }
 
-TEST_F(DispatchDisplayTest, ShowsTheSeventhLineAlone) {
+TEST_F(DisplayOfTheHost, ShowsTheSeventhLineAlone) {
   for (const char* line : {"1", "2", "3", "4", "5", "6", "7"}) EXPECT_TRUE(Line(line));
   EXPECT_EQ(text_, "04/03/2026 05:06:07 7");
   EXPECT_EQ(tag_, 1);
 }
 
-TEST_F(DispatchDisplayTest, LooksEachNameUpOnceAndAsksForTheFormAtEachLine) {
+TEST_F(DisplayOfTheHost, LooksEachNameUpOnceAndAsksForTheFormAtEachLine) {
   for (int line = 0; line < 3; ++line) Line("x");
   EXPECT_THAT(log_.lookups, UnorderedElementsAre("Bouton.wForm", "form.Text", "form.Tag"));
   EXPECT_EQ(std::count(log_.calls.begin(), log_.calls.end(), "Bouton.wForm"), 3);
 }
 
-TEST_F(DispatchDisplayTest, ShowsLinesOnTheFormOfTheMoment) {
+TEST_F(DisplayOfTheHost, ShowsLinesOnTheFormOfTheMoment) {
   Line("one");
   button_->On(L"wForm") = Giving(NewForm("other form"));
   form_ = {};
@@ -92,14 +92,14 @@ TEST_F(DispatchDisplayTest, ShowsLinesOnTheFormOfTheMoment) {
                                       "other form.Tag", "other form.Tag = i4 2"));
 }
 
-TEST_F(DispatchDisplayTest, HasNoFormWithoutAnObject) {
+TEST_F(DisplayOfTheHost, HasNoFormWithoutAnObject) {
   display_.Set(nullptr);
   EXPECT_EQ(display_.object(), nullptr);
   EXPECT_EQ(display_.wForm(), nullptr);
   EXPECT_TRUE(Line("x"));
 }
 
-TEST_F(DispatchDisplayTest, HasNoFormWhenItsObjectHasNone) {
+TEST_F(DisplayOfTheHost, HasNoFormWhenItsObjectHasNone) {
   const auto plain = ScriptedObject::Make("plain", log_, {{L"Text", {}}});
   display_.Set(plain.get());
   for (int line = 0; line < 2; ++line) {
@@ -111,14 +111,14 @@ TEST_F(DispatchDisplayTest, HasNoFormWhenItsObjectHasNone) {
   EXPECT_EQ(folder.Read("report.txt"), "04/03/2026 05:06:07 x\r\n04/03/2026 05:06:07 x\r\n");
 }
 
-TEST_F(DispatchDisplayTest, HasNoFormWhenItsObjectGivesNothingOrNoObject) {
+TEST_F(DisplayOfTheHost, HasNoFormWhenItsObjectGivesNothingOrNoObject) {
   button_->On(L"wForm") = [](auto) { return AutomationValue(static_cast<IDispatch*>(nullptr)); };
   EXPECT_EQ(display_.wForm(), nullptr);
   button_->On(L"wForm") = [](auto) { return AutomationValue(std::string("a form")); };
   EXPECT_EQ(display_.wForm(), nullptr);
 }
 
-TEST_F(DispatchDisplayTest, WritesTheLineInSilenceWhenTheFormCantBeHad) {
+TEST_F(DisplayOfTheHost, WritesTheLineInSilenceWhenTheFormCantBeHad) {
   button_->On(L"wForm") = [](auto) -> AutomationValue {
     throw ScriptedFailure{.description = L"unloaded"};
   };
@@ -127,7 +127,7 @@ TEST_F(DispatchDisplayTest, WritesTheLineInSilenceWhenTheFormCantBeHad) {
   EXPECT_EQ(folder.Read("report.txt"), "04/03/2026 05:06:07 x\r\n");
 }
 
-TEST_F(DispatchDisplayTest, WritesTheLineInSilenceWhenTheFormFails) {
+TEST_F(DisplayOfTheHost, WritesTheLineInSilenceWhenTheFormFails) {
   for (const wchar_t* member : {L"Text", L"Tag"}) {
     const auto broken = NewForm("broken");
     broken->On(member) = [](auto) -> AutomationValue { throw ScriptedFailure{.result = E_FAIL}; };
@@ -139,7 +139,7 @@ TEST_F(DispatchDisplayTest, WritesTheLineInSilenceWhenTheFormFails) {
   EXPECT_EQ(text_, "");
 }
 
-TEST_F(DispatchDisplayTest, CallsNothingWhenItsObjectIsSetAndGivesBackTheFormerOne) {
+TEST_F(DisplayOfTheHost, CallsNothingWhenItsObjectIsSetAndGivesBackTheFormerOne) {
   EXPECT_EQ(display_.object(), button_.get());
   EXPECT_EQ(button_->references(), 2U);
   const auto other = ScriptedObject::Make("other", log_);
@@ -154,7 +154,7 @@ TEST_F(DispatchDisplayTest, CallsNothingWhenItsObjectIsSetAndGivesBackTheFormerO
   EXPECT_THAT(log_.calls, IsEmpty());
 }
 
-TEST_F(DispatchDisplayTest, KeepsAnObjectThatTheHostLetsGoOf) {
+TEST_F(DisplayOfTheHost, KeepsAnObjectThatTheHostLetsGoOf) {
   {
     const auto passing = ScriptedObject::Make("passing", log_, {{L"wForm", Giving(form_)}});
     display_.Set(passing.get());
@@ -165,7 +165,7 @@ TEST_F(DispatchDisplayTest, KeepsAnObjectThatTheHostLetsGoOf) {
   EXPECT_THAT(log_.calls, testing::Contains("passing gone"));
 }
 
-TEST_F(DispatchDisplayTest, LetsGoOfTheFormWithItsObject) {
+TEST_F(DisplayOfTheHost, LetsGoOfTheFormWithItsObject) {
   Line("x");
   form_ = {};
   button_->On(L"wForm") = {};
@@ -174,7 +174,7 @@ TEST_F(DispatchDisplayTest, LetsGoOfTheFormWithItsObject) {
   EXPECT_EQ(log_.calls.back(), "form gone");
 }
 
-TEST_F(DispatchDisplayTest, SurvivesAHostThatTakesItsObjectAwayWithinALine) {
+TEST_F(DisplayOfTheHost, SurvivesAHostThatTakesItsObjectAwayWithinALine) {
   form_->On(L"Tag") = [this](auto) {
     display_.Set(nullptr);
     return AutomationValue(std::int32_t{0});

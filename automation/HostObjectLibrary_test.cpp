@@ -36,7 +36,7 @@ ScriptedObject::Member Failing(const std::wstring& description) {
       [description](auto) -> AutomationValue { throw ScriptedFailure{.description = description}; };
 }
 
-class HostObjectLibraryTest : public testing::Test, protected HostedComponent {
+class LibraryOfTheHost : public testing::Test, protected HostedComponent {
  protected:
   template <typename Body>
   static std::string FaultOf(Body body) {
@@ -56,7 +56,7 @@ class HostObjectLibraryTest : public testing::Test, protected HostedComponent {
   HostObjectLibrary objects_{library};
 };
 
-class WithHostObjects : public HostObjectLibraryTest {
+class WithHostObjects : public LibraryOfTheHost {
  protected:
   StandInHost host_;
 };
@@ -241,7 +241,7 @@ TEST_F(WithHostObjects, OnlyTheClassThatIsNotRegisteredIsServedByTheComponent) {
   EXPECT_EQ(objects_.TitleOfWrapperType(50), "theirs");
 }
 
-TEST_F(HostObjectLibraryTest, WithoutTheLibraryTheComponentServesItself) {
+TEST_F(LibraryOfTheHost, WithoutTheLibraryTheComponentServesItself) {
   registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "A", "ours");
   registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Taches\\T1\\Action\\Goto", "Dest", "T9");
   EXPECT_EQ(Variable("A"), "ours");
@@ -257,7 +257,7 @@ TEST_F(HostObjectLibraryTest, WithoutTheLibraryTheComponentServesItself) {
   EXPECT_EQ(folder.Read("report.txt"), "04/03/2026 05:06:07 x\r\n");
 }
 
-TEST_F(HostObjectLibraryTest, ALibraryThatIsRegisteredLaterServesTheNextCall) {
+TEST_F(LibraryOfTheHost, ALibraryThatIsRegisteredLaterServesTheNextCall) {
   registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "A", "ours");
   EXPECT_EQ(Variable("A"), "ours");
   {

@@ -14,7 +14,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class LateBoundTest : public testing::Test {
+class LateBinding : public testing::Test {
  protected:
   LateBound Bound() { return {ComPointer<IDispatch>(object_.get()), "X"}; }
 
@@ -59,7 +59,7 @@ class LateBoundTest : public testing::Test {
   ComPointer<ScriptedObject> object_ = ScriptedObject::Make("X", log_, {{L"M", {}}});
 };
 
-TEST_F(LateBoundTest, PassesArgumentsInTheMethodsOrderWithTheirTypes) {
+TEST_F(LateBinding, PassesArgumentsInTheMethodsOrderWithTheirTypes) {
   log_.names[object_.get()] = "X itself";
   Bound().Call(L"M", std::string("text"), std::int16_t{-7}, std::int32_t{70000},
                static_cast<IDispatch*>(object_.get()), static_cast<IDispatch*>(nullptr));
@@ -67,7 +67,7 @@ TEST_F(LateBoundTest, PassesArgumentsInTheMethodsOrderWithTheirTypes) {
   EXPECT_THAT(log_.calls, ElementsAre("X.M('text', i2 -7, i4 70000, X itself, Nothing)", "X.M()"));
 }
 
-TEST_F(LateBoundTest, PassesTextsOfTheSystemsCodePageBothWays) {
+TEST_F(LateBinding, PassesTextsOfTheSystemsCodePageBothWays) {
   std::wstring seen;
   Does([&](std::span<const VARIANT> arguments) {
     seen.assign(arguments[0].bstrVal, SysStringLen(arguments[0].bstrVal));
@@ -83,7 +83,7 @@ TEST_F(LateBoundTest, PassesTextsOfTheSystemsCodePageBothWays) {
                                 8));
 }
 
-TEST_F(LateBoundTest, ReadsAPropertyAndPutsIt) {
+TEST_F(LateBinding, ReadsAPropertyAndPutsIt) {
   std::string stored = "before";
   Does([&](std::span<const VARIANT> arguments) {
     if (!arguments.empty()) stored = TextArgument(arguments[0]);
@@ -95,7 +95,7 @@ TEST_F(LateBoundTest, ReadsAPropertyAndPutsIt) {
   EXPECT_THAT(log_.calls, ElementsAre("X.M", "X.M = 'after'"));
 }
 
-TEST_F(LateBoundTest, LooksAMemberUpOnceForManyCalls) {
+TEST_F(LateBinding, LooksAMemberUpOnceForManyCalls) {
   const LateBound bound = Bound();
   const LateBoundMember member = bound.Find(L"M");
   for (int call = 0; call < 3; ++call) bound.Call(member);
@@ -103,7 +103,7 @@ TEST_F(LateBoundTest, LooksAMemberUpOnceForManyCalls) {
   EXPECT_THAT(log_.calls, ElementsAre("X.M()", "X.M()", "X.M()"));
 }
 
-TEST_F(LateBoundTest, TellsAMissingMemberFromAFailedLookup) {
+TEST_F(LateBinding, TellsAMissingMemberFromAFailedLookup) {
   EXPECT_EQ(FaultOf([this] { Bound().Find(L"N"); }), "X.N : 0x80020006");
   EXPECT_FALSE(Bound().FindIfThere(L"N"));
   EXPECT_TRUE(Bound().FindIfThere(L"M"));
@@ -111,7 +111,7 @@ TEST_F(LateBoundTest, TellsAMissingMemberFromAFailedLookup) {
   EXPECT_EQ(FaultOf([&] { nothing.FindIfThere(L"M"); }), "Y.M : 0x80004003");
 }
 
-TEST_F(LateBoundTest, NamesTheMemberAndGivesTheDescriptionOfTheObject) {
+TEST_F(LateBinding, NamesTheMemberAndGivesTheDescriptionOfTheObject) {
   Fails({.description = L"le fichier est verrouill\u00E9"});
   EXPECT_EQ(FaultOfCall(), "X.M : le fichier est verrouill\xE9");
   Fails({.description = L"two\r\nlines\r\n"});
@@ -120,14 +120,14 @@ TEST_F(LateBoundTest, NamesTheMemberAndGivesTheDescriptionOfTheObject) {
   EXPECT_EQ(FaultOfCall(), "X.M : described later");
 }
 
-TEST_F(LateBoundTest, GivesTheCodeWhereTheObjectDescribesNothing) {
+TEST_F(LateBinding, GivesTheCodeWhereTheObjectDescribesNothing) {
   Fails({.code = STG_E_MEDIUMFULL});
   EXPECT_EQ(FaultOfCall(), "X.M : 0x80030070");
   Fails({.result = E_FAIL});
   EXPECT_EQ(FaultOfCall(), "X.M : 0x80004005");
 }
 
-TEST_F(LateBoundTest, FailsAlikeWhetherItCallsReadsOrPuts) {
+TEST_F(LateBinding, FailsAlikeWhetherItCallsReadsOrPuts) {
   Fails({.description = L"no"});
   const LateBound bound = Bound();
   const LateBoundMember member = bound.Find(L"M");
@@ -136,7 +136,7 @@ TEST_F(LateBoundTest, FailsAlikeWhetherItCallsReadsOrPuts) {
   EXPECT_EQ(FaultOf([&] { bound.Put(member, std::int32_t{1}); }), "X.M : no");
 }
 
-TEST_F(LateBoundTest, TakesNothingAndNullForTheEmptyText) {
+TEST_F(LateBinding, TakesNothingAndNullForTheEmptyText) {
   Gives({});
   EXPECT_EQ(TextOfM(), "");
   VARIANT null{};
@@ -145,7 +145,7 @@ TEST_F(LateBoundTest, TakesNothingAndNullForTheEmptyText) {
   EXPECT_EQ(TextOfM(), "");
 }
 
-TEST_F(LateBoundTest, ChangesANumberToATextAndATextToANumber) {
+TEST_F(LateBinding, ChangesANumberToATextAndATextToANumber) {
   VARIANT number{};
   number.vt = VT_UI1;
   number.bVal = 200;
@@ -156,7 +156,7 @@ TEST_F(LateBoundTest, ChangesANumberToATextAndATextToANumber) {
   EXPECT_EQ(NumberOfM(), -12);
 }
 
-TEST_F(LateBoundTest, ReadsAValueThatIsReferredTo) {
+TEST_F(LateBinding, ReadsAValueThatIsReferredTo) {
   SHORT stored = 6;
   VARIANT reference{};
   reference.vt = VT_I2 | VT_BYREF;
@@ -165,7 +165,7 @@ TEST_F(LateBoundTest, ReadsAValueThatIsReferredTo) {
   EXPECT_EQ(NumberOfM(), 6);
 }
 
-TEST_F(LateBoundTest, RefusesAnAnswerOfAnotherKind) {
+TEST_F(LateBinding, RefusesAnAnswerOfAnotherKind) {
   Does([](auto) { return AutomationValue(std::string("many")); });
   EXPECT_EQ(FaultOf([this] { NumberOfM(); }), "X.M : 0x80020005");
   Does([this](auto) { return AutomationValue(static_cast<IDispatch*>(object_.get())); });
@@ -176,7 +176,7 @@ TEST_F(LateBoundTest, RefusesAnAnswerOfAnotherKind) {
   EXPECT_EQ(FaultOf([this] { NumberOfM(); }), "X.M : 0x80020005");
 }
 
-TEST_F(LateBoundTest, KeepsItsObjectForTheLengthOfACallThatExchangesIt) {
+TEST_F(LateBinding, KeepsItsObjectForTheLengthOfACallThatExchangesIt) {
   LateBound bound = Bound();
   Does([&](auto) {
     bound = LateBound({}, "another");
@@ -189,7 +189,7 @@ TEST_F(LateBoundTest, KeepsItsObjectForTheLengthOfACallThatExchangesIt) {
   EXPECT_THAT(log_.calls, ElementsAre("X.M()", "X gone"));
 }
 
-TEST_F(LateBoundTest, GivesBackEveryReferenceItTook) {
+TEST_F(LateBinding, GivesBackEveryReferenceItTook) {
   {
     const LateBound bound = Bound();
     Does([this](auto) { return AutomationValue(static_cast<IDispatch*>(object_.get())); });
@@ -204,16 +204,16 @@ TEST_F(LateBoundTest, GivesBackEveryReferenceItTook) {
   Does({});
 }
 
-class CreateLateBoundTest : public LateBoundTest {
+class LateBoundCreation : public LateBinding {
  protected:
   static constexpr const wchar_t* kProgId = L"KaldoObjets.Essai";
 };
 
-TEST_F(CreateLateBoundTest, MakesNothingOfANameThatIsNotRegistered) {
+TEST_F(LateBoundCreation, MakesNothingOfANameThatIsNotRegistered) {
   EXPECT_FALSE(CreateLateBound(kProgId));
 }
 
-TEST_F(CreateLateBoundTest, MakesANewObjectAtEachCallAndGivesItBack) {
+TEST_F(LateBoundCreation, MakesANewObjectAtEachCallAndGivesItBack) {
   int made = 0;
   const RegisteredClass own(kProgId, [&] {
     return ComPointer<IDispatch>(
@@ -224,18 +224,18 @@ TEST_F(CreateLateBoundTest, MakesANewObjectAtEachCallAndGivesItBack) {
               ElementsAre("object 1.M()", "object 1 gone", "object 2.M()", "object 2 gone"));
 }
 
-TEST_F(CreateLateBoundTest, FailsWithTheClassNameWhenTheClassMakesNoObject) {
+TEST_F(LateBoundCreation, FailsWithTheClassNameWhenTheClassMakesNoObject) {
   const RegisteredClass own(kProgId, []() -> ComPointer<IDispatch> { throw E_ACCESSDENIED; });
   EXPECT_EQ(FaultOf([] { CreateLateBound(kProgId); }), "KaldoObjets.Essai : 0x80070005");
 }
 
-TEST_F(CreateLateBoundTest, FailsWhenARegisteredClassIsNotThere) {
+TEST_F(LateBoundCreation, FailsWhenARegisteredClassIsNotThere) {
   RegisteredClass own(kProgId, [this] { return ComPointer<IDispatch>(object_.get()); });
   own.Revoke();
   EXPECT_EQ(FaultOf([] { CreateLateBound(kProgId); }), "KaldoObjets.Essai : 0x80040154");
 }
 
-TEST_F(CreateLateBoundTest, FailsWhenARegisteredNameStandsForNoClass) {
+TEST_F(LateBoundCreation, FailsWhenARegisteredNameStandsForNoClass) {
   const RegisteredProgId empty(kProgId, std::nullopt);
   EXPECT_EQ(FaultOf([] { CreateLateBound(kProgId); }), "KaldoObjets.Essai : 0x800401F3");
   EXPECT_THAT(log_.calls, IsEmpty());

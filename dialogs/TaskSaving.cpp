@@ -7,6 +7,7 @@
 #include "core/StampText.h"
 #include "core/TaskDialog.h"
 #include "core/TaskSettings.h"
+#include "dialogs/columns/StoredLayout.h"
 
 namespace imptable {
 namespace {
@@ -125,9 +126,12 @@ std::optional<SaveFailure> SaveTask(ModuleCommun& module, const std::string& tas
       write.Member(id, settings);
     }
   }
-  write.Subkey("Colonnes", [&] { return columns.WriteColonnes(task); });
+  write.Subkey(kColumnsSubkey, [&] {
+    return WriteColonnes(module, task, columns.fixed_width(), columns.file_columns());
+  });
   for (const SettingId id : kSavedBetweenColumns) write.Member(id, settings);
-  write.Subkey("Champs", [&] { return columns.WriteChamps(task, state.chkParam); });
+  write.Subkey(kFieldsSubkey,
+               [&] { return WriteChamps(module, task, state.chkParam, columns.field_rows()); });
   write.Member(SettingId::kFullFileName, settings);
   return write.failure();
 }

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "tests/kit/ImportRun.h"
+#include "tests/kit/SideFileLines.h"
 #include "tests/kit/TextFile.h"
 
 namespace imptable {
@@ -178,7 +179,7 @@ TEST(ImportFaults, LeaveFilesThatAResumeGoesOnFrom) {
     run.Source({"1;a;x", "2;b;x", "3;c"});
     run.component.files.Fail(FileOperation::kWrite, write, kDiskFull);
     EXPECT_EQ(run.Go(), 3);
-    EXPECT_THAT(run.Trace(), ElementsAre("00000001100000001"));
+    EXPECT_THAT(run.Trace(), ElementsAre(Rejected(1)));
     const std::string rejected = run.folder.Read("CLIENTS.LER");
     EXPECT_EQ(rejected, write == 7 ? TextFile({"1;a;x", "2;b;x"}) : TextFile({"1;a;x"}));
     run.folder.Write("CLIENTS.LER", "1;mended\n" + rejected.substr(rejected.find('\n') + 1));
@@ -234,13 +235,13 @@ TEST(ImportFaults, TellThatAResumeCannotKeepWhatTheEarlierRunLeftAndLeaveItAlone
     SCOPED_TRACE(std::string(each.file) + " " + std::to_string(each.nth));
     ImportRun run;
     run.Source({"1;a", "2;b"});
-    run.folder.Write("CLIENTS.TRC", TextFile({"00000001000000000", "00000002100000001"}));
+    run.folder.Write("CLIENTS.TRC", TextFile({Done(1), Rejected(2)}));
     run.folder.Write("CLIENTS.LER", TextFile({"2;mended"}));
     run.component.files.Fail(each.operation, each.nth, kDiskFull);
     EXPECT_EQ(run.Go(2), 3);
     ExpectFault(run, "61 ,Disque plein : " + run.folder.path() + each.file);
     EXPECT_THAT(run.Executed(), IsEmpty());
-    EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002100000001"));
+    EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Rejected(2)));
     EXPECT_THAT(run.Rejected(), ElementsAre("2;mended"));
   }
 }
@@ -249,7 +250,7 @@ TEST(ImportFaults, EndARunThatCannotLookAtWhatItIsToResume) {
   for (const int opening : {1, 2}) {
     ImportRun run;
     run.Source({"1;a", "2;b"});
-    run.folder.Write("CLIENTS.TRC", TextFile({"00000001000000000", "00000002100000001"}));
+    run.folder.Write("CLIENTS.TRC", TextFile({Done(1), Rejected(2)}));
     run.folder.Write("CLIENTS.LER", TextFile({"2;mended"}));
     run.folder.Write("CLIENTS.ERR", "why\n");
     run.component.files.Fail(FileOperation::kOpenRead, opening, kDiskFull);

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "tests/kit/KeyedRun.h"
+#include "tests/kit/SideFileLines.h"
 
 namespace imptable {
 namespace {
@@ -52,7 +53,7 @@ class DeletingRun : public KeyedRun {
     EXPECT_TRUE(component.module().run.error_reported);
     EXPECT_EQ(OpenStatements(), 0);
     EXPECT_THAT(Executed(), SizeIs(1));
-    EXPECT_THAT(Trace(), ElementsAre("00000001000000000"));
+    EXPECT_THAT(Trace(), ElementsAre(Done(1)));
   }
 };
 

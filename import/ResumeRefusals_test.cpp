@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "tests/kit/ImportRun.h"
+#include "tests/kit/SideFileLines.h"
 #include "tests/kit/TextFile.h"
 
 namespace imptable {
@@ -148,7 +149,7 @@ TEST(Resume, AllowsForTheLineThatAKilledRunHadInHand) {
   std::string chain = run.folder.Read("CLIENTS.REP");
   chain.resize(chain.find("READ"));
   run.folder.Write("CLIENTS.REP", chain);
-  run.folder.Write("CLIENTS.TRC", TextFile({"00000001000000000", "00000002100000001"}));
+  run.folder.Write("CLIENTS.TRC", TextFile({Done(1), Rejected(2)}));
   run.folder.Write("CLIENTS.LER", "2;mended\n3;");
   EXPECT_EQ(run.Go(kResume), 2);
   EXPECT_THAT(run.Executed(), ElementsAre("1='2' 2='mended'", "1='3' 2='c'"));

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/kit/ImportRun.h"
+#include "tests/kit/SideFileLines.h"
 #include "tests/kit/TextFile.h"
 
 namespace imptable {
@@ -35,7 +36,7 @@ TEST(ResumedRuns, TraceOnlyTheLinesThatTheyProcess) {
   run.Source({"1;a", "2;b;x", "3;c"});
   run.Go();
   EXPECT_EQ(run.Go(kResume), 3);
-  EXPECT_THAT(run.Trace(), ElementsAre("00000002100000001"));
+  EXPECT_THAT(run.Trace(), ElementsAre(Rejected(2)));
 }
 
 TEST(ResumedRuns, TakeUpALineThatAnInterruptedResumeHadNotReached) {
@@ -61,7 +62,7 @@ void Interrupt(ImportRun& run) {
   RunState& state = run.component.module().run;
   run.component.message_loop.AtYield(2, [&] { state.stop_requested = true; });
   EXPECT_EQ(run.Go(), 3);
-  EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000"));
+  EXPECT_THAT(run.Trace(), ElementsAre(Done(1)));
   EXPECT_THAT(run.Rejected(), IsEmpty());
   state.stop_requested = false;
 }
@@ -182,8 +183,7 @@ TEST_P(ResumeWithoutALine, KeepsWhatTheEarlierRunLeft) {
       "column CODE 4 INTEGER 10 0 0\n"
       "column NOM 12 VARCHAR 30 0 1\n");
   EXPECT_THAT(run.Rejected(), ElementsAre("2;mended"));
-  EXPECT_THAT(run.Trace(),
-              ElementsAre("00000001000000000", "00000002100000001", "00000003000000001"));
+  EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Rejected(2), Done(3, 1)));
   EXPECT_EQ(run.Go(kResume), 2);
   EXPECT_THAT(run.Executed(), ElementsAre("1='2' 2='mended'"));
 }
@@ -201,7 +201,7 @@ TEST(ResumedRuns, KeepsWhatTheEarlierRunLeftWhenASettingIsDamaged) {
   run.Set("Erreurs", "40000");
   EXPECT_EQ(run.Go(kResume), 3);
   EXPECT_THAT(run.Rejected(), ElementsAre("2;b;x"));
-  EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002100000001"));
+  EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Rejected(2)));
 }
 
 TEST(ResumedRuns, KeepsWhatTheEarlierRunLeftWhenTheFirstLineCannotBeRead) {
@@ -234,7 +234,7 @@ TEST(ResumedRuns, KeepsWhatTheEarlierRunLeftWhenTheFirstLineCannotBeRead) {
   EXPECT_EQ(run.Go(kResume), 3);
   EXPECT_EQ(run.progress().read, 0);
   EXPECT_THAT(run.Rejected(), ElementsAre("2;b;x"));
-  EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002100000001"));
+  EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Rejected(2)));
 }
 
 TEST(ResumedRuns, RefusesATraceWhoseNumbersDoNotRise) {

@@ -24,9 +24,9 @@ FaultNumber FaultOf(const std::function<void()>& call) {
   return {};
 }
 
-class ImpTableTest : public testing::Test {
+class ContractOfTheHost : public testing::Test {
  protected:
-  ImpTableTest() {
+  ContractOfTheHost() {
     component_.registry.SetText(ImportRun::kTaskPath, "Base Cible", "there is no such source");
   }
 
@@ -36,7 +36,7 @@ class ImpTableTest : public testing::Test {
   RecordingEvents events_;
 };
 
-TEST_F(ImpTableTest, IsEmptyWhenMade) {
+TEST_F(ContractOfTheHost, IsEmptyWhenMade) {
   const ImpTable task = NewTask();
   EXPECT_EQ(task.Nom, "");
   EXPECT_EQ(task.Regst, 0);
@@ -49,7 +49,7 @@ TEST_F(ImpTableTest, IsEmptyWhenMade) {
   EXPECT_THAT(events_.raised, IsEmpty());
 }
 
-TEST_F(ImpTableTest, TakesItsLanguageFromTheConfigurationWhenMade) {
+TEST_F(ContractOfTheHost, TakesItsLanguageFromTheConfigurationWhenMade) {
   component_.registry.SetNumber(kConfiguration, "Lang", 10000);
   component_.module().location = {kHkeyCurrentUser, "before"};
   const ImpTable task = NewTask();
@@ -59,7 +59,7 @@ TEST_F(ImpTableTest, TakesItsLanguageFromTheConfigurationWhenMade) {
   EXPECT_EQ(component_.module().location.path, "before");
 }
 
-TEST_F(ImpTableTest, TakesTheLanguageAsTextTooAndFrenchWhenThereIsNone) {
+TEST_F(ContractOfTheHost, TakesTheLanguageAsTextTooAndFrenchWhenThereIsNone) {
   component_.registry.SetText(kConfiguration, "Lang", "10000");
   const ImpTable english = NewTask();
   EXPECT_EQ(component_.module().language_offset, 10000);
@@ -72,7 +72,7 @@ TEST_F(ImpTableTest, TakesTheLanguageAsTextTooAndFrenchWhenThereIsNone) {
   EXPECT_EQ(component_.module().language_offset, 0);
 }
 
-TEST_F(ImpTableTest, PutsTheLocationBackWhenItsLanguageCannotBeRead) {
+TEST_F(ContractOfTheHost, PutsTheLocationBackWhenItsLanguageCannotBeRead) {
   component_.module().location = {kHkeyCurrentUser, "before"};
   component_.registry.FailReadsFrom(1);
   EXPECT_EQ(FaultOf([this] { NewTask(); }), FaultNumber::kDeviceError);
@@ -81,7 +81,7 @@ TEST_F(ImpTableTest, PutsTheLocationBackWhenItsLanguageCannotBeRead) {
   EXPECT_EQ(component_.host.writers_made, 0);
 }
 
-TEST_F(ImpTableTest, MakesItsReportWriterWithItselfAndReleasesItToo) {
+TEST_F(ContractOfTheHost, MakesItsReportWriterWithItselfAndReleasesItToo) {
   {
     ImpTable task = NewTask();
     EXPECT_EQ(component_.host.writers_made, 1);
@@ -93,7 +93,7 @@ TEST_F(ImpTableTest, MakesItsReportWriterWithItselfAndReleasesItToo) {
   EXPECT_EQ(component_.module().report_writer, nullptr);
 }
 
-TEST_F(ImpTableTest, LeavesNothingOfItsDisplayBehind) {
+TEST_F(ContractOfTheHost, LeavesNothingOfItsDisplayBehind) {
   class Display : public HostDisplay {
    public:
     HostForm* wForm() override { return nullptr; }
@@ -114,7 +114,7 @@ TEST_F(ImpTableTest, LeavesNothingOfItsDisplayBehind) {
   EXPECT_EQ(component_.module().run.display, nullptr);
 }
 
-TEST_F(ImpTableTest, KeepsWhatItsSettersAreGiven) {
+TEST_F(ContractOfTheHost, KeepsWhatItsSettersAreGiven) {
   ImpTable task = NewTask();
   task.SetName("T2");
   task.SetRegistryRoot(kHkeyCurrentUser);
@@ -132,7 +132,7 @@ TEST_F(ImpTableTest, KeepsWhatItsSettersAreGiven) {
   EXPECT_EQ(task.GetWorkingMode(), -7);
 }
 
-TEST_F(ImpTableTest, DoesNotMoveTheSharedLocationWithItsSetters) {
+TEST_F(ContractOfTheHost, DoesNotMoveTheSharedLocationWithItsSetters) {
   ImpTable task = NewTask();
   task.InitializeProperties("T1", "S1", 0);
   task.SetRegistryRoot(kHkeyCurrentUser);
@@ -141,7 +141,7 @@ TEST_F(ImpTableTest, DoesNotMoveTheSharedLocationWithItsSetters) {
   EXPECT_EQ(component_.module().location.path, "");
 }
 
-TEST_F(ImpTableTest, FindsItsTaskByScenarioOnceInitialized) {
+TEST_F(ContractOfTheHost, FindsItsTaskByScenarioOnceInitialized) {
   ImpTable task = NewTask();
   task.InitializeProperties("T1", "S1", 10000);
   EXPECT_EQ(task.Regst, static_cast<std::int32_t>(0x80000002));
@@ -153,7 +153,7 @@ TEST_F(ImpTableTest, FindsItsTaskByScenarioOnceInitialized) {
   EXPECT_EQ(component_.module().MessageText(Message::kSelection), "Selection");
 }
 
-TEST_F(ImpTableTest, SharesTheLanguageWithEveryOtherTask) {
+TEST_F(ContractOfTheHost, SharesTheLanguageWithEveryOtherTask) {
   ImpTable one = NewTask();
   ImpTable two = NewTask();
   one.SetLanguage(10000);
@@ -164,7 +164,7 @@ TEST_F(ImpTableTest, SharesTheLanguageWithEveryOtherTask) {
   EXPECT_EQ(component_.module().language_offset, 1036) << "stored unchanged";
 }
 
-TEST_F(ImpTableTest, RefusesAWorkingModeThatDoesNotFit16Bits) {
+TEST_F(ContractOfTheHost, RefusesAWorkingModeThatDoesNotFit16Bits) {
   ImpTable task = NewTask();
   for (const std::int32_t mode : {32767, -32768}) {
     task.SetWorkingMode(mode);
@@ -178,7 +178,7 @@ TEST_F(ImpTableTest, RefusesAWorkingModeThatDoesNotFit16Bits) {
   }
 }
 
-TEST_F(ImpTableTest, IsAWrapperOfType50ThatTriggersNothing) {
+TEST_F(ContractOfTheHost, IsAWrapperOfType50ThatTriggersNothing) {
   const ImpTable task = NewTask();
   for (int call = 0; call < 2; ++call) {
     EXPECT_EQ(task.GetWrapperType(), 50);
@@ -186,7 +186,7 @@ TEST_F(ImpTableTest, IsAWrapperOfType50ThatTriggersNothing) {
   }
 }
 
-TEST_F(ImpTableTest, SupportsEveryActionButTheTriggers) {
+TEST_F(ContractOfTheHost, SupportsEveryActionButTheTriggers) {
   const ImpTable task = NewTask();
   EXPECT_FALSE(task.IsActionSupported(1));
   for (const std::int32_t type : {2, 3, 0, -1, 4, 100, std::numeric_limits<std::int32_t>::min()}) {
@@ -194,14 +194,14 @@ TEST_F(ImpTableTest, SupportsEveryActionButTheTriggers) {
   }
 }
 
-TEST_F(ImpTableTest, GivesTheHostsTitleAndSummaryOfItsType) {
+TEST_F(ContractOfTheHost, GivesTheHostsTitleAndSummaryOfItsType) {
   const ImpTable task = NewTask();
   EXPECT_EQ(task.GetTitle(), "Title");
   EXPECT_EQ(task.GetSummary(), "Summary");
   EXPECT_THAT(component_.host.asked_types, ElementsAre(50, 50));
 }
 
-TEST_F(ImpTableTest, HandsTheHostsFailureOnAndStaysUsable) {
+TEST_F(ContractOfTheHost, HandsTheHostsFailureOnAndStaysUsable) {
   class Host : public TestHost {
    public:
     std::string TitleOfWrapperType(std::int16_t type) override {
@@ -218,16 +218,16 @@ TEST_F(ImpTableTest, HandsTheHostsFailureOnAndStaysUsable) {
   EXPECT_EQ(task.GetTitle(), "Title");
 }
 
-TEST_F(ImpTableTest, NamesItsPicture) { EXPECT_EQ(NewTask().GetPicture(), "WRAPPER_PICTURE"); }
+TEST_F(ContractOfTheHost, NamesItsPicture) { EXPECT_EQ(NewTask().GetPicture(), "WRAPPER_PICTURE"); }
 
-TEST_F(ImpTableTest, HasNoStatusBeforeTheLocationIsSet) {
+TEST_F(ContractOfTheHost, HasNoStatusBeforeTheLocationIsSet) {
   component_.registry.SetNumber(ImportRun::kTaskPath, "Etat", 2);
   ImpTable task = NewTask();
   task.InitializeProperties("T1", "S1", 0);
   EXPECT_EQ(task.GetStatus(), 0);
 }
 
-TEST_F(ImpTableTest, ReadsItsStatusAtTheSharedLocation) {
+TEST_F(ContractOfTheHost, ReadsItsStatusAtTheSharedLocation) {
   ImpTable task = NewTask();
   task.InitializeProperties("T1", "S1", 0);
   component_.module().location = {kHkeyLocalMachine, "Tasks"};
@@ -242,7 +242,7 @@ TEST_F(ImpTableTest, ReadsItsStatusAtTheSharedLocation) {
   EXPECT_EQ(task.GetStatus(), 2);
 }
 
-TEST_F(ImpTableTest, OnlyRaisesCompleteForARunOf0) {
+TEST_F(ContractOfTheHost, OnlyRaisesCompleteForARunOf0) {
   component_.module().location = {kHkeyCurrentUser, "before"};
   ImpTable task = NewTask();
   task.InitializeProperties("T1", "S1", 0);
@@ -257,7 +257,7 @@ TEST_F(ImpTableTest, OnlyRaisesCompleteForARunOf0) {
   EXPECT_EQ(component_.module().location.path, "before");
 }
 
-TEST_F(ImpTableTest, RunsWithoutAnybodyListening) {
+TEST_F(ContractOfTheHost, RunsWithoutAnybodyListening) {
   ImpTable task(component_.state, nullptr);
   task.InitializeProperties("T1", "S1", 0);
   task.Run(0);

@@ -22,9 +22,9 @@ class NoForm : public HostDisplay {
 };
 
 /// Report lines and events in one list, as they come.
-class RunDriverTest : public testing::Test {
+class DrivenRun : public testing::Test {
  protected:
-  RunDriverTest() {
+  DrivenRun() {
     run_.events.listener = [this](const std::string& event) {
       run_.component.host.lines.push_back({'<' + event + '>', ReportKind::kSuccess, nullptr});
     };
@@ -46,7 +46,7 @@ class RunDriverTest : public testing::Test {
   ImportRun run_;
 };
 
-TEST_F(RunDriverTest, ReportsItsStepsAndRaisesItsEventsInOrder) {
+TEST_F(DrivenRun, ReportsItsStepsAndRaisesItsEventsInOrder) {
   run_.Source({"1;a"});
   EXPECT_EQ(run_.Go(), 2);
   EXPECT_THAT(
@@ -59,7 +59,7 @@ TEST_F(RunDriverTest, ReportsItsStepsAndRaisesItsEventsInOrder) {
   EXPECT_THAT(Kinds(), ElementsAre(0, 2, 2, 2, 2, 2, 2, 0));
 }
 
-TEST_F(RunDriverTest, ReportsInEnglishOnceTheLanguageIsEnglish) {
+TEST_F(DrivenRun, ReportsInEnglishOnceTheLanguageIsEnglish) {
   run_.component.registry.SetNumber("SOFTWARE\\KALDO\\Configuration", "Lang", 10000);
   run_.Set("Mode", 2);
   run_.Source({"1;a"});
@@ -71,7 +71,7 @@ TEST_F(RunDriverTest, ReportsInEnglishOnceTheLanguageIsEnglish) {
                           " --------------- PROCEDURE TERMINATED ---------------", "<Complete>"));
 }
 
-TEST_F(RunDriverTest, GivesTheReportWriterScenarioPathAndTheHostsObject) {
+TEST_F(DrivenRun, GivesTheReportWriterScenarioPathAndTheHostsObject) {
   NoForm button;
   run_.Source({"1;a"});
   run_.events.listener = nullptr;
@@ -87,7 +87,7 @@ TEST_F(RunDriverTest, GivesTheReportWriterScenarioPathAndTheHostsObject) {
               AllOf(Not(IsEmpty()), Each(Field(&WrittenLine::display, &button))));
 }
 
-TEST_F(RunDriverTest, WritesItsStatusBeforeAndAfterAndTheTimeOfItsEnd) {
+TEST_F(DrivenRun, WritesItsStatusBeforeAndAfterAndTheTimeOfItsEnd) {
   run_.component.clock.Set({2009, 3, 7, 4, 5, 6});
   run_.Source({"1;a"});
   run_.Go();
@@ -99,7 +99,7 @@ TEST_F(RunDriverTest, WritesItsStatusBeforeAndAfterAndTheTimeOfItsEnd) {
   EXPECT_EQ(run_.component.registry.Text(task, "ExecuteLe"), "07/03/09 04:05:06");
 }
 
-TEST_F(RunDriverTest, IsSeenAsRunningUntilItsLastEvent) {
+TEST_F(DrivenRun, IsSeenAsRunningUntilItsLastEvent) {
   run_.Source({"1;a"});
   std::vector<std::int32_t> states;
   run_.events.listener = [&](const std::string&) {
@@ -109,14 +109,14 @@ TEST_F(RunDriverTest, IsSeenAsRunningUntilItsLastEvent) {
   EXPECT_THAT(states, ElementsAre(1, 1, 1, 2));
 }
 
-TEST_F(RunDriverTest, SetsTheSharedLocationToTheTasks) {
+TEST_F(DrivenRun, SetsTheSharedLocationToTheTasks) {
   run_.component.module().location = {kHkeyCurrentUser, "elsewhere"};
   run_.Go();
   EXPECT_EQ(run_.component.module().location.root, kHkeyLocalMachine);
   EXPECT_EQ(run_.component.module().location.path, "SOFTWARE\\KALDO\\Scenarios\\S1\\Taches");
 }
 
-TEST_F(RunDriverTest, ConnectsWithTheTasksSourceUserAndPassword) {
+TEST_F(DrivenRun, ConnectsWithTheTasksSourceUserAndPassword) {
   run_.Set("Login", "@U");
   run_.Set("Password", "secret");
   run_.component.host.variables["U"] = "scott";
@@ -125,7 +125,7 @@ TEST_F(RunDriverTest, ConnectsWithTheTasksSourceUserAndPassword) {
               ElementsAre(testing::HasSubstr("UID=scott;PWD=secret")));
 }
 
-TEST_F(RunDriverTest, DisconnectsOnceBetweenItsStatusAndComplete) {
+TEST_F(DrivenRun, DisconnectsOnceBetweenItsStatusAndComplete) {
   run_.Source({"1;a"});
   std::vector<std::size_t> disconnects;
   run_.events.listener = [&](const std::string&) {
@@ -140,7 +140,7 @@ TEST_F(RunDriverTest, DisconnectsOnceBetweenItsStatusAndComplete) {
   EXPECT_EQ(status_while_closing, 2);
 }
 
-TEST_F(RunDriverTest, DispatchesByTheMode) {
+TEST_F(DrivenRun, DispatchesByTheMode) {
   struct Mode {
     std::int32_t number;
     std::string_view banner;
@@ -159,7 +159,7 @@ TEST_F(RunDriverTest, DispatchesByTheMode) {
   }
 }
 
-TEST_F(RunDriverTest, ImportsNothingInTheModesWithoutARoutine) {
+TEST_F(DrivenRun, ImportsNothingInTheModesWithoutARoutine) {
   for (const std::int32_t mode : {2, 5, -1, 32767}) {
     run_.Source({"1;a"});
     run_.Set("Mode", mode);
@@ -174,7 +174,7 @@ TEST_F(RunDriverTest, ImportsNothingInTheModesWithoutARoutine) {
   }
 }
 
-TEST_F(RunDriverTest, StillDeletesFirstInAModeWithoutARoutine) {
+TEST_F(DrivenRun, StillDeletesFirstInAModeWithoutARoutine) {
   run_.Source({"1;a"});
   run_.Set("Mode", 2);
   run_.Set("Suppression", 1);
@@ -182,7 +182,7 @@ TEST_F(RunDriverTest, StillDeletesFirstInAModeWithoutARoutine) {
   EXPECT_THAT(run_.source.LogLines("SQLExecDirect"), testing::SizeIs(1));
 }
 
-TEST_F(RunDriverTest, ForgetsTheErrorsOfTheRunBefore) {
+TEST_F(DrivenRun, ForgetsTheErrorsOfTheRunBefore) {
   run_.Source({"1;a;b;c"});
   EXPECT_EQ(run_.Go(), 3);
   run_.Source({"1;a"});
@@ -191,7 +191,7 @@ TEST_F(RunDriverTest, ForgetsTheErrorsOfTheRunBefore) {
   EXPECT_EQ(run_.progress().read, 1);
 }
 
-TEST_F(RunDriverTest, ForgetsAFailedDeletionOfTheRunBefore) {
+TEST_F(DrivenRun, ForgetsAFailedDeletionOfTheRunBefore) {
   run_.Source({"1;a"});
   run_.Set("Suppression", 1);
   run_.Driver("on SQLExecDirect return -1 diag 42000 1 \"refused\"");
@@ -202,14 +202,14 @@ TEST_F(RunDriverTest, ForgetsAFailedDeletionOfTheRunBefore) {
   EXPECT_THAT(run_.Executed(), testing::SizeIs(1));
 }
 
-TEST_F(RunDriverTest, TakesTheUsersDecimalSeparatorBeforeTheImport) {
+TEST_F(DrivenRun, TakesTheUsersDecimalSeparatorBeforeTheImport) {
   run_.component.registry.SetText({kHkeyCurrentUser, "Control Panel\\International"}, "sDecimal",
                                   ",");
   run_.Go();
   EXPECT_EQ(run_.component.module().run.decimal_separator, ",");
 }
 
-TEST_F(RunDriverTest, LetsTwoTasksOfAComponentRunOneAfterTheOther) {
+TEST_F(DrivenRun, LetsTwoTasksOfAComponentRunOneAfterTheOther) {
   run_.Source({"1;a"});
   run_.component.registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S2\\Taches\\Other", "Base Cible",
                                   "there is no such source");

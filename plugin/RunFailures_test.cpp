@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "tests/kit/ImportRun.h"
+#include "tests/kit/SideFileLines.h"
 #include "tests/kit/TextFile.h"
 
 namespace imptable {
@@ -230,7 +231,7 @@ TEST_F(RunFailures, ATraceThatCanNeitherBeDeletedNorEmptiedAfterASuccessIsDeclar
 
 TEST_F(RunFailures, AChainThatCannotBeDeclaredOverAfterASuccessIsDeletedAllTheSame) {
   run_.Set("RecTrace", 1);
-  run_.folder.Write("CLIENTS.TRC", TextFile({"00000001000000000"}));
+  run_.folder.Write("CLIENTS.TRC", TextFile({Done(1)}));
   // The first flush is that of the chain's state at the start.
   run_.component.files.Fail(FileOperation::kFlush, 2, std::make_error_code(std::errc::io_error));
   EXPECT_EQ(run_.Go(kResumeRequest), 2);

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/kit/ImportRun.h"
+#include "tests/kit/SideFileLines.h"
 #include "tests/kit/TextFile.h"
 
 namespace imptable {
@@ -37,7 +38,7 @@ TEST_F(RunInterruption, FinishesTheLineAndClosesEverything) {
   EXPECT_EQ(run_.Go(), 3);
   EXPECT_TRUE(state().interrupted);
   EXPECT_THAT(run_.Executed(), ElementsAre("1='1' 2='a'", "1='2' 2='b'"));
-  EXPECT_THAT(run_.Trace(), ElementsAre("00000001000000000", "00000002000000000"));
+  EXPECT_THAT(run_.Trace(), ElementsAre(Done(1), Done(2)));
   EXPECT_THAT(run_.Report(), Contains(" ----->    2 enreg(s) lu(s)"));
   ExpectEnd();
 }
@@ -71,11 +72,11 @@ TEST_F(RunInterruption, ThatComesAfterTheLastLineChangesNothing) {
 }
 
 TEST_F(RunInterruption, LeavesTheFilesOfAResumeThatHasNotBegun) {
-  run_.folder.Write("CLIENTS.TRC", TextFile({"00000001000000000", "00000002100000001"}));
+  run_.folder.Write("CLIENTS.TRC", TextFile({Done(1), Rejected(2)}));
   run_.folder.Write("CLIENTS.LER", TextFile({"2;b"}));
   StopAtYield(1);
   EXPECT_EQ(run_.Go(2), 3);
-  EXPECT_THAT(run_.Trace(), ElementsAre("00000001000000000", "00000002100000001"));
+  EXPECT_THAT(run_.Trace(), ElementsAre(Done(1), Rejected(2)));
   EXPECT_THAT(run_.Rejected(), ElementsAre("2;b"));
 }
 

@@ -26,38 +26,38 @@ class Display : public HostDisplay, public HostForm {
   std::int32_t tag = 0;
 };
 
-class StandaloneHostLibraryTest : public testing::Test, protected HostedComponent {
+class OwnHostLibrary : public testing::Test, protected HostedComponent {
  protected:
   std::optional<std::string> Variable(const std::string& name) {
     return library.Variable({}, "S1", name);
   }
 };
 
-TEST_F(StandaloneHostLibraryTest, FindsVariablesWithoutRegardToCase) {
+TEST_F(OwnHostLibrary, FindsVariablesWithoutRegardToCase) {
   registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "Répertoire", "/data");
   EXPECT_EQ(Variable("RÉPERTOIRE"), "/data");
 }
 
-TEST_F(StandaloneHostLibraryTest, FindsAConstantWhenNoVariableHasTheName) {
+TEST_F(OwnHostLibrary, FindsAConstantWhenNoVariableHasTheName) {
   registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Constantes", "A", "constant");
   EXPECT_EQ(Variable("a"), "constant");
   registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "A", "variable");
   EXPECT_EQ(Variable("a"), "variable");
 }
 
-TEST_F(StandaloneHostLibraryTest, KnowsNoVariableOfAnotherScenarioOrType) {
+TEST_F(OwnHostLibrary, KnowsNoVariableOfAnotherScenarioOrType) {
   registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S2\\Variables", "A", "other");
   registry.SetNumber("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "N", 1);
   EXPECT_EQ(Variable("A"), std::nullopt);
   EXPECT_EQ(Variable("N"), std::nullopt);
 }
 
-TEST_F(StandaloneHostLibraryTest, TellsAnEmptyVariableFromNone) {
+TEST_F(OwnHostLibrary, TellsAnEmptyVariableFromNone) {
   registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "A", "");
   EXPECT_EQ(Variable("A"), "");
 }
 
-TEST_F(StandaloneHostLibraryTest, ListsTextsOfAKindInTheOrderOfTheRegistry) {
+TEST_F(OwnHostLibrary, ListsTextsOfAKindInTheOrderOfTheRegistry) {
   registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "Zone", "");
   registry.SetNumber("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "Number", 1);
   registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "", "unnamed");
@@ -70,7 +70,7 @@ TEST_F(StandaloneHostLibraryTest, ListsTextsOfAKindInTheOrderOfTheRegistry) {
   EXPECT_THAT(library.ReferenceNames({}, "S3", ReferenceKind::kVariable), IsEmpty());
 }
 
-TEST_F(StandaloneHostLibraryTest, SaysThatTheRegistryOfTheNamesCantBeRead) {
+TEST_F(OwnHostLibrary, SaysThatTheRegistryOfTheNamesCantBeRead) {
   registry.SetText("SOFTWARE\\KALDO\\Scenarios\\S1\\Variables", "A", "1");
   registry.FailReadsFrom(1);
   try {
@@ -81,7 +81,7 @@ TEST_F(StandaloneHostLibraryTest, SaysThatTheRegistryOfTheNamesCantBeRead) {
   }
 }
 
-TEST_F(StandaloneHostLibraryTest, WritesReportLinesInTheComponentsForm) {
+TEST_F(OwnHostLibrary, WritesReportLinesInTheComponentsForm) {
   const auto writer = library.CreateReportWriter();
   Display display;
   writer->SetScenario("S1");
@@ -95,7 +95,7 @@ TEST_F(StandaloneHostLibraryTest, WritesReportLinesInTheComponentsForm) {
   EXPECT_FALSE(library.report_failed());
 }
 
-TEST_F(StandaloneHostLibraryTest, RemembersThatALineDidNotReachTheReport) {
+TEST_F(OwnHostLibrary, RemembersThatALineDidNotReachTheReport) {
   const auto writer = library.CreateReportWriter();
   writer->SetReportPath(folder.path() + "report.txt");
   files.Fail(FileOperation::kWrite, 1, std::make_error_code(std::errc::no_space_on_device));
@@ -105,7 +105,7 @@ TEST_F(StandaloneHostLibraryTest, RemembersThatALineDidNotReachTheReport) {
   EXPECT_EQ(folder.Read("report.txt"), "04/03/2026 05:06:07 kept\r\n");
 }
 
-TEST_F(StandaloneHostLibraryTest, PresentsTheTaskTypeInTheLanguageOfTheMoment) {
+TEST_F(OwnHostLibrary, PresentsTheTaskTypeInTheLanguageOfTheMoment) {
   EXPECT_EQ(library.TitleOfWrapperType(kWrapperType), "Importation Table");
   EXPECT_EQ(library.SummaryOfWrapperType(kWrapperType),
             "Importe un fichier texte dans une table d'une source de données ODBC.");
@@ -115,7 +115,7 @@ TEST_F(StandaloneHostLibraryTest, PresentsTheTaskTypeInTheLanguageOfTheMoment) {
             "Imports a text file into a table of an ODBC data source.");
 }
 
-TEST_F(StandaloneHostLibraryTest, PresentsNoOtherTaskType) {
+TEST_F(OwnHostLibrary, PresentsNoOtherTaskType) {
   EXPECT_THROW(library.TitleOfWrapperType(51), RuntimeFault);
   EXPECT_THROW(library.SummaryOfWrapperType(51), RuntimeFault);
 }
@@ -123,7 +123,7 @@ TEST_F(StandaloneHostLibraryTest, PresentsNoOtherTaskType) {
 const KeyPath kTasks{kHkeyLocalMachine, "SOFTWARE\\KALDO\\Scenarios\\S1\\Taches"};
 constexpr std::string_view kActions = "SOFTWARE\\KALDO\\Scenarios\\S1\\Taches\\T1\\Action\\";
 
-class ActionEntries : public StandaloneHostLibraryTest {
+class ActionEntries : public OwnHostLibrary {
  protected:
   void Set(std::string_view key, std::string_view name, std::string_view text) {
     registry.SetText(std::string(kActions) + std::string(key), name, text);
@@ -187,7 +187,7 @@ TEST_F(ActionEntries, HaveAnEmptyAssignmentWhereNoneIsStored) {
                   AllOf(Field(&ActionEntry::variable, ""), Field(&ActionEntry::value, "7"))));
 }
 
-TEST_F(StandaloneHostLibraryTest, ServesNothingBeforeItHasAComponent) {
+TEST_F(OwnHostLibrary, ServesNothingBeforeItHasAComponent) {
   StandaloneHostLibrary unattached;
   EXPECT_THROW(unattached.CreateReportWriter(), RuntimeFault);
   EXPECT_THROW(unattached.Variable({}, "S1", "A"), RuntimeFault);

@@ -76,14 +76,6 @@ void ColumnLayoutEditor::Load(std::string_view task, bool fixed_width, std::int3
   Show();
 }
 
-std::int32_t ColumnLayoutEditor::WriteColonnes(std::string_view task) {
-  return imptable::WriteColonnes(module_, task, fixed_width_, file_columns_);
-}
-
-std::int32_t ColumnLayoutEditor::WriteChamps(std::string_view task, bool assigned) {
-  return imptable::WriteChamps(module_, task, assigned, fields_.rows());
-}
-
 bool ColumnLayoutEditor::CheckColumns(bool assigned) {
   selected_file_row_.reset();
   selected_field_row_.reset();

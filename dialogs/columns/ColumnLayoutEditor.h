@@ -43,21 +43,16 @@ class ColumnLayoutEditor {
   /// @param column_count  rows of Grid1; one below 0 counts as 0.
   void Load(std::string_view task, bool fixed_width, std::int32_t column_count);
 
-  /// Deletes "Colonnes" and writes it again, one value a row of Grid1.
-  /// @return the first system result code that isn't 0; what follows is written all the same.
-  /// @throws RuntimeFault  when the registry can't be read.
-  std::int32_t WriteColonnes(std::string_view task);
-
-  /// Deletes "Champs" and, when the columns are assigned (chkParam), writes it again, one value a
-  /// row of Grid2; else as WriteColonnes.
-  std::int32_t WriteChamps(std::string_view task, bool assigned);
-
   /// The checks before saving, over Grid1 and, when the columns are assigned, Grid2.
   /// @return false after the box of the first failure; its row is then the selected one.
   bool CheckColumns(bool assigned);
 
   std::int32_t column_count() const { return static_cast<std::int32_t>(file_columns_.size()); }
   bool fixed_width() const { return fixed_width_; }
+
+  /// The rows of Grid1 and Grid2.
+  const std::vector<FileColumn>& file_columns() const { return file_columns_; }
+  const std::vector<FieldRow>& field_rows() const { return fields_.rows(); }
 
   /// The spinner on textNbCol: one column more or less, never below 0.
   void StepColumnCount(bool up);

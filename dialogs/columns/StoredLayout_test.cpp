@@ -129,7 +129,7 @@ TEST(StoredLayout, WritesOneValueForEachColumnOfTheFile) {
   layout.editor.ChooseType(1, TypeEntry::kDecimal);
   layout.answer = "jj/mm/aaaa hh:mm:ss";
   layout.editor.ChooseType(2, TypeEntry::kDate);
-  EXPECT_EQ(layout.editor.WriteColonnes("T1"), kRegistryOk);
+  EXPECT_EQ(layout.WriteColonnes(), kRegistryOk);
   EXPECT_THAT(layout.Stored("Colonnes"), ElementsAre("1=1", "2=5,2", "3=7,7,,/,1"));
 }
 
@@ -138,8 +138,8 @@ TEST(StoredLayout, LeavesNoRowOfAnEarlierLayoutBehind) {
   layout.Load({"1", "1", "1"}, false, {"A,B,Null", "C,D,Null"});
   layout.component.registry.SetText("Taches\\T1\\Colonnes", "99", "1");
   layout.editor.StepColumnCount(false);
-  layout.editor.WriteColonnes("T1");
-  layout.editor.WriteChamps("T1", true);
+  layout.WriteColonnes();
+  layout.WriteChamps(true);
   EXPECT_THAT(layout.Stored("Colonnes"), ElementsAre("1=1", "2=1"));
   EXPECT_THAT(layout.Stored("Champs"), ElementsAre("1=A,B,Null", "2=C,D,Null"));
 }
@@ -149,18 +149,18 @@ TEST(StoredLayout, WritesChampsOnlyWhenTheColumnsAreAssigned) {
   layout.Load({"1", "1"}, false, {"CODE,INTEGER,(Col)2", "NOM,CHAR(3),FR"});
   layout.editor.ClickOrigin(0);
   layout.editor.PickOrigin(3);
-  EXPECT_EQ(layout.editor.WriteChamps("T1", true), kRegistryOk);
+  EXPECT_EQ(layout.WriteChamps(true), kRegistryOk);
   EXPECT_THAT(layout.Stored("Champs"), ElementsAre("1=CODE,INTEGER,(Col)1", "2=NOM,CHAR(3),FR"));
-  EXPECT_EQ(layout.editor.WriteChamps("T1", false), kRegistryOk);
+  EXPECT_EQ(layout.WriteChamps(false), kRegistryOk);
   EXPECT_THAT(layout.Stored("Champs"), ElementsAre("<none>"));
-  EXPECT_EQ(layout.editor.WriteChamps("T1", false), kRegistryOk);
+  EXPECT_EQ(layout.WriteChamps(false), kRegistryOk);
 }
 
 TEST(StoredLayout, WritesNoKeyForNoRow) {
   EditedLayout layout;
   layout.editor.Open();
-  EXPECT_EQ(layout.editor.WriteColonnes("T1"), kRegistryOk);
-  EXPECT_EQ(layout.editor.WriteChamps("T1", true), kRegistryOk);
+  EXPECT_EQ(layout.WriteColonnes(), kRegistryOk);
+  EXPECT_EQ(layout.WriteChamps(true), kRegistryOk);
   EXPECT_THAT(layout.Stored("Colonnes"), ElementsAre("<none>"));
   EXPECT_THAT(layout.Stored("Champs"), ElementsAre("<none>"));
 }
@@ -169,8 +169,8 @@ TEST(StoredLayout, GivesTheCodeOfAWriteThatFails) {
   EditedLayout layout;
   layout.Load({"1", "1"}, false, {"CODE,INTEGER,Null"});
   layout.component.registry.FailWrites(kRegistryAccessDenied);
-  EXPECT_EQ(layout.editor.WriteColonnes("T1"), kRegistryAccessDenied);
-  EXPECT_EQ(layout.editor.WriteChamps("T1", true), kRegistryAccessDenied);
+  EXPECT_EQ(layout.WriteColonnes(), kRegistryAccessDenied);
+  EXPECT_EQ(layout.WriteChamps(true), kRegistryAccessDenied);
 }
 
 TEST(StoredLayout, DropsTheLengthsWithTheFixedWidth) {
@@ -179,7 +179,7 @@ TEST(StoredLayout, DropsTheLengthsWithTheFixedWidth) {
   layout.editor.ChooseFileFormat(false, layout.fields);
   EXPECT_THAT(layout.Grid1(), ElementsAre("1|Texte||", "2|Single|2|", "3|Date|jj/mm/aaaa|"));
   EXPECT_THAT(layout.shown.file_header, ElementsAre("N°", "Type", "Décimales"));
-  layout.editor.WriteColonnes("T1");
+  layout.WriteColonnes();
   EXPECT_THAT(layout.Stored("Colonnes"), ElementsAre("1=1", "2=5,2", "3=7,7,,/,"));
   layout.editor.ChooseFileFormat(true, layout.fields);
   EXPECT_THAT(layout.shown.file_header, ElementsAre("N°", "Type", "Décimales", "Longueur"));
@@ -190,8 +190,8 @@ TEST(StoredLayout, IsWhatARunReads) {
   EditedLayout layout;
   layout.Load({"1,,12", "5,2,10", "7,14,,,0"}, true,
               {"CODE,INTEGER,(Col)3", "NOM,CHAR(3),Ignore", "PRIX,DECIMAL(10,2),@PRIX"});
-  layout.editor.WriteColonnes("T1");
-  layout.editor.WriteChamps("T1", true);
+  layout.WriteColonnes();
+  layout.WriteChamps(true);
   layout.component.registry.SetNumber("Taches\\T1", "NombreColonnes", 3);
   const ImportSettings settings = LoadSettings(layout.module(), "T1");
   const auto columns = ParseColumnLayout(settings.column_layout, true);

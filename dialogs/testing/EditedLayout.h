@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "dialogs/columns/ColumnLayoutEditor.h"
+#include "dialogs/columns/StoredLayout.h"
 #include "dialogs/testing/RecordingBoxes.h"
 #include "platform/testing/TemporaryFolder.h"
 #include "tests/kit/TestComponent.h"
@@ -53,6 +54,14 @@ class EditedLayout : private ColumnLayoutView, private ColumnDialogs {
     Store("Colonnes", columns);
     Store("Champs", assignments);
     editor.Load("T1", fixed_width, static_cast<std::int32_t>(columns.size()));
+  }
+
+  /// Write the grids into the task's subkeys.
+  std::int32_t WriteColonnes() {
+    return imptable::WriteColonnes(module(), "T1", editor.fixed_width(), editor.file_columns());
+  }
+  std::int32_t WriteChamps(bool assigned) {
+    return imptable::WriteChamps(module(), "T1", assigned, editor.field_rows());
   }
 
   void Source(std::string_view bytes) { folder.Write("clients.csv", bytes); }

@@ -3,10 +3,13 @@
 
 #include <wx/iconbndl.h>
 
+#include <string>
+
 namespace imptable {
 
-/// The icon of all dialogs, in the sizes that there are.
-wxIconBundle DialogIcon();
+/// An icon of the dialogs, in the sizes that there are.
+/// @param resource  its name; a system without resources has one icon for all names.
+wxIconBundle DialogIcon(const std::string& resource = "ICO1");
 
 }  // namespace imptable
 

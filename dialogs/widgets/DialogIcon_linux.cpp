@@ -5,6 +5,6 @@
 
 namespace imptable {
 
-wxIconBundle DialogIcon() { return wxIconBundle(wxIcon(icon_xpm)); }
+wxIconBundle DialogIcon(const std::string& /*resource*/) { return wxIconBundle(wxIcon(icon_xpm)); }
 
 }  // namespace imptable

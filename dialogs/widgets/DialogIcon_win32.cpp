@@ -4,6 +4,8 @@
 
 namespace imptable {
 
-wxIconBundle DialogIcon() { return wxIconBundle("WRAPPER_ICON", wxGetInstance()); }
+wxIconBundle DialogIcon(const std::string& resource) {
+  return wxIconBundle(wxString::FromAscii(resource.c_str()), wxGetInstance());
+}
 
 }  // namespace imptable

@@ -85,7 +85,7 @@ bool ImpTableWindow::ShowCaptions(const ImpTableState& state) {
   const wxString caption = text_.Shown(state.caption);
   if (GetTitle() != caption) {
     SetTitle(caption);
-    SetIcons(DialogIcon());
+    SetIcons(DialogIcon(state.icon));
   }
   bool changed = false;
   for (const auto& [name, text] : state.captions) {

@@ -12,7 +12,7 @@
 namespace imptable {
 namespace {
 
-class ReplacedFileTest : public testing::Test {
+class FileReplacement : public testing::Test {
  protected:
   std::string Path(const std::string& name) const { return folder.path() + name; }
 
@@ -29,13 +29,13 @@ class ReplacedFileTest : public testing::Test {
   TemporaryFolder folder{testing::TempDir()};
 };
 
-TEST_F(ReplacedFileTest, IsForItsOwnerOnlyWhenItIsNew) {
+TEST_F(FileReplacement, IsForItsOwnerOnlyWhenItIsNew) {
   EXPECT_FALSE(ReplaceFile(Path("a"), "bytes"));
   EXPECT_EQ(folder.Read("a"), "bytes");
   EXPECT_EQ(ModeOf("a"), 0600U);
 }
 
-TEST_F(ReplacedFileTest, TakesThePlaceAndTheModeOfTheOldOne) {
+TEST_F(FileReplacement, TakesThePlaceAndTheModeOfTheOldOne) {
   folder.Write("a", "the old and longer content");
   chmod(Path("a").c_str(), 0640);
   EXPECT_FALSE(ReplaceFile(Path("a"), "new"));
@@ -44,7 +44,7 @@ TEST_F(ReplacedFileTest, TakesThePlaceAndTheModeOfTheOldOne) {
   EXPECT_EQ(FilesInFolder(), 1);
 }
 
-TEST_F(ReplacedFileTest, LeavesALinkALink) {
+TEST_F(FileReplacement, LeavesALinkALink) {
   folder.Write("a", "old");
   std::filesystem::create_symlink("a", Path("link"));
   EXPECT_FALSE(ReplaceFile(Path("link"), "new"));
@@ -52,14 +52,14 @@ TEST_F(ReplacedFileTest, LeavesALinkALink) {
   EXPECT_TRUE(std::filesystem::is_symlink(Path("link")));
 }
 
-TEST_F(ReplacedFileTest, IsAnErrorThatLeavesNothingBehind) {
+TEST_F(FileReplacement, IsAnErrorThatLeavesNothingBehind) {
   EXPECT_EQ(ReplaceFile(Path("no/such/folder"), "x"), std::errc::no_such_file_or_directory);
   std::filesystem::create_directory(Path("dir"));
   EXPECT_EQ(ReplaceFile(Path("dir"), "x"), std::errc::is_a_directory);
   EXPECT_EQ(FilesInFolder(), 1);
 }
 
-TEST_F(ReplacedFileTest, WritesDirectlyToWhatIsNoPlainFile) {
+TEST_F(FileReplacement, WritesDirectlyToWhatIsNoPlainFile) {
   EXPECT_FALSE(ReplaceFile("/dev/null", "x"));
   EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
   EXPECT_EQ(ReplaceFile("/dev/full", "x"), std::errc::no_space_on_device);

@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/run/LiveDisplay.h"
 #include "plugin/ImpTable.h"
 #include "plugin/testing/HostedComponent.h"
 
@@ -69,8 +68,23 @@ TEST_F(HostedTask, TellsItsActionsFromItsOwnKeys) {
             "[OnDec]#Continuez le scénario : Faux\r\n    Auto-Relance : Vrai#[ExeIf]#@V = 7#");
 }
 
+/// The display object of a host, with a form that keeps what is put on it.
+class FormDisplay : public HostDisplay, private HostForm {
+ public:
+  HostForm* wForm() override { return this; }
+
+ private:
+  std::string Text() const override { return text_; }
+  void SetText(const std::string& text) override { text_ = text; }
+  std::int32_t Tag() const override { return tag_; }
+  void SetTag(std::int32_t tag) override { tag_ = tag; }
+
+  std::string text_;
+  std::int32_t tag_ = 0;
+};
+
 TEST_F(HostedTask, ReportsARunThroughTheHostsWriterOntoItsDisplay) {
-  LiveDisplay display;
+  FormDisplay display;
   registry.SetText(kTask, "Base Cible", "there is no such source");
   registry.SetText(kTask, "Alias", "NONE");
   registry.SetText(kTask, "Dir", folder.path());

@@ -8,7 +8,6 @@
 #include "host/Commands.h"
 #include "host/HostError.h"
 #include "host/registry/RegistryFailureText.h"
-#include "host/run/LiveDisplay.h"
 #include "host/run/LiveLine.h"
 #include "host/run/OwnCommand.h"
 #include "host/run/ReportPath.h"
@@ -171,7 +170,6 @@ ExitCode RunTask(HostContext& context, const CommandRequest& request, const Host
     line.emplace(console.out, *console.terminal, context.texts);
   }
   RunWatcher watcher(run.progress, line ? &*line : nullptr);
-  LiveDisplay display;
   const SteadyClock::time_point start = SteadyClock::now();
   StopSignals signals(run.stop_requested, [&context] { context.state.odbc.cancellation.Cancel(); });
   if (console.ends_the_process) signals.LastUntilTheEnd();
@@ -179,7 +177,6 @@ ExitCode RunTask(HostContext& context, const CommandRequest& request, const Host
     ImpTable task(context.state, &watcher);
     task.InitializeProperties(request.task, request.scenario, OffsetOf(context.texts.language()));
     task.SetReportFilePath(report);
-    task.Bouton = &display;
     task.Run(begin.resumes ? kResumeRequest : kFreshRequest);
   }
   line.reset();

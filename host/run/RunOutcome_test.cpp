@@ -28,7 +28,7 @@ RunOutcome Ended(RunEnding ending, RunStatus status) {
   return outcome;
 }
 
-class RunOutcomeTest : public testing::Test {
+class OutcomeOfARun : public testing::Test {
  protected:
   std::string Line(const RunOutcome& outcome) {
     return ErrorLineOf(outcome, english).value_or("<none>");
@@ -75,13 +75,13 @@ TEST(RunEnding, FollowsFromTheStateOfTheRun) {
   }
 }
 
-TEST_F(RunOutcomeTest, IsCode0WithoutAWordWhenTheRunSucceeded) {
+TEST_F(OutcomeOfARun, IsCode0WithoutAWordWhenTheRunSucceeded) {
   const RunOutcome outcome = Ended(RunEnding::kDone, RunStatus::kSucceeded);
   EXPECT_EQ(ExitCodeOf(outcome), ExitCode::kDone);
   EXPECT_EQ(ErrorLineOf(outcome, english), std::nullopt);
 }
 
-TEST_F(RunOutcomeTest, IsCode1AndNamesTheFilesOfRejectedLines) {
+TEST_F(OutcomeOfARun, IsCode1AndNamesTheFilesOfRejectedLines) {
   RunOutcome outcome = Ended(RunEnding::kRejected, RunStatus::kFailed);
   outcome.progress.lines[Outcome::kRejected] = 1200;
   EXPECT_EQ(ExitCodeOf(outcome), ExitCode::kRunFailed);
@@ -94,7 +94,7 @@ TEST_F(RunOutcomeTest, IsCode1AndNamesTheFilesOfRejectedLines) {
             "then run again with --resume");
 }
 
-TEST_F(RunOutcomeTest, IsCode1AndNamesTheCauseOfEveryOtherFailure) {
+TEST_F(OutcomeOfARun, IsCode1AndNamesTheCauseOfEveryOtherFailure) {
   RunOutcome outcome = Ended(RunEnding::kNoConnection, RunStatus::kFailed);
   EXPECT_EQ(ExitCodeOf(outcome), ExitCode::kRunFailed);
   EXPECT_THAT(Line(outcome), HasSubstr("no connection to \"db\", see the report T.txt"));
@@ -117,7 +117,7 @@ TEST_F(RunOutcomeTest, IsCode1AndNamesTheCauseOfEveryOtherFailure) {
   EXPECT_EQ(ExitCodeOf(outcome), ExitCode::kRunFailed);
 }
 
-TEST_F(RunOutcomeTest, IsCode4WhenAnUnexpectedFaultStoppedTheRun) {
+TEST_F(OutcomeOfARun, IsCode4WhenAnUnexpectedFaultStoppedTheRun) {
   RunOutcome outcome = Ended(RunEnding::kStopped, RunStatus::kRunning);
   outcome.fault = "Type mismatch : \"Erreurs\" = \"x\"";
   EXPECT_EQ(ExitCodeOf(outcome), ExitCode::kFault);
@@ -126,7 +126,7 @@ TEST_F(RunOutcomeTest, IsCode4WhenAnUnexpectedFaultStoppedTheRun) {
   EXPECT_THAT(Line(outcome), HasSubstr("unknown cause"));
 }
 
-TEST_F(RunOutcomeTest, IsCode4WhenTheReportOrTheRegistryCouldNotBeWritten) {
+TEST_F(OutcomeOfARun, IsCode4WhenTheReportOrTheRegistryCouldNotBeWritten) {
   RunOutcome outcome = Ended(RunEnding::kDone, RunStatus::kSucceeded);
   outcome.registry_failure = "registry file \"r.db\" is locked";
   EXPECT_EQ(ExitCodeOf(outcome), ExitCode::kFault);
@@ -137,7 +137,7 @@ TEST_F(RunOutcomeTest, IsCode4WhenTheReportOrTheRegistryCouldNotBeWritten) {
   EXPECT_EQ(ExitCodeOf(outcome), ExitCode::kFault);
 }
 
-TEST_F(RunOutcomeTest, NamesItsCauseEvenWhenTheReportAndTheRegistryLackIt) {
+TEST_F(OutcomeOfARun, NamesItsCauseEvenWhenTheReportAndTheRegistryLackIt) {
   RunOutcome outcome = Ended(RunEnding::kModeFaulted, RunStatus::kFailed);
   outcome.fault = "Too many open files : /data/CLIENTS.TRC";
   outcome.report_failed = true;
@@ -150,7 +150,7 @@ TEST_F(RunOutcomeTest, NamesItsCauseEvenWhenTheReportAndTheRegistryLackIt) {
             "be used");
 }
 
-TEST_F(RunOutcomeTest, IsCode130WhenInterruptedAndSaysHowToGoOn) {
+TEST_F(OutcomeOfARun, IsCode130WhenInterruptedAndSaysHowToGoOn) {
   RunOutcome outcome = Ended(RunEnding::kInterrupted, RunStatus::kFailed);
   outcome.progress.read = 7;
   outcome.next = NextStep::kResume;
@@ -168,7 +168,7 @@ TEST_F(RunOutcomeTest, IsCode130WhenInterruptedAndSaysHowToGoOn) {
   EXPECT_THAT(Line(outcome), HasSubstr("take the lines that are done out of the data file"));
 }
 
-TEST_F(RunOutcomeTest, IsSummedUpInAFewLines) {
+TEST_F(OutcomeOfARun, IsSummedUpInAFewLines) {
   RunOutcome outcome = Ended(RunEnding::kRejected, RunStatus::kFailed);
   outcome.progress = {.read = 1000,
                       .lines = {{Outcome::kInserted, 700},
@@ -195,14 +195,14 @@ TEST_F(RunOutcomeTest, IsSummedUpInAFewLines) {
               HasSubstr("Terminé avec des lignes rejetées : scénario S, tâche T\n"));
 }
 
-TEST_F(RunOutcomeTest, IsSummedUpWithoutSideFilesWhenNothingWasRejected) {
+TEST_F(OutcomeOfARun, IsSummedUpWithoutSideFilesWhenNothingWasRejected) {
   const std::string summary =
       SummaryText(Ended(RunEnding::kDone, RunStatus::kSucceeded), english, false);
   EXPECT_THAT(summary, HasSubstr("Done: scenario S, task T\n"));
   EXPECT_THAT(summary, Not(HasSubstr("CLIENTS")));
 }
 
-TEST_F(RunOutcomeTest, IsColouredOnlyWhenAsked) {
+TEST_F(OutcomeOfARun, IsColouredOnlyWhenAsked) {
   RunOutcome outcome = Ended(RunEnding::kDone, RunStatus::kSucceeded);
   EXPECT_THAT(SummaryText(outcome, english, true), HasSubstr("\x1b[32mDone\x1b[0m: "));
   EXPECT_THAT(SummaryText(outcome, english, false), Not(HasSubstr("\x1b")));
@@ -210,7 +210,7 @@ TEST_F(RunOutcomeTest, IsColouredOnlyWhenAsked) {
   EXPECT_THAT(SummaryText(outcome, english, true), HasSubstr("\x1b[31m"));
 }
 
-TEST_F(RunOutcomeTest, IsOneJsonObjectForScripts) {
+TEST_F(OutcomeOfARun, IsOneJsonObjectForScripts) {
   RunOutcome outcome = Ended(RunEnding::kRejected, RunStatus::kFailed);
   outcome.progress = {.read = 7,
                       .lines = {{Outcome::kInserted, 1},
@@ -245,7 +245,7 @@ TEST_F(RunOutcomeTest, IsOneJsonObjectForScripts) {
       "\"files\":[\"/data/CLIENTS.ERR\",\"/data/CLIENTS.LER\"],\"warnings\":[\"\\\"Mode\\\"\"]}\n");
 }
 
-TEST_F(RunOutcomeTest, IsJsonInUtf8WhateverTheNamesHold) {
+TEST_F(OutcomeOfARun, IsJsonInUtf8WhateverTheNamesHold) {
   RunOutcome outcome = Ended(RunEnding::kDone, RunStatus::kSucceeded);
   outcome.task = "\xE9t\xE9\"\n";
   const Latin1TextEncoding latin1;
@@ -254,7 +254,7 @@ TEST_F(RunOutcomeTest, IsJsonInUtf8WhateverTheNamesHold) {
   EXPECT_NO_THROW(SummaryJson(outcome, english));
 }
 
-TEST_F(RunOutcomeTest, SaysInJsonHowItEndedAndWhatItFound) {
+TEST_F(OutcomeOfARun, SaysInJsonHowItEndedAndWhatItFound) {
   struct Case {
     RunEnding ending;
     const char* ended_by;

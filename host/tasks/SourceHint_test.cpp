@@ -7,7 +7,7 @@
 namespace imptable {
 namespace {
 
-class SourceHintTest : public testing::Test {
+class HintAtSources : public testing::Test {
  protected:
   std::string Hint(const std::vector<std::string>& drivers, Language language) {
     return SourceHint(drivers, "~/.odbc.ini", "/home/me", HostTexts(language, encoding));
@@ -15,7 +15,7 @@ class SourceHintTest : public testing::Test {
   Utf8TextEncoding encoding;
 };
 
-TEST_F(SourceHintTest, ShowsAWholeSectionForADriverOfThisMachine) {
+TEST_F(HintAtSources, ShowsAWholeSectionForADriverOfThisMachine) {
   EXPECT_EQ(Hint({"PostgreSQL Unicode", "SQLite", "SQLite3"}, Language::kEnglish),
             "no ODBC data source: add a section to ~/.odbc.ini, for example\n\n"
             "[Shop]\nDriver=SQLite3\nDatabase=/home/me/shop.db\n\n"
@@ -26,7 +26,7 @@ TEST_F(SourceHintTest, ShowsAWholeSectionForADriverOfThisMachine) {
             "Les pilotes installés sont : SQLite3");
 }
 
-TEST_F(SourceHintTest, NamesTheServerAsEachMakeOfDriverWantsIt) {
+TEST_F(HintAtSources, NamesTheServerAsEachMakeOfDriverWantsIt) {
   EXPECT_NE(Hint({"PostgreSQL ANSI", "PostgreSQL Unicode"}, Language::kEnglish)
                 .find("[Shop]\nDriver=PostgreSQL Unicode\nServername=localhost\nDatabase=shop\n"),
             std::string::npos);
@@ -38,7 +38,7 @@ TEST_F(SourceHintTest, NamesTheServerAsEachMakeOfDriverWantsIt) {
             std::string::npos);
 }
 
-TEST_F(SourceHintTest, NamesDriversToInstallWhenThereIsNone) {
+TEST_F(HintAtSources, NamesDriversToInstallWhenThereIsNone) {
   EXPECT_EQ(Hint({}, Language::kEnglish),
             "no ODBC driver and no data source: install a driver (libsqliteodbc, odbc-postgresql, "
             "odbc-mariadb), then run \"imptable sources\" again");

@@ -8,6 +8,7 @@
 #include "core/RuntimeFault.h"
 #include "platform/testing/FaultyFileSystem.h"
 #include "platform/testing/TemporaryFolder.h"
+#include "tests/kit/SideFileLines.h"
 #include "tests/kit/TextFile.h"
 
 namespace imptable {
@@ -16,7 +17,7 @@ namespace {
 using testing::ElementsAre;
 
 /// A chain's file and the two of the last run, in a folder of their own.
-class ResumeChainTest : public testing::Test {
+class ChainOfResumes : public testing::Test {
  protected:
   void Write(const std::string& name, const std::vector<std::string>& lines) {
     folder_.Write(name, TextFile(lines));
@@ -45,49 +46,48 @@ class ResumeChainTest : public testing::Test {
   FaultyFileSystem files_{*system_};
 };
 
-TEST_F(ResumeChainTest, BeginsWithTheLastRunsTraceAndRejectedLines) {
-  Write("T.TRC", {"00000001000000000", "00000002100000001", "00000003000000001",
-                  "00000005100000002", "00000006000000002"});
+TEST_F(ChainOfResumes, BeginsWithTheLastRunsTraceAndRejectedLines) {
+  Write("T.TRC", {Done(1), Rejected(2), Done(3, 1), Rejected(5, 2), Done(6, 2)});
   Write("T.LER", {"2;mended", "5;x"});
   Advance();
   EXPECT_THAT(Chain(), ElementsAre("000000021", "2;mended", "000000051", "5;x", "END 00000006"));
 }
 
-TEST_F(ResumeChainTest, KeepsWhatAnInterruptedResumeHadNotReached) {
+TEST_F(ChainOfResumes, KeepsWhatAnInterruptedResumeHadNotReached) {
   Write("T.REP", {"REP 1", "000000021", "2;b", "000000051", "5;e", "000000070", "END 00000009"});
-  Write("T.TRC", {"00000002000000000", "00000005100000001"});
+  Write("T.TRC", {Done(2), Rejected(5)});
   Write("T.LER", {"5;mended"});
   Advance();
   EXPECT_THAT(Chain(), ElementsAre("000000051", "5;mended", "000000070", "END 00000009"));
 }
 
-TEST_F(ResumeChainTest, GoesOnBeyondItsRejectedLines) {
+TEST_F(ChainOfResumes, GoesOnBeyondItsRejectedLines) {
   Write("T.REP", {"REP 1", "000000021", "2;b", "END 00000003"});
-  Write("T.TRC", {"00000002000000000", "00000004000000000", "00000005100000001"});
+  Write("T.TRC", {Done(2), Done(4), Rejected(5)});
   Write("T.LER", {"5;e"});
   Advance();
   EXPECT_THAT(Chain(), ElementsAre("000000051", "5;e", "END 00000005"));
 }
 
-TEST_F(ResumeChainTest, TakesALineThatLeftNoTraceForDoneOnceALaterOneIsTraced) {
+TEST_F(ChainOfResumes, TakesALineThatLeftNoTraceForDoneOnceALaterOneIsTraced) {
   Write("T.REP", {"REP 1", "000000021", "", "000000051", "", "END 00000006"});
-  Write("T.TRC", {"00000004000000000"});
+  Write("T.TRC", {Done(4)});
   Advance();
   EXPECT_THAT(Chain(), ElementsAre("000000051", "", "END 00000006"));
 }
 
-TEST_F(ResumeChainTest, FallsBackToItsOwnCopyAndThenToTheSource) {
+TEST_F(ChainOfResumes, FallsBackToItsOwnCopyAndThenToTheSource) {
   Write("T.REP", {"REP 1", "000000021", "2;b", "000000030", "END 00000003"});
-  Write("T.TRC", {"00000002100000001", "00000003100000002", "00000004100000003"});
+  Write("T.TRC", {Rejected(2), Rejected(3, 2), Rejected(4, 3)});
   Write("T.LER", {});
   Advance();
   EXPECT_THAT(Chain(), ElementsAre("000000021", "2;b", "000000030", "000000040", "END 00000004"));
 }
 
-TEST_F(ResumeChainTest, IsTheSameWhenItIsAdvancedTwice) {
+TEST_F(ChainOfResumes, IsTheSameWhenItIsAdvancedTwice) {
   Write("T.REP",
         {"REP 1", "000000021", "2;b", "000000051", "5;e", "000000081", "8;h", "END 00000009"});
-  Write("T.TRC", {"00000002100000001", "00000005000000001"});
+  Write("T.TRC", {Rejected(2), Done(5, 1)});
   Write("T.LER", {"2;again"});
   Advance();
   const std::vector<std::string> once = Chain();
@@ -103,13 +103,13 @@ TEST_F(ResumeChainTest, IsTheSameWhenItIsAdvancedTwice) {
   EXPECT_EQ(Chain(), once);
 }
 
-TEST_F(ResumeChainTest, NeedsNeitherFileOfTheLastRun) {
+TEST_F(ChainOfResumes, NeedsNeitherFileOfTheLastRun) {
   Write("T.REP", {"REP 1", "000000021", "2;b", "END 00000003"});
   Advance();
   EXPECT_THAT(Chain(), ElementsAre("000000021", "2;b", "END 00000003"));
 }
 
-TEST_F(ResumeChainTest, BeginsWithTheIdentityOfItsFirstRun) {
+TEST_F(ChainOfResumes, BeginsWithTheIdentityOfItsFirstRun) {
   Write("T.REP", {"VOID"});
   chain().Begin({.scenario = "S", .task = "T"});
   EXPECT_EQ(chain().state(), ResumeChain::State::kFirst);
@@ -118,14 +118,14 @@ TEST_F(ResumeChainTest, BeginsWithTheIdentityOfItsFirstRun) {
   EXPECT_FALSE(folder_.Exists("T.REP.NEW"));
 }
 
-TEST_F(ResumeChainTest, TakesTheIdentityOfTheRunThatAdvancesIt) {
+TEST_F(ChainOfResumes, TakesTheIdentityOfTheRunThatAdvancesIt) {
   chain().Begin({.scenario = "before"});
   Advance();
   EXPECT_EQ(chain().state(), ResumeChain::State::kOpen);
   EXPECT_EQ(chain().Open()->identity(), (ChainIdentity{.scenario = "S"}));
 }
 
-TEST_F(ResumeChainTest, IsMarkedWhenItsRunEndsAndNoLongerOnceItIsAdvanced) {
+TEST_F(ChainOfResumes, IsMarkedWhenItsRunEndsAndNoLongerOnceItIsAdvanced) {
   const auto mark = [this] {
     const auto lines = chain().Open();
     while (lines->Next()) {
@@ -142,14 +142,14 @@ TEST_F(ResumeChainTest, IsMarkedWhenItsRunEndsAndNoLongerOnceItIsAdvanced) {
   EXPECT_EQ(mark(), ChainMark::kStopped);
 }
 
-TEST_F(ResumeChainTest, IsNotMarkedWhereThatCannotBeWritten) {
+TEST_F(ChainOfResumes, IsNotMarkedWhereThatCannotBeWritten) {
   chain().Begin({.scenario = "S"});
   files_.Fail(FileOperation::kWrite, 1, std::make_error_code(std::errc::no_space_on_device));
   chain().Mark(ChainMark::kRead);
   EXPECT_THAT(Chain(), ElementsAre("FIRST"));
 }
 
-TEST_F(ResumeChainTest, LeavesAFileAloneThatIsNone) {
+TEST_F(ChainOfResumes, LeavesAFileAloneThatIsNone) {
   Write("T.REP", {"1;a", "2;b"});
   EXPECT_EQ(chain().state(), ResumeChain::State::kForeign);
   try {
@@ -166,7 +166,7 @@ TEST_F(ResumeChainTest, LeavesAFileAloneThatIsNone) {
   }
 }
 
-TEST_F(ResumeChainTest, KnowsHowFarItCameAndWhetherItIsOver) {
+TEST_F(ChainOfResumes, KnowsHowFarItCameAndWhetherItIsOver) {
   EXPECT_EQ(chain().state(), ResumeChain::State::kNone);
   EXPECT_EQ(chain().Reached(), 0);
   Write("T.REP", {"REP 1", "000000020", "END 00000003"});
@@ -182,7 +182,7 @@ TEST_F(ResumeChainTest, KnowsHowFarItCameAndWhetherItIsOver) {
   EXPECT_EQ(chain().state(), ResumeChain::State::kVoid) << "what can't be deleted needs it";
 }
 
-TEST_F(ResumeChainTest, IsOverEvenWhereTheDiskHasNoRoomForAnotherFile) {
+TEST_F(ChainOfResumes, IsOverEvenWhereTheDiskHasNoRoomForAnotherFile) {
   for (const FileOperation operation :
        {FileOperation::kOpenWrite, FileOperation::kWrite, FileOperation::kFlush}) {
     Write("T.REP", {"REP 1", "000000020", "END 00000003"});
@@ -198,7 +198,7 @@ TEST_F(ResumeChainTest, IsOverEvenWhereTheDiskHasNoRoomForAnotherFile) {
   EXPECT_EQ(chain().state(), ResumeChain::State::kOpen);
 }
 
-TEST_F(ResumeChainTest, TakesADamagedFileForOpenSoThatItIsNotLost) {
+TEST_F(ChainOfResumes, TakesADamagedFileForOpenSoThatItIsNotLost) {
   Write("T.REP", {"REP 1"});
   EXPECT_EQ(chain().state(), ResumeChain::State::kOpen);
   EXPECT_THROW(chain().Reached(), RuntimeFault);
@@ -207,7 +207,7 @@ TEST_F(ResumeChainTest, TakesADamagedFileForOpenSoThatItIsNotLost) {
   EXPECT_FALSE(folder_.Exists("T.REP.NEW"));
 }
 
-TEST_F(ResumeChainTest, IsNotTakenForNoneWhenItCannotBeOpened) {
+TEST_F(ChainOfResumes, IsNotTakenForNoneWhenItCannotBeOpened) {
   Write("T.REP", {"REP 1", "000000020", "END 00000003"});
   const std::error_code broken = std::make_error_code(std::errc::io_error);
   files_.Fail(FileOperation::kOpenRead, 1, broken);
@@ -216,8 +216,8 @@ TEST_F(ResumeChainTest, IsNotTakenForNoneWhenItCannotBeOpened) {
   EXPECT_THROW(chain().Reached(), RuntimeFault);
 }
 
-TEST_F(ResumeChainTest, IsReplacedByAFileThatIsCompleteAndOnTheDisk) {
-  Write("T.TRC", {"00000001000000000"});
+TEST_F(ChainOfResumes, IsReplacedByAFileThatIsCompleteAndOnTheDisk) {
+  Write("T.TRC", {Done(1)});
   Advance();
   std::vector<std::string> log;
   for (std::string line : files_.log()) {
@@ -232,11 +232,11 @@ TEST_F(ResumeChainTest, IsReplacedByAFileThatIsCompleteAndOnTheDisk) {
                                    "close T.REP.NEW", "replace T.REP by T.REP.NEW"));
 }
 
-class FailingChain : public ResumeChainTest, public testing::WithParamInterface<FileOperation> {};
+class FailingChain : public ChainOfResumes, public testing::WithParamInterface<FileOperation> {};
 
 TEST_P(FailingChain, StaysAsItWas) {
   Write("T.REP", {"REP 1", "000000021", "2;b", "END 00000003"});
-  Write("T.TRC", {"00000002000000000"});
+  Write("T.TRC", {Done(2)});
   const std::vector<std::string> before = Chain();
   files_.Fail(GetParam(), 1, std::make_error_code(std::errc::no_space_on_device));
   try {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/kit/KeyedRun.h"
+#include "tests/kit/SideFileLines.h"
 
 namespace imptable {
 namespace {
@@ -50,9 +51,9 @@ TEST(DeleteMode, TracesALineThatRemovedNothingAsDone) {
     run.Driver("on SQLExecute 2 return -1 diag 23000 7 \"no\"");
     run.Source({"1;a", "2;b"});
     EXPECT_EQ(run.Go(), 3);
-    EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002100000001")) << answer;
+    EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Rejected(2))) << answer;
     EXPECT_THAT(run.Rejected(), ElementsAre("2;b"));
-    EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  2 ( 7) no"));
+    EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(2, 7, "no")));
     EXPECT_EQ(run.ModeLines(),
               (KeyedRun::KindLines{
                   Information(kBanner), Information(" ----->    2 enreg(s) lu(s)"),
@@ -190,8 +191,8 @@ TEST(DeleteMode, ReportsARowCountThatFailsAndCountsTheLineNowhere) {
   run.Source({"1;a", "2;b"});
   EXPECT_EQ(run.Go(), 3);
   EXPECT_EQ(run.ModeLines(), Deleted(2, "1"));
-  EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 7) no count"));
-  EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002000000000"));
+  EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(1, 7, "no count")));
+  EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Done(2)));
 }
 
 TEST(DeleteMode, CountsADuplicateThatTheTaskIgnoresAsAnError) {
@@ -204,8 +205,7 @@ TEST(DeleteMode, CountsADuplicateThatTheTaskIgnoresAsAnError) {
   EXPECT_EQ(run.Go(), 3);
   EXPECT_EQ(run.progress().lines[Outcome::kRejected], 2);
   EXPECT_THAT(run.Rejected(), ElementsAre("1;a", "2;b"));
-  EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 2627) duplicate",
-                                        "15/11/2006 08:30:00.... Ligne  2 ( 7) no"));
+  EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(1, 2627, "duplicate"), ErrorLine(2, 7, "no")));
 }
 
 TEST(DeleteMode, EndsAtTheFirstCallThatFails) {
@@ -221,7 +221,7 @@ TEST(DeleteMode, EndsAtTheFirstCallThatFails) {
     run.Source({"1;a"});
     EXPECT_EQ(run.Go(), 3);
     EXPECT_EQ(run.ModeLines(), Deleted(0, "0"));
-    EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  0 ( 7) no"));
+    EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(0, 7, "no")));
     EXPECT_THAT(run.Executed(), IsEmpty());
     EXPECT_FALSE(run.component.module().run.pre_deletion_failed);
   }

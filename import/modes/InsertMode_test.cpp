@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/kit/ImportRun.h"
+#include "tests/kit/SideFileLines.h"
 
 namespace imptable {
 namespace {
@@ -26,10 +27,9 @@ TEST(InsertMode, TracesEachLineAndKeepsTheRejectedOnes) {
   run.Driver("on SQLExecute 2 return -1 diag 23000 19 \"refused\"");
   EXPECT_EQ(run.Go(), 3);
   EXPECT_THAT(run.Executed(), ElementsAre("1='1' 2='a'", "1='2' 2='b'", "1='3' 2='c'"));
-  EXPECT_THAT(run.Trace(),
-              ElementsAre("00000001000000000", "00000002100000001", "00000003000000001"));
+  EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Rejected(2), Done(3, 1)));
   EXPECT_THAT(run.Rejected(), ElementsAre("2;b"));
-  EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  2 ( 19) refused"));
+  EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(2, 19, "refused")));
   EXPECT_THAT(
       run.Report(),
       ElementsAre(" --> Exécution du Traitement : T1",
@@ -76,8 +76,7 @@ TEST(InsertMode, CountsAParseFailureAndExecutesNothingForIt) {
   run.Source({"1;a", "2;b;c", "3;d"});
   EXPECT_EQ(run.Go(), 3);
   EXPECT_THAT(run.Executed(), ElementsAre("1='1' 2='a'", "1='3' 2='d'"));
-  EXPECT_THAT(run.Trace(),
-              ElementsAre("00000001000000000", "00000002100000001", "00000003000000001"));
+  EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Rejected(2), Done(3, 1)));
   EXPECT_THAT(run.Rejected(), ElementsAre("2;b;c"));
   EXPECT_THAT(
       run.Errors(),
@@ -103,8 +102,7 @@ TEST(InsertMode, WritesALineForEachDiagnosticButCountsTheLineOnce) {
   run.Source({"1;a"});
   run.Driver("on SQLExecute 1 return -1 diag 23000 19 \"first\" diag 01000 -20 \"second\"");
   EXPECT_EQ(run.Go(), 3);
-  EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 19) first",
-                                        "15/11/2006 08:30:00.... Ligne  1 (-20) second"));
+  EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(1, 19, "first"), ErrorLine(1, "(-20) second")));
   EXPECT_EQ(run.progress().lines[Outcome::kRejected], 1);
 }
 
@@ -130,7 +128,7 @@ TEST(InsertMode, TracesNothingForAnEmptyLineOfASingleColumn) {
   run.Driver("on SQLExecute 2 return -1 diag 23000 19 \"refused\"");
   run.Source({"a", "", "b", ""});
   EXPECT_EQ(run.Go(), 3);
-  EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000003100000001"));
+  EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Rejected(3)));
   EXPECT_THAT(run.Rejected(), ElementsAre("b"));
   EXPECT_EQ(run.progress().read, 4);
 }
@@ -179,7 +177,7 @@ TEST(InsertMode, NamesSideFilesAfterTheCompleteName) {
   run.folder.Write("data.txt", "1;a;b\n");
   EXPECT_EQ(run.Go(), 3);
   EXPECT_THAT(run.Lines("data.txt.LER"), ElementsAre("1;a;b"));
-  EXPECT_THAT(run.Lines("data.txt.TRC"), ElementsAre("00000001100000001"));
+  EXPECT_THAT(run.Lines("data.txt.TRC"), ElementsAre(Rejected(1)));
   EXPECT_THAT(run.Lines("data.txt.ERR"), SizeIs(1));
 }
 
@@ -206,7 +204,7 @@ TEST(InsertMode, FinishesTheLineAndClosesEverythingWhenAskedToStop) {
   }
   EXPECT_EQ(run.Go(), 3);
   EXPECT_THAT(run.Executed(), ElementsAre("1='1' 2='a'", "1='2' 2='b'"));
-  EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002000000000"));
+  EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Done(2)));
   EXPECT_TRUE(run.component.module().run.interrupted);
   EXPECT_THAT(run.Report(), Contains(" ----->    2 enreg(s) lu(s)"));
   EXPECT_THAT(run.component.files.log(), Contains("close " + run.folder.path() + "CLIENTS.TRC"));

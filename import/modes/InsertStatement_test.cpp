@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/kit/ImportRun.h"
+#include "tests/kit/SideFileLines.h"
 
 namespace imptable {
 namespace {
@@ -137,7 +138,7 @@ TEST(InsertStatement, IsNotPreparedWhenTheCatalogueFails) {
     run.Source({"1;a"});
     EXPECT_EQ(run.Go(), 3) << call;
     ExpectNothingRead(run);
-    EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  0 ( 42) no catalogue"));
+    EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(0, 42, "no catalogue")));
     EXPECT_THAT(run.source.LogLines("SQLPrepare"), IsEmpty()) << call;
   }
 }
@@ -148,7 +149,7 @@ TEST(InsertStatement, IsNotPreparedWithoutAStatement) {
   run.Source({"1;a"});
   EXPECT_EQ(run.Go(), 3);
   ExpectNothingRead(run);
-  EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  0 ( 7) no memory"));
+  EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(0, 7, "no memory")));
   EXPECT_THAT(run.source.LogLines("SQLPrepare"), IsEmpty());
 }
 
@@ -158,8 +159,7 @@ TEST(InsertStatement, IsReportedWhenTheDriverRefusesIt) {
   run.Source({"1;a"});
   EXPECT_EQ(run.Go(), 3);
   ExpectNothingRead(run);
-  EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  0 ( 170) syntax",
-                                        "15/11/2006 08:30:00.... Ligne  0 ( 171) here"));
+  EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(0, 170, "syntax"), ErrorLine(0, 171, "here")));
   EXPECT_THAT(run.source.LogLines("SQLBindParameter"), IsEmpty());
 }
 
@@ -181,7 +181,7 @@ TEST(InsertStatement, EndsTheModeAtTheFirstBindingThatIsNotAPlainSuccess) {
     run.Source({"1;a;b"});
     EXPECT_EQ(run.Go(), 3) << code;
     ExpectNothingRead(run);
-    EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  0 ( 9) no binding"));
+    EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(0, 9, "no binding")));
     EXPECT_THAT(run.source.LogLines("SQLBindParameter"), SizeIs(2)) << code;
   }
 }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/kit/KeyedRun.h"
+#include "tests/kit/SideFileLines.h"
 
 namespace imptable {
 namespace {
@@ -23,7 +24,7 @@ class KeyedFaults : public testing::TestWithParam<FaultCase> {
   std::int32_t Mode() const { return GetParam().mode; }
 
   /// The counter of the lines that did something when every row count is 1.
-  std::int64_t Done(KeyedRun& run) const {
+  std::int64_t CountedLines(KeyedRun& run) const {
     return Mode() == kByDelete ? run.progress().lines[Outcome::kDeleted]
                                : run.progress().lines[Outcome::kModified];
   }
@@ -40,8 +41,8 @@ TEST_P(KeyedFaults, AreReportedOnceAndTheModeCloses) {
   EXPECT_EQ(lines[1], Error(" -->   Erreur lors du traitement - N° 61 ,Disque plein : " +
                             run.folder.path() + "CLIENTS.TRC"));
   EXPECT_EQ(lines[2], Information(" ----->    2 enreg(s) lu(s)"));
-  EXPECT_EQ(Done(run), 1) << "a line counts once it is traced";
-  EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000"));
+  EXPECT_EQ(CountedLines(run), 1) << "a line counts once it is traced";
+  EXPECT_THAT(run.Trace(), ElementsAre(Done(1)));
   EXPECT_TRUE(run.component.module().run.error_reported);
   EXPECT_EQ(run.OpenStatements(), 0);
   EXPECT_EQ(run.component.session().listener, &run.component.state.report);
@@ -115,13 +116,11 @@ TEST_P(KeyedFaults, RejectEveryLineAfterTheServerHasGone) {
   run.Driver("on SQLDisconnect return -1 diag 08S01 2006 \"server has gone away\"");
   run.Source({"1;a", "2;b", "3;c"});
   EXPECT_EQ(run.Go(), 3);
-  EXPECT_EQ(Done(run), 1);
+  EXPECT_EQ(CountedLines(run), 1);
   EXPECT_THAT(run.Rejected(), ElementsAre("2;b", "3;c"));
-  EXPECT_THAT(run.Trace(),
-              ElementsAre("00000001000000000", "00000002100000001", "00000003100000002"));
-  EXPECT_THAT(run.Errors(),
-              ElementsAre("15/11/2006 08:30:00.... Ligne  2 ( 2006) server has gone away",
-                          "15/11/2006 08:30:00.... Ligne  3 ( 2006) server has gone away"));
+  EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Rejected(2), Rejected(3, 2)));
+  EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(2, 2006, "server has gone away"),
+                                        ErrorLine(3, 2006, "server has gone away")));
   EXPECT_EQ(run.OpenStatements(), 0);
 }
 
@@ -130,10 +129,9 @@ TEST_P(KeyedFaults, WriteALineForEachDiagnosticButCountTheLineOnce) {
   run.Driver("on SQLExecute 1 return -1 diag 23000 19 \"first\" diag 01000 -20 \"second\"");
   run.Source({"1;a", "2;b"});
   EXPECT_EQ(run.Go(), 3);
-  EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 19) first",
-                                        "15/11/2006 08:30:00.... Ligne  1 (-20) second"));
+  EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(1, 19, "first"), ErrorLine(1, "(-20) second")));
   EXPECT_EQ(run.progress().lines[Outcome::kRejected], 1);
-  EXPECT_EQ(Done(run), 1);
+  EXPECT_EQ(CountedLines(run), 1);
 }
 
 TEST_P(KeyedFaults, TakeNoDataForAFailureWithoutADiagnostic) {
@@ -158,7 +156,7 @@ TEST_P(KeyedFaults, LeaveFilesFromWhichAResumeTakesTheFailedLinesAlone) {
   EXPECT_EQ(run.Go(2), 3) << "the second execution fails again";
   EXPECT_EQ(run.progress().lines[Outcome::kSkipped], 2);
   EXPECT_EQ(run.progress().read, 5);
-  EXPECT_EQ(Done(run), 2);
+  EXPECT_EQ(CountedLines(run), 2);
   EXPECT_THAT(run.Rejected(), ElementsAre("4;mended"));
   ASSERT_THAT(run.Executed(), SizeIs(3));
   EXPECT_THAT(run.Executed()[0], HasSubstr("1='2'"));
@@ -175,8 +173,8 @@ TEST_P(KeyedFaults, FinishTheLineAndCloseWhenAskedToStop) {
   }
   EXPECT_EQ(run.Go(), 3);
   EXPECT_THAT(run.Executed(), SizeIs(2));
-  EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002000000000"));
-  EXPECT_EQ(Done(run), 2);
+  EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Done(2)));
+  EXPECT_EQ(CountedLines(run), 2);
 }
 
 TEST_P(KeyedFaults, YieldAfterEveryLine) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/kit/KeyedRun.h"
+#include "tests/kit/SideFileLines.h"
 
 namespace imptable {
 namespace {
@@ -22,7 +23,7 @@ TEST(Refusal, IsAnInsertWithInformationThatInsertedNoRow) {
   EXPECT_EQ(run.progress().lines[Outcome::kInserted], 2);
   EXPECT_EQ(run.progress().lines[Outcome::kRejected], 1);
   EXPECT_THAT(run.Rejected(), ElementsAre("2;b"));
-  EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  2 ( 1265) Data truncated"));
+  EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(2, 1265, "Data truncated")));
 }
 
 TEST(Refusal, IsNoInsertWithInformationThatInsertedARowOrDoesNotSay) {
@@ -76,7 +77,7 @@ TEST_P(KeyedRefusal, IsAnInformationWithAServersCodeWhereTheDialectSaysSo) {
   EXPECT_EQ(run.progress().lines[Outcome::kModified] + run.progress().lines[Outcome::kDeleted], 2);
   EXPECT_EQ(run.progress().lines[Outcome::kInserted], 0);
   EXPECT_THAT(run.Rejected(), ElementsAre("2;b"));
-  EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  2 ( 1265) Data truncated"));
+  EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(2, 1265, "Data truncated")));
 }
 
 TEST_P(KeyedRefusal, IsNoInformationOfTheDriversOwnAndNoneWithAChangedRow) {
@@ -110,8 +111,8 @@ TEST_P(KeyedRefusal, IsWrittenThoughTheTaskIgnoresDuplicatesOfThatCode) {
   run.Source({"1;a"});
   EXPECT_EQ(run.Go(), 3);
   EXPECT_THAT(run.Rejected(), ElementsAre("1;a"));
-  EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 2627) duplicate",
-                                        "15/11/2006 08:30:00.... Ligne  1 ( 3621) ended"));
+  EXPECT_THAT(run.Errors(),
+              ElementsAre(ErrorLine(1, 2627, "duplicate"), ErrorLine(1, 3621, "ended")));
 }
 
 INSTANTIATE_TEST_SUITE_P(Mode, KeyedRefusal,
@@ -127,7 +128,7 @@ TEST(Refusal, OfTheInsertAfterAnUpdateIsAnErrorThatNoDuplicateExcuses) {
   EXPECT_EQ(run.Go(), 3);
   EXPECT_EQ(run.progress().lines[Outcome::kInserted], 0);
   EXPECT_EQ(run.progress().lines[Outcome::kIgnored], 0);
-  EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 1265) truncated"));
+  EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(1, 1265, "truncated")));
 }
 
 }  // namespace

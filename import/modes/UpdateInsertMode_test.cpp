@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/kit/KeyedRun.h"
+#include "tests/kit/SideFileLines.h"
 
 namespace imptable {
 namespace {
@@ -83,8 +84,8 @@ TEST(UpdateInsertMode, TakesALineWhoseUpdateFailsForOneErrorWithoutAnInsert) {
   EXPECT_THAT(run.Executed(), ElementsAre("1='7' 2='a' 3='7'"));
   EXPECT_EQ(run.progress().lines[Outcome::kRejected], 1);
   EXPECT_THAT(run.Rejected(), ElementsAre("7;a"));
-  EXPECT_THAT(run.Trace(), ElementsAre("00000001100000001"));
-  EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 5) no number"));
+  EXPECT_THAT(run.Trace(), ElementsAre(Rejected(1)));
+  EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(1, 5, "no number")));
   EXPECT_EQ(run.ModeLines(),
             (KeyedRun::KindLines{
                 Information(kBanner), Information(" ----->    1 enreg(s) lu(s)"),
@@ -102,9 +103,8 @@ TEST(UpdateInsertMode, TakesALineWhoseInsertFailsForOneError) {
   EXPECT_EQ(run.progress().lines[Outcome::kRejected], 2);
   EXPECT_EQ(run.progress().lines[Outcome::kInserted], 0);
   EXPECT_THAT(run.Rejected(), ElementsAre("1;a", "2;b"));
-  EXPECT_THAT(run.Trace(), ElementsAre("00000001100000001", "00000002100000002"));
-  EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 19) refused",
-                                        "15/11/2006 08:30:00.... Ligne  2 ( 19) refused"));
+  EXPECT_THAT(run.Trace(), ElementsAre(Rejected(1), Rejected(2, 2)));
+  EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(1, 19, "refused"), ErrorLine(2, 19, "refused")));
 }
 
 TEST(UpdateInsertMode, CountsADuplicateThatTheTaskIgnoresAsAnErrorOfEitherStatement) {
@@ -120,8 +120,7 @@ TEST(UpdateInsertMode, CountsADuplicateThatTheTaskIgnoresAsAnErrorOfEitherStatem
   EXPECT_EQ(run.progress().lines[Outcome::kRejected], 3);
   EXPECT_EQ(run.progress().lines[Outcome::kIgnored], 0);
   EXPECT_THAT(run.Rejected(), ElementsAre("1;a", "2;b", "3;c"));
-  EXPECT_THAT(run.Trace(), ElementsAre("00000001100000001", "00000002100000002",
-                                       "00000003100000003", "00000004000000003"));
+  EXPECT_THAT(run.Trace(), ElementsAre(Rejected(1), Rejected(2, 2), Rejected(3, 3), Done(4, 3)));
 }
 
 TEST(UpdateInsertMode, TakesSuccessWithInformationForDoneInBothStatements) {
@@ -142,8 +141,8 @@ TEST(UpdateInsertMode, InsertsAfterReportingARowCountThatFails) {
   EXPECT_THAT(run.Executed(), SizeIs(2));
   EXPECT_EQ(run.progress().lines[Outcome::kInserted], 1);
   EXPECT_EQ(run.progress().lines[Outcome::kRejected], 0);
-  EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 7) no count"));
-  EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000"));
+  EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(1, 7, "no count")));
+  EXPECT_THAT(run.Trace(), ElementsAre(Done(1)));
 }
 
 TEST(UpdateInsertMode, TracesChangedAndInsertedLinesAsDone) {
@@ -151,8 +150,7 @@ TEST(UpdateInsertMode, TracesChangedAndInsertedLinesAsDone) {
   run.Driver("rowcount where 3 = \"2\" = 0");
   run.Source({"1;a", "2;b", "3;c;x"});
   EXPECT_EQ(run.Go(), 3);
-  EXPECT_THAT(run.Trace(),
-              ElementsAre("00000001000000000", "00000002000000000", "00000003100000001"));
+  EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Done(2), Rejected(3)));
 }
 
 TEST(UpdateInsertMode, StopsAfterTheLineThatCrossesTheLimitWhicheverStatementFails) {
@@ -217,7 +215,7 @@ TEST(UpdateInsertMode, EndsAtTheFirstCallThatFails) {
     EXPECT_EQ(run.ModeLines(),
               (KeyedRun::KindLines{Information(kBanner), Information(" ----->    0 enreg(s) lu(s)"),
                                    Information(kNothingDone)}));
-    EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  0 ( 7) no"));
+    EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(0, 7, "no")));
     EXPECT_THAT(run.Executed(), IsEmpty());
     EXPECT_EQ(run.OpenStatements(), 0);
   }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/kit/KeyedRun.h"
+#include "tests/kit/SideFileLines.h"
 
 namespace imptable {
 namespace {
@@ -90,10 +91,9 @@ TEST(UpdateMode, ReportsItsErrorsThroughTheHostOnly) {
                 Information(" ----->    2 Enregistrement(s) modifié(s)")}));
   EXPECT_THAT(OwnLines(run), IsEmpty());
   EXPECT_THAT(run.Rejected(), ElementsAre("2;b", "4;d;e"));
-  EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002100000001",
-                                       "00000003000000001", "00000004100000002"));
+  EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Rejected(2), Done(3, 1), Rejected(4, 2)));
   EXPECT_THAT(run.Errors(),
-              ElementsAre("15/11/2006 08:30:00.... Ligne  2 ( 5) no number",
+              ElementsAre(ErrorLine(2, 5, "no number"),
                           HasSubstr(".... Ligne  4 Formatage de l'enregistrement incorrect")));
 }
 
@@ -121,7 +121,7 @@ TEST(UpdateMode, TracesALineThatChangedNothingAsDone) {
     EXPECT_EQ(run.Go(), 3);
     EXPECT_EQ(run.progress().lines[Outcome::kModified], 0) << answer;
     EXPECT_EQ(run.progress().lines[Outcome::kRejected], 1);
-    EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002100000001"));
+    EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Rejected(2)));
     EXPECT_THAT(run.Rejected(), ElementsAre("2;b"));
     EXPECT_THAT(run.Report(), Contains(" ----->    0 Enregistrement(s) modifié(s)"));
   }
@@ -154,8 +154,8 @@ TEST(UpdateMode, ReportsARowCountThatFailsAndCountsTheLineNowhere) {
     EXPECT_EQ(run.Go(), 3);
     EXPECT_EQ(run.progress().lines[Outcome::kModified], 1);
     EXPECT_EQ(run.progress().lines[Outcome::kRejected], 0);
-    EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  1 ( 7) no count"));
-    EXPECT_THAT(run.Trace(), ElementsAre("00000001000000000", "00000002000000000"));
+    EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(1, 7, "no count")));
+    EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Done(2)));
     EXPECT_THAT(run.Rejected(), IsEmpty());
     EXPECT_THAT(OwnLines(run),
                 ElementsAre("  -->   Traitement OK :  1 Enregistrement(s) modifié(s)"));
@@ -173,8 +173,7 @@ TEST(UpdateMode, CountsADuplicateThatTheTaskIgnoresAsAnError) {
   EXPECT_EQ(run.progress().lines[Outcome::kRejected], 2);
   EXPECT_EQ(run.progress().lines[Outcome::kIgnored], 0);
   EXPECT_THAT(run.Rejected(), ElementsAre("1;a", "3;c"));
-  EXPECT_THAT(run.Trace(),
-              ElementsAre("00000001100000001", "00000002000000001", "00000003100000002"));
+  EXPECT_THAT(run.Trace(), ElementsAre(Rejected(1), Done(2, 1), Rejected(3, 2)));
 }
 
 TEST(UpdateMode, TakesACodeThatIsNoNumberWithoutAFault) {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/kit/KeyedRun.h"
+#include "tests/kit/SideFileLines.h"
 
 namespace imptable {
 namespace {
@@ -119,7 +120,7 @@ TEST(UpdateStatement, HasNothingToSetWhenEveryColumnIsIgnoredOrCounted) {
   run.Source({"1;a"});
   EXPECT_EQ(run.Go(), 3);
   EXPECT_THAT(run.Prepared(), ElementsAre("UPDATE CLIENT SET  WHERE NUM = ?"));
-  EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  0 ( 1064) syntax"));
+  EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(0, 1064, "syntax")));
   EXPECT_EQ(run.ModeLines(), kNothingUpdated);
   EXPECT_EQ(run.progress().read, 0);
 }
@@ -140,7 +141,7 @@ TEST(UpdateStatement, EndsTheModeAtTheFirstCallThatFails) {
     run.Source({"1;a"});
     EXPECT_EQ(run.Go(), 3);
     EXPECT_EQ(run.ModeLines(), kNothingUpdated);
-    EXPECT_THAT(run.Errors(), ElementsAre("15/11/2006 08:30:00.... Ligne  0 ( 7) no"));
+    EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(0, 7, "no")));
     EXPECT_THAT(run.Executed(), IsEmpty());
     EXPECT_FALSE(run.component.module().run.pre_deletion_failed);
   }

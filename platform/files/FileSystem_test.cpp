@@ -10,15 +10,15 @@
 namespace imptable {
 namespace {
 
-using FileSystemTest = FileSystemFixture;
+using SystemFiles = FileSystemFixture;
 
-TEST_F(FileSystemTest, ReadsAFileToItsEnd) {
+TEST_F(SystemFiles, ReadsAFileToItsEnd) {
   const std::string bytes("line 1\r\nline 2\n\0\xff", 17);
   EXPECT_EQ(Read(folder_.Write("a.txt", bytes)), bytes);
   EXPECT_EQ(Read(folder_.Write("empty.txt", "")), "");
 }
 
-TEST_F(FileSystemTest, ClearsTheErrorOfACallThatSucceeds) {
+TEST_F(SystemFiles, ClearsTheErrorOfACallThatSucceeds) {
   const std::string path = folder_.Write("a.txt", "text");
   std::error_code error = Error(std::errc::io_error);
   const auto input = files_->OpenForReading(path, error);
@@ -32,7 +32,7 @@ TEST_F(FileSystemTest, ClearsTheErrorOfACallThatSucceeds) {
   EXPECT_FALSE(error);
 }
 
-TEST_F(FileSystemTest, GoesOnFurtherInAFileWithoutReadingIt) {
+TEST_F(SystemFiles, GoesOnFurtherInAFileWithoutReadingIt) {
   std::error_code error;
   const auto input = files_->OpenForReading(folder_.Write("a.txt", "0123456789"), error);
   char buffer[20];
@@ -45,14 +45,14 @@ TEST_F(FileSystemTest, GoesOnFurtherInAFileWithoutReadingIt) {
   EXPECT_FALSE(error);
 }
 
-TEST_F(FileSystemTest, TellsWhenAFileWasLastChanged) {
+TEST_F(SystemFiles, TellsWhenAFileWasLastChanged) {
   const std::string path = folder_.Write("a.txt", "text");
   const auto now = std::chrono::system_clock::now().time_since_epoch();
   const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(now).count();
   EXPECT_NEAR(static_cast<double>(files_->Query(path)->modified), static_cast<double>(seconds), 60);
 }
 
-TEST_F(FileSystemTest, TruncatesOrAppends) {
+TEST_F(SystemFiles, TruncatesOrAppends) {
   Write(At("a.txt"), WriteMode::kAppend, "created ");
   Write(At("a.txt"), WriteMode::kAppend, "and extended");
   EXPECT_EQ(folder_.Read("a.txt"), "created and extended");
@@ -60,7 +60,7 @@ TEST_F(FileSystemTest, TruncatesOrAppends) {
   EXPECT_EQ(folder_.Read("a.txt"), "replaced");
 }
 
-TEST_F(FileSystemTest, AppendsWhereTheFileEndsWhoeverWroteIt) {
+TEST_F(SystemFiles, AppendsWhereTheFileEndsWhoeverWroteIt) {
   std::error_code error;
   const auto first = files_->OpenForWriting(At("a.txt"), WriteMode::kAppend, error);
   const auto second = files_->OpenForWriting(At("a.txt"), WriteMode::kAppend, error);
@@ -71,7 +71,7 @@ TEST_F(FileSystemTest, AppendsWhereTheFileEndsWhoeverWroteIt) {
   EXPECT_EQ(folder_.Read("a.txt"), "one two three");
 }
 
-TEST_F(FileSystemTest, LetsAFileThatIsReadBeWrittenAndRemoved) {
+TEST_F(SystemFiles, LetsAFileThatIsReadBeWrittenAndRemoved) {
   folder_.Write("a.txt", "line 1\n");
   std::error_code error;
   const auto input = files_->OpenForReading(At("a.txt"), error);
@@ -81,7 +81,7 @@ TEST_F(FileSystemTest, LetsAFileThatIsReadBeWrittenAndRemoved) {
   EXPECT_FALSE(files_->Remove(At("a.txt")));
 }
 
-TEST_F(FileSystemTest, HasWrittenWhenWriteReturns) {
+TEST_F(SystemFiles, HasWrittenWhenWriteReturns) {
   std::error_code error;
   const auto file = files_->OpenForWriting(At("a.txt"), WriteMode::kTruncate, error);
   EXPECT_FALSE(file->Write("line\n"));
@@ -91,7 +91,7 @@ TEST_F(FileSystemTest, HasWrittenWhenWriteReturns) {
   EXPECT_EQ(folder_.Read("a.txt"), "line\nnext\n");
 }
 
-TEST_F(FileSystemTest, ClosesOnce) {
+TEST_F(SystemFiles, ClosesOnce) {
   std::error_code error;
   const auto file = files_->OpenForWriting(At("a.txt"), WriteMode::kTruncate, error);
   EXPECT_FALSE(file->Close());
@@ -99,23 +99,23 @@ TEST_F(FileSystemTest, ClosesOnce) {
   EXPECT_EQ(file->Write("late"), Error(std::errc::bad_file_descriptor));
 }
 
-TEST_F(FileSystemTest, TellsThatAFileIsMissing) {
+TEST_F(SystemFiles, TellsThatAFileIsMissing) {
   EXPECT_EQ(ReadingFails(At("missing.txt")), Error(std::errc::no_such_file_or_directory));
 }
 
-TEST_F(FileSystemTest, OpensNoDirectory) {
+TEST_F(SystemFiles, OpensNoDirectory) {
   EXPECT_EQ(ReadingFails(folder_.path()), Error(std::errc::is_a_directory));
   EXPECT_EQ(WritingFails(folder_.path()), Error(std::errc::is_a_directory));
 }
 
-TEST_F(FileSystemTest, RemovesAFile) {
+TEST_F(SystemFiles, RemovesAFile) {
   folder_.Write("a.txt", "text");
   EXPECT_FALSE(files_->Remove(At("a.txt")));
   EXPECT_FALSE(folder_.Exists("a.txt"));
   EXPECT_EQ(files_->Remove(At("a.txt")), Error(std::errc::no_such_file_or_directory));
 }
 
-TEST_F(FileSystemTest, ReplacesAFileByAnother) {
+TEST_F(SystemFiles, ReplacesAFileByAnother) {
   folder_.Write("old.txt", "old");
   folder_.Write("new.txt", "new");
   EXPECT_FALSE(files_->Replace(At("new.txt"), At("old.txt")));
@@ -128,7 +128,7 @@ TEST_F(FileSystemTest, ReplacesAFileByAnother) {
   EXPECT_EQ(Read(At("absent.txt")), "new");
 }
 
-TEST_F(FileSystemTest, BringsWhatWasWrittenToTheDisk) {
+TEST_F(SystemFiles, BringsWhatWasWrittenToTheDisk) {
   std::error_code error;
   const auto file = files_->OpenForWriting(At("a.txt"), WriteMode::kTruncate, error);
   EXPECT_FALSE(file->Write("line\n"));
@@ -138,13 +138,13 @@ TEST_F(FileSystemTest, BringsWhatWasWrittenToTheDisk) {
   EXPECT_EQ(file->Flush(), Error(std::errc::bad_file_descriptor));
 }
 
-TEST_F(FileSystemTest, RemovesNoDirectory) {
+TEST_F(SystemFiles, RemovesNoDirectory) {
   std::filesystem::create_directory(At("directory"));
   EXPECT_TRUE(files_->Remove(At("directory")));
   EXPECT_TRUE(folder_.Exists("directory"));
 }
 
-TEST_F(FileSystemTest, TellsTheSizeOfAFile) {
+TEST_F(SystemFiles, TellsTheSizeOfAFile) {
   const auto file = files_->Query(folder_.Write("a.txt", "12345"));
   ASSERT_TRUE(file);
   EXPECT_EQ(file->size, 5u);
@@ -156,7 +156,7 @@ TEST_F(FileSystemTest, TellsTheSizeOfAFile) {
   EXPECT_FALSE(files_->Query(At("a.txt/b.txt")));
 }
 
-TEST_F(FileSystemTest, KnowsTheSizeOfAFileOfMoreThanFourGigabytes) {
+TEST_F(SystemFiles, KnowsTheSizeOfAFileOfMoreThanFourGigabytes) {
   folder_.Write("big.txt", "");
   std::filesystem::resize_file(At("big.txt"), 5'000'000'000);  // takes no room: it is all hole
   EXPECT_EQ(files_->Query(At("big.txt"))->size, 5'000'000'000u);

@@ -12,7 +12,7 @@ namespace {
 using namespace std::chrono_literals;
 
 /// The system's own message loop, in real time.
-class SystemMessageLoopTest : public testing::Test {
+class MessageLoopOfTheSystem : public testing::Test {
  protected:
   using Time = std::chrono::steady_clock;
 
@@ -33,7 +33,7 @@ class SystemMessageLoopTest : public testing::Test {
   std::unique_ptr<MessageLoop> loop_ = SystemMessageLoop();
 };
 
-TEST_F(SystemMessageLoopTest, FollowsRealTime) {
+TEST_F(MessageLoopOfTheSystem, FollowsRealTime) {
   int ticks = 0;
   const auto start = Time::now();
   const auto timer = Count(60ms, ticks);
@@ -43,7 +43,7 @@ TEST_F(SystemMessageLoopTest, FollowsRealTime) {
   YieldUntil([&] { return ticks > 1; });
 }
 
-TEST_F(SystemMessageLoopTest, TicksWithinYieldOnly) {
+TEST_F(MessageLoopOfTheSystem, TicksWithinYieldOnly) {
   int ticks = 0;
   const auto timer = Count(500ms, ticks);
   std::this_thread::sleep_for(1200ms);
@@ -52,7 +52,7 @@ TEST_F(SystemMessageLoopTest, TicksWithinYieldOnly) {
   EXPECT_EQ(ticks, 1) << "those that were missed count as one";
 }
 
-TEST_F(SystemMessageLoopTest, StopsTheTicksOfATimerThatIsDestroyed) {
+TEST_F(MessageLoopOfTheSystem, StopsTheTicksOfATimerThatIsDestroyed) {
   int kept_ticks = 0;
   int ended_ticks = 0;
   auto ended = Count(20ms, ended_ticks);
@@ -63,7 +63,7 @@ TEST_F(SystemMessageLoopTest, StopsTheTicksOfATimerThatIsDestroyed) {
   EXPECT_EQ(ended_ticks, 0);
 }
 
-TEST_F(SystemMessageLoopTest, LetsATickEndItsOwnTimer) {
+TEST_F(MessageLoopOfTheSystem, LetsATickEndItsOwnTimer) {
   int ticks = 0;
   int other_ticks = 0;
   const auto other = Count(20ms, other_ticks);
@@ -78,7 +78,7 @@ TEST_F(SystemMessageLoopTest, LetsATickEndItsOwnTimer) {
   EXPECT_EQ(ticks, 1);
 }
 
-TEST_F(SystemMessageLoopTest, LetsATickStartAnotherTimer) {
+TEST_F(MessageLoopOfTheSystem, LetsATickStartAnotherTimer) {
   int ticks = 0;
   std::unique_ptr<Timer> second;
   const auto first = loop_->StartTimer(20ms, [&] {
@@ -87,7 +87,7 @@ TEST_F(SystemMessageLoopTest, LetsATickStartAnotherTimer) {
   YieldUntil([&] { return ticks >= 2; });
 }
 
-TEST_F(SystemMessageLoopTest, ServesOtherTimersWithinATickButNotThatOne) {
+TEST_F(MessageLoopOfTheSystem, ServesOtherTimersWithinATickButNotThatOne) {
   int entered = 0;
   int other_ticks = 0;
   const auto other = Count(20ms, other_ticks);
@@ -101,7 +101,7 @@ TEST_F(SystemMessageLoopTest, ServesOtherTimersWithinATickButNotThatOne) {
   EXPECT_GE(other_ticks, 3);
 }
 
-TEST_F(SystemMessageLoopTest, PassesTheExceptionOfATickOnAndTicksAgain) {
+TEST_F(MessageLoopOfTheSystem, PassesTheExceptionOfATickOnAndTicksAgain) {
   int ticks = 0;
   const auto timer = loop_->StartTimer(20ms, [&] {
     if (++ticks == 1) throw std::runtime_error("tick");
@@ -111,7 +111,7 @@ TEST_F(SystemMessageLoopTest, PassesTheExceptionOfATickOnAndTicksAgain) {
   YieldUntil([&] { return ticks >= 2; });
 }
 
-TEST_F(SystemMessageLoopTest, LetsATimerOutliveIt) {
+TEST_F(MessageLoopOfTheSystem, LetsATimerOutliveIt) {
   int ticks = 0;
   auto timer = Count(20ms, ticks);
   loop_.reset();

@@ -35,7 +35,7 @@ class ServingLoop : public MessageLoop {
   bool fails_ = false;
 };
 
-class ProcessLauncherTest : public testing::Test {
+class LaunchedProcess : public testing::Test {
  protected:
   TemporaryFolder folder_;
   ScopedVariable place_{"WAITING_PROGRAM_FOLDER", folder_.path()};
@@ -43,13 +43,13 @@ class ProcessLauncherTest : public testing::Test {
   std::unique_ptr<ProcessLauncher> launcher_ = SystemProcessLauncher();
 };
 
-TEST_F(ProcessLauncherTest, ReturnsWhenTheProgramHasEndedAndServesTheLoopUntilThen) {
+TEST_F(LaunchedProcess, ReturnsWhenTheProgramHasEndedAndServesTheLoopUntilThen) {
   EXPECT_FALSE(launcher_->RunAndWait(WAITING_PROGRAM, loop_));
   EXPECT_TRUE(folder_.Exists("ended"));
   EXPECT_GT(loop_.yields(), 1);
 }
 
-TEST_F(ProcessLauncherTest, StartsAProgramWhosePathHasBlanks) {
+TEST_F(LaunchedProcess, StartsAProgramWhosePathHasBlanks) {
   std::filesystem::create_directory(folder_.path() + "a folder");
   const std::string program = folder_.path() + "a folder/the program.exe";
   std::filesystem::copy_file(WAITING_PROGRAM, program);
@@ -57,19 +57,19 @@ TEST_F(ProcessLauncherTest, StartsAProgramWhosePathHasBlanks) {
   EXPECT_TRUE(folder_.Exists("ended"));
 }
 
-TEST_F(ProcessLauncherTest, TellsThatTheProgramIsMissing) {
+TEST_F(LaunchedProcess, TellsThatTheProgramIsMissing) {
   EXPECT_EQ(launcher_->RunAndWait(folder_.path() + "missing.exe", loop_),
             std::make_error_code(std::errc::no_such_file_or_directory));
   EXPECT_EQ(loop_.yields(), 0);
 }
 
-TEST_F(ProcessLauncherTest, TellsThatAFileIsNoProgram) {
+TEST_F(LaunchedProcess, TellsThatAFileIsNoProgram) {
   EXPECT_TRUE(launcher_->RunAndWait(folder_.Write("program.exe", "text"), loop_));
   EXPECT_TRUE(launcher_->RunAndWait(folder_.path(), loop_)) << "a folder";
   EXPECT_EQ(loop_.yields(), 0);
 }
 
-TEST_F(ProcessLauncherTest, EndsTheWaitingWithTheExceptionOfATick) {
+TEST_F(LaunchedProcess, EndsTheWaitingWithTheExceptionOfATick) {
   loop_.Fail();
   EXPECT_THROW(launcher_->RunAndWait(WAITING_PROGRAM, loop_), std::runtime_error);
   EXPECT_EQ(loop_.yields(), 1);

@@ -14,20 +14,22 @@ class Resources : public testing::Test {
   const ComponentDll dll_;
 };
 
-TEST_F(Resources, HoldTheWrappersIconInTheUsualSizes) {
-  for (const int size : {16, 32, 48}) {
-    const auto icon = static_cast<HICON>(
-        LoadImageW(dll_.handle(), L"WRAPPER_ICON", IMAGE_ICON, size, size, LR_DEFAULTCOLOR));
-    ASSERT_NE(icon, nullptr);
-    ICONINFO info{};
-    ASSERT_NE(GetIconInfo(icon, &info), 0);
-    BITMAP bitmap{};
-    EXPECT_NE(GetObjectW(info.hbmColor, sizeof(bitmap), &bitmap), 0);
-    EXPECT_EQ(bitmap.bmWidth, size);
-    EXPECT_EQ(bitmap.bmHeight, size);
-    DeleteObject(info.hbmColor);
-    DeleteObject(info.hbmMask);
-    DestroyIcon(icon);
+TEST_F(Resources, HoldTheIconsOfTheDialogsInTheUsualSizes) {
+  for (const wchar_t* const name : {L"WRAPPER_ICON", L"ICO1"}) {
+    for (const int size : {16, 32, 48}) {
+      const auto icon = static_cast<HICON>(
+          LoadImageW(dll_.handle(), name, IMAGE_ICON, size, size, LR_DEFAULTCOLOR));
+      ASSERT_NE(icon, nullptr);
+      ICONINFO info{};
+      ASSERT_NE(GetIconInfo(icon, &info), 0);
+      BITMAP bitmap{};
+      EXPECT_NE(GetObjectW(info.hbmColor, sizeof(bitmap), &bitmap), 0);
+      EXPECT_EQ(bitmap.bmWidth, size);
+      EXPECT_EQ(bitmap.bmHeight, size);
+      DeleteObject(info.hbmColor);
+      DeleteObject(info.hbmMask);
+      DestroyIcon(icon);
+    }
   }
 }
 
