@@ -36,7 +36,7 @@ struct ObjectLog {
 class ScriptedObject final : public IDispatch {
  public:
   /// @param arguments  in the method's order; the new value of a property that is put.
-  /// @return the answer. @throws ScriptedFailure  as the object's.
+  /// @return the answer. @throws ScriptedFailure  to make the object's call fail so.
   using Member = std::function<AutomationValue(std::span<const VARIANT> arguments)>;
 
   /// @param log  borrowed; must outlive the object.
