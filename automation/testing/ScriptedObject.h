@@ -75,7 +75,7 @@ class ScriptedObject final : public IDispatch {
   ULONG references_ = 0;
 };
 
-/// The text of an argument. @throws ScriptedFailure  type mismatch when it is none.
+/// The text of an argument. @throws ScriptedFailure  type mismatch when it is no text.
 std::string TextArgument(const VARIANT& argument);
 
 }  // namespace imptable

@@ -26,7 +26,7 @@ bool IsLink(const std::error_code& error) {
   return error == std::errc::too_many_symbolic_link_levels;
 }
 
-/// @return why the open file can't be emptied: only regular files can.
+/// Empties an open file. @return why that failed; only regular files can be emptied.
 std::error_code Empty(int file) {
   struct stat status {};
   if (fstat(file, &status) != 0) return LastError();

@@ -23,9 +23,10 @@ inline constexpr std::int32_t kRegistryCannotWrite = 1013;  // ERROR_CANTWRITE
 
 /// The registry port over a registry file, in the system's code page. A name may hold a character
 /// that the code page lacks. It is listed with "?" for that character, and can't be found under the
-/// listed name.  When the file can't be read (damaged, locked), the reading members throw
-/// RegistryFileError: its values must not pass for absent ones. The writing members return a result
-/// code instead.
+/// listed name.
+///
+/// When the file can't be read (damaged, locked), the reading members throw RegistryFileError: its
+/// values must not pass for absent ones. The writing members return a result code instead.
 class SqliteRegistry : public Registry {
  public:
   /// Both are borrowed and must outlive the adapter.
