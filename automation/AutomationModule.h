@@ -24,7 +24,7 @@ class AutomationModule {
   /// The module's full path.
   std::wstring Path() const;
 
-  /// True while anything that a client may hold is there.
+  /// True while something has to keep the module loaded, such as an object that a client holds.
   bool IsHeld() const { return holds_ != 0; }
   void Hold() { ++holds_; }
   void Drop() { --holds_; }
@@ -32,7 +32,7 @@ class AutomationModule {
   /// Made at the first call; there until the module goes.
   LoadedComponent& component();
 
-  /// The type library within the module itself, whatever is registered.
+  /// The type library inside the module, whatever library is registered.
   ITypeLib& TypeLibrary();
   ComPointer<ITypeInfo> TypeInfo(REFGUID guid);
 

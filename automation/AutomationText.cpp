@@ -6,7 +6,7 @@ namespace imptable {
 
 std::string FromWide(std::wstring_view text) {
   const int length = static_cast<int>(text.size());
-  // No best fit, or another file than the one that was named could be meant.
+  // A best-fit character would change a file's name, maybe into that of another file.
   const DWORD flags = GetACP() == CP_UTF8 ? 0 : WC_NO_BEST_FIT_CHARS;
   const int size =
       WideCharToMultiByte(CP_ACP, flags, text.data(), length, nullptr, 0, nullptr, nullptr);

@@ -8,13 +8,14 @@
 
 namespace imptable {
 
-/// UTF-16 to the system's code page; a character that it lacks becomes its default character.
+/// UTF-16 to the system's code page. A character that the code page lacks becomes the code page's
+/// default character.
 std::string FromWide(std::wstring_view text);
 
 /// The system's code page to UTF-16.
 std::wstring ToWide(std::string_view text);
 
-/// The same for automation's strings, whose null pointer is the empty one; NULs inside are kept.
+/// The same for a string of automation. Null is the empty string; NULs inside are kept.
 std::string FromAutomation(BSTR text);
 
 /// @return a new string, the caller's.

@@ -39,8 +39,8 @@ class AutomationValue {
     return &raw_;
   }
 
-  /// Each changes the value's type as automation does. A text is in the system's code page; no
-  /// value and Null are the empty text. `result` is left alone on failure.
+  /// Both convert the value as automation does. A text is in the system's code page; no value and
+  /// Null are the empty text. On failure `result` stays as it was.
   /// @return the system's result code.
   HRESULT ReadText(std::string& result) const;
   HRESULT ReadNumber(std::int32_t& result) const;

@@ -9,7 +9,7 @@
 
 namespace imptable {
 
-/// One of automation's enumerators, over what was there when it was made.
+/// An enumerator of automation, over the elements that were there when it was made.
 /// @tparam Element  keeps one element; its Give() makes the Item that a client receives and owns.
 template <typename Interface, typename Item, typename Element>
 class ComEnumerator final : public ComObject<Interface> {

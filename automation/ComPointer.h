@@ -52,7 +52,7 @@ class ComPointer {
   Interface* object_ = nullptr;
 };
 
-/// Another interface of an object; empty when it has none such.
+/// Another interface of an object; empty when the object doesn't have it.
 template <typename Interface>
 ComPointer<Interface> Query(IUnknown* object, REFIID iid = __uuidof(Interface)) {
   void* found = nullptr;

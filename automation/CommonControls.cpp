@@ -3,7 +3,7 @@
 namespace imptable {
 namespace {
 
-constexpr WORD kManifest = 2;  // the number that makes it the module's own: never change
+constexpr WORD kManifest = 2;  // Windows' number for a module's own manifest: never change
 
 HANDLE MakeContext(HMODULE module) {
   ACTCTXW request{};

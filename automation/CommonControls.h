@@ -5,8 +5,8 @@
 
 namespace imptable {
 
-/// While it lives, the thread's new windows have the looks that the module's manifest asks for,
-/// whatever the host's own asks for. Where Windows can't, they have the host's.
+/// While it lives, the thread's new windows look as the module's manifest asks, whatever the host's
+/// manifest asks. Where Windows can't do that, they look like the host's.
 class CommonControls {
  public:
   explicit CommonControls(HMODULE module);

@@ -11,7 +11,7 @@
 namespace imptable {
 namespace {
 
-/// A dialog with what it needs around it.
+/// A dialog, and everything that has to live as long as the dialog.
 class OwnedTaskDialog : public TaskDialog {
  public:
   OwnedTaskDialog(HMODULE module, DialogPorts& ports, const DialogServices& services,
@@ -47,7 +47,7 @@ ComponentDialogs::ComponentDialogs(AutomationModule& module, ModuleCommun& commu
 void ComponentDialogs::Start() {
   if (thread_ != 0) return;
   thread_ = GetCurrentThreadId();
-  // Its window classes and hooks would outlive the code, were that unloaded.
+  // Keep the code loaded for ever: the toolkit's window classes and hooks stay, and use it.
   module_.Hold();
   HMODULE pinned = nullptr;
   GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,

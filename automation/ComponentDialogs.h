@@ -11,8 +11,9 @@
 
 namespace imptable {
 
-/// The configuration dialogs over the host's active window. The first one starts the toolkit, which
-/// then runs until the process ends: it can't be unloaded, and serves that one thread.
+/// The configuration dialogs over the host's active window. The first dialog starts the toolkit,
+/// which then runs until the process ends. The toolkit can't be unloaded, and serves only the
+/// thread of the first dialog.
 /// Errors: RuntimeFault "no such host object" from Create on another thread, or when the toolkit
 /// can't be started.
 class ComponentDialogs : public TaskDialogFactory {

@@ -13,8 +13,8 @@ namespace imptable {
 class WidgetBoxes;
 class WidgetMousePointer;
 
-/// The component's message boxes and mouse pointer: those of Windows while it runs, those of the
-/// dialogs while one is open.
+/// The component's message boxes and mouse pointer. While a dialog is open they are those of the
+/// dialogs, else those of Windows.
 class DialogPorts final : public WarningBox, public MousePointer {
  public:
   /// @param encoding  borrowed.
@@ -25,7 +25,7 @@ class DialogPorts final : public WarningBox, public MousePointer {
   void ShowHourglass() override;
   void Reset() override;
 
-  /// Of an open dialog.
+  /// The message boxes of an open dialog.
   DialogBoxes& boxes();
 
   /// A dialog is open while one of these lives.

@@ -49,7 +49,8 @@ class Member {
   FUNCDESC* found_ = nullptr;
 };
 
-/// Place among the declared arguments of the one that was given at `index`.
+/// @return the place in declared order of the argument given at `index`; nullopt for a name that
+/// isn't declared.
 std::optional<std::size_t> PlaceOf(const DISPPARAMS& given, UINT index, std::size_t count) {
   if (index >= given.cNamedArgs) return given.cArgs - 1 - index;
   const DISPID name = given.rgdispidNamedArgs[index];

@@ -8,9 +8,9 @@
 namespace imptable {
 
 /// The arguments of one late-bound call, each converted to the type that the member declares, in
-/// the declared order. Clients pass what they have at hand, and the system's dispatcher converts
-/// neither to arguments by reference nor from all variants that it may meet. What is passed by
-/// reference is read only: no member changes it.
+/// the declared order. Clients pass arguments of whatever type they have. The system's dispatcher
+/// doesn't convert to arguments by reference, and doesn't convert from every type of variant. What
+/// is passed by reference is only read: no member changes it.
 class DispatchArguments {
  public:
   DispatchArguments() = default;

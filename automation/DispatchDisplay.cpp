@@ -13,7 +13,7 @@ DispatchForm::Target::Target(ComPointer<IDispatch> form)
       tag(object.Find(button_object::kTag)) {}
 
 void DispatchForm::Use(std::shared_ptr<const Target> target) {
-  // A last reference that goes may call back: by then the new target stands.
+  // The former target's end may call back into this form: the new target has to be in place first.
   target_.swap(target);
 }
 
@@ -48,7 +48,7 @@ struct DispatchDisplay::Button {
   LateBound object;
   bool is_looked_up = false;
   std::optional<LateBoundMember> form_member;
-  std::shared_ptr<const DispatchForm::Target> form;  // the last one that it gave
+  std::shared_ptr<const DispatchForm::Target> form;  // the last form that the object gave
 };
 
 void DispatchDisplay::Set(IDispatch* object) {
@@ -72,7 +72,7 @@ HostForm* DispatchDisplay::wForm() {
   if (!button->form || button->form->object.get() != form.get()) {
     button->form = std::make_shared<const DispatchForm::Target>(std::move(form));
   }
-  if (button != button_) return nullptr;  // exchanged meanwhile
+  if (button != button_) return nullptr;  // the host has set another object meanwhile
   form_.Use(button->form);
   return &form_;
 }

@@ -21,7 +21,7 @@ class DispatchForm : public HostForm {
     LateBoundMember tag;
   };
 
-  /// From now on the members are this form's; without one each of them fails.
+  /// From now on the members belong to this form. Without a form each of them fails.
   void Use(std::shared_ptr<const Target> target);
 
   std::string Text() const override;
@@ -30,23 +30,23 @@ class DispatchForm : public HostForm {
   void SetTag(std::int32_t tag) override;
 
  private:
-  /// Shared for the length of a call: the host may come back within it.
+  /// A shared pointer for the length of a call: the host may call back and exchange the form.
   std::shared_ptr<const Target> Current() const;
 
   std::shared_ptr<const Target> target_;
 };
 
-/// The host's `Bouton`: holds one reference to the object of the moment, and shows it to the
-/// component as a display. The display itself stays where it is, whatever object it stands for, so
-/// the host may exchange the object, or take it away, in the middle of a run.
+/// The host's `Bouton`, shown to the component as a display. It holds one reference to the present
+/// object of the host. The display itself stays where it is, so the host may exchange the object,
+/// or take it away, in the middle of a run.
 class DispatchDisplay : public HostDisplay {
  public:
   DispatchDisplay() = default;
   DispatchDisplay(const DispatchDisplay&) = delete;
   DispatchDisplay& operator=(const DispatchDisplay&) = delete;
 
-  /// Takes a reference to the object and gives back that to the former one. Null is Nothing. The
-  /// object isn't called.
+  /// Takes a reference to the object and releases the former one. Null is Nothing. Doesn't call the
+  /// object.
   void Set(IDispatch* object);
 
   /// @return the object as it was set, borrowed; null when there is none.

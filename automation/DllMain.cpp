@@ -6,8 +6,8 @@
 
 namespace {
 
-/// The one module of this DLL. Left alone at the end of the process, when other DLLs and threads
-/// that it would need are gone.
+/// The one module of this DLL. It isn't destroyed at the end of the process: by then other DLLs and
+/// threads that it needs are gone.
 imptable::AutomationModule* this_module = nullptr;
 
 }  // namespace

@@ -17,7 +17,7 @@ void Call(IDispatch& sink, DISPID event) {
     sink.Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &arguments, &result, &fault,
                 nullptr);
   } catch (...) {
-    // The other sinks and the run have nothing to do with it.
+    // A sink's exception doesn't concern the other sinks and the run.
   }
   VariantClear(&result);
   SysFreeString(fault.bstrSource);
@@ -72,7 +72,7 @@ STDMETHODIMP EventConnectionPoint::Unadvise(DWORD cookie) noexcept {
   const auto found = std::find_if(connections_.begin(), connections_.end(),
                                   [cookie](const auto& each) { return each.cookie == cookie; });
   if (found == connections_.end()) return CONNECT_E_NOCONNECTION;
-  // The sink may call back while it is let go.
+  // Remove the connection before the sink is released: the sink may call back then.
   const Connection leaving = std::move(*found);
   connections_.erase(found);
   return S_OK;

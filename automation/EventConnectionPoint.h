@@ -8,11 +8,11 @@
 
 namespace imptable {
 
-/// Where clients connect their sinks for the class's events. A part of its object: holding the one
-/// keeps the other alive.
+/// Where clients connect their sinks for the class's events. It is a part of its object: a
+/// reference to one of them keeps both alive.
 class EventConnectionPoint final : public IConnectionPoint, public ImpTableEvents {
  public:
-  /// @param owner  the object, borrowed; contains this one.
+  /// @param owner  the object that contains this connection point; borrowed.
   EventConnectionPoint(AutomationModule& module, IConnectionPointContainer& owner)
       : module_(module), owner_(owner) {}
   EventConnectionPoint(const EventConnectionPoint&) = delete;
@@ -28,8 +28,8 @@ class EventConnectionPoint final : public IConnectionPoint, public ImpTableEvent
   STDMETHODIMP Unadvise(DWORD cookie) noexcept override;
   STDMETHODIMP EnumConnections(IEnumConnections** connections) noexcept override;
 
-  /// Call every sink that was connected when the event began and still is. What becomes of the
-  /// call in a sink is that sink's own affair.
+  /// Call every sink that was connected when the event began and still is. A failure in a sink is
+  /// ignored.
   void Progress() override { Raise(kProgress); }
   void Complete() override { Raise(kComplete); }
 

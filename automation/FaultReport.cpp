@@ -33,7 +33,7 @@ HRESULT ReportCurrentFault(const ModuleCommun& module, REFIID iid) noexcept {
     try {
       SetDescription(module.FaultText(fault), iid);
     } catch (const std::bad_alloc&) {
-      // The number alone has to do.
+      // Out of memory: the client gets the number without a text.
     }
     return result;
   });

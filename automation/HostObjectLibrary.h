@@ -11,9 +11,9 @@
 namespace imptable {
 
 /// The host's own object library, by the names of HostObjectNames.h. A service is an object of one
-/// of its classes, created for each call; the report writer's lasts as long as the writer. A class
-/// that isn't registered is replaced by the stand-alone service; one that is but can't be created,
-/// or fails, is a fault.
+/// of its classes. It is created for each call; only a report writer keeps its object. The
+/// stand-alone service replaces a class that isn't registered. A class that is registered but can't
+/// be created, or that fails, is a fault.
 class HostObjectLibrary : public HostLibrary {
  public:
   /// @param standalone  serves what isn't registered; borrowed, must outlive the library.

@@ -3,9 +3,9 @@
 
 namespace imptable {
 
-// The host's object library, "KALDO Objets", as the component asks for it: each class by its ProgID
-// and below it the members that are used. All are the host's contract: never change. A root is a
-// predefined registry handle (32 bits), a path a text below it.
+// The host's object library, "KALDO Objets", as the component uses it: each class with its ProgID
+// and the members that are called. All are the host's contract: never change. A root is a
+// predefined registry handle (32 bits), a path is a text below that root.
 
 /// What kinds of tasks there are.
 namespace wrappers_class {
@@ -25,7 +25,7 @@ inline constexpr wchar_t kWriteLine[] = L"WriteLine";  // (text, Bouton or Nothi
 /// The variables and constants of scenarios.
 namespace variables_class {
 inline constexpr wchar_t kProgId[] = L"KaldoObjets.Variables";
-// (root, path of the scenario's tasks, scenario, name) -> text; empty when there is none such.
+// (root, path of the scenario's tasks, scenario, name) -> text; empty for an unknown name.
 inline constexpr wchar_t kGetValue[] = L"GetValue";
 // (root, path of the scenario's tasks, scenario, 0 variables or 1 constants, 16 bits)
 inline constexpr wchar_t kOpenNames[] = L"OpenNames";

@@ -115,7 +115,7 @@ TEST_F(HostObjectRun, EndsWithAFaultAtWhateverLineTheHostsWriterFails) {
   }
 }
 
-/// The same with a form on the host's object, which the component writes to itself.
+/// The same with a form on the host's object. The component writes to that form itself.
 class HostObjectUpdate : public HostObjectRun {
  protected:
   HostObjectUpdate() {

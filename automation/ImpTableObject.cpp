@@ -48,7 +48,8 @@ STDMETHODIMP_(ULONG) ImpTableObject::AddRef() noexcept { return ++references_; }
 STDMETHODIMP_(ULONG) ImpTableObject::Release() noexcept {
   const ULONG left = --references_;
   if (left != 0) return left;
-  // Letting go of the host's objects may call back: that must not end this object again.
+  // Releasing the host's objects may call back into this one. Its count must not reach 0 again
+  // then.
   references_ = 1;
   delete this;
   return 0;

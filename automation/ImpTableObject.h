@@ -91,8 +91,9 @@ class ImpTableObject final : public _ImpTable,
  private:
   ~ImpTableObject();
 
-  /// Runs `body`, a member of _ImpTable, for the client; the object lives at least as long.
-  /// @param pointers  those that the client gave and must have given.
+  /// Runs `body`, a member of _ImpTable, for the client. The object lives at least until `body`
+  /// ends.
+  /// @param pointers  the client's pointers that must not be null.
   template <typename Body>
   HRESULT Serve(std::initializer_list<const void*> pointers, Body body) noexcept;
 

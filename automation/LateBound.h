@@ -11,7 +11,7 @@
 
 namespace imptable {
 
-/// A member that was looked up: its number and how faults call it.
+/// A member that was looked up: its number, and its name for fault texts.
 struct LateBoundMember {
   DISPID id = DISPID_UNKNOWN;
   std::string name;
@@ -25,7 +25,7 @@ struct LateBoundMember {
 class LateBound {
  public:
   /// @param object  may be empty: then nothing can be looked up.
-  /// @param name  how faults call the object.
+  /// @param name  the object's name for fault texts.
   LateBound(ComPointer<IDispatch> object, std::string name)
       : object_(std::move(object)), name_(std::move(name)) {}
 
@@ -68,7 +68,7 @@ class LateBound {
 };
 
 /// What a member gave, as a text in the system's code page.
-/// @throws RuntimeFault  no such host object, naming the member, when the value is none.
+/// @throws RuntimeFault  no such host object, naming the member, when the value is no text.
 std::string TextFrom(const LateBoundMember& member, const AutomationValue& value);
 
 /// The same as a number.
@@ -76,7 +76,8 @@ std::int32_t NumberFrom(const LateBoundMember& member, const AutomationValue& va
 
 /// A new object of a class, from this process or another one of this machine.
 /// @return nullopt when no class of this name is registered.
-/// @throws RuntimeFault  no such host object, naming the class, when it is but can't be created.
+/// @throws RuntimeFault  no such host object, naming the class, when a registered class can't be
+/// created.
 std::optional<LateBound> CreateLateBound(const wchar_t* prog_id);
 
 }  // namespace imptable

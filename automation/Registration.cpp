@@ -78,7 +78,7 @@ LSTATUS WriteClass(RegistryJournal& journal, const Place& place, const std::wstr
   return ERROR_SUCCESS;
 }
 
-/// @return true when the class's name stands for this class and no other.
+/// @return true when the ProgID stands for this class and no other.
 bool NamesThisClass(const Place& place) {
   std::array<wchar_t, 64> text{};
   DWORD size = sizeof(text);
@@ -121,7 +121,7 @@ HRESULT RegisterIn(const Place& place, std::wstring path, ITypeLib& library) {
   return registered;
 }
 
-/// @return why something may still be there.
+/// @return a failure when something may still be there.
 HRESULT UnregisterIn(const Place& place) {
   HRESULT result = RemoveLibrary(place);
   const auto remove = [&](const std::wstring& path) {
@@ -149,7 +149,8 @@ HRESULT RegisterComponent(const std::wstring& path, const RegistrationRoots& roo
 }
 
 HRESULT UnregisterComponent(const RegistrationRoots& roots) {
-  // The first place may show what lies in the second.
+  // The first place may also show the entries of the second. So both are emptied before either is
+  // checked.
   HRESULT result = S_OK;
   const std::array<Place, 2> places = PlacesIn(roots);
   for (const Place& place : places) {

@@ -13,16 +13,16 @@ struct RegistrationRoots {
   HKEY user = HKEY_CURRENT_USER;  // whose Software\Classes is meant
 };
 
-/// Registers the class and the type library of a component, for the machine or, where that may not
-/// be written, for the user alone. To do it again changes nothing.
+/// Registers the class and the type library of a component for the machine. Where the machine's
+/// keys can't be written, registers them for the user alone. A second registration changes nothing.
 /// @param path  full path of the DLL.
-/// @return S_OK; else why it failed, and then what it wrote is gone again.
+/// @return S_OK, or why it failed. After a failure nothing of what it wrote is left.
 /// @throws std::bad_alloc
 HRESULT RegisterComponent(const std::wstring& path, const RegistrationRoots& roots = {});
 
-/// Removes all of that again, and nothing that belongs to another component. Not to be registered
-/// is no failure.
-/// @return S_OK; else why something is still there.
+/// Removes what RegisterComponent writes, and nothing that belongs to another component. It isn't a
+/// failure when nothing is registered.
+/// @return S_OK, or why something is still there.
 /// @throws std::bad_alloc
 HRESULT UnregisterComponent(const RegistrationRoots& roots = {});
 

@@ -9,8 +9,8 @@
 
 namespace imptable {
 
-/// Writes texts to the registry and, unless they are kept, takes back what it wrote: values get
-/// their former contents again, keys that it made go.
+/// Writes texts to the registry. The destructor takes the writes back unless they are kept: values
+/// get their former contents again, and new keys are deleted.
 class RegistryJournal {
  public:
   /// @param root  borrowed; every path below is below it.

@@ -56,7 +56,7 @@ void BareLoop::Bind(Statement& statement, SQLUSMALLINT number, std::size_t colum
           "bind");
 }
 
-/// Tables of the bench have their one key column first, and no column that isn't written.
+/// In the bench's tables the only key column is the first, and every column is written.
 void BareLoop::PrepareStatements() {
   const std::vector<std::string> keys{table_.columns().front().name};
   SQLUSMALLINT number = 1;

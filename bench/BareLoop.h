@@ -10,9 +10,9 @@
 
 namespace imptable {
 
-/// What a task's lines cost the database alone: the statements of the task's mode, prepared with
-/// the parameter types and values that a run gives them, all worked out beforehand, and executed in
-/// a loop that does nothing else.
+/// Measures what a task's lines cost in the database alone. The statements of the task's mode are
+/// prepared with the parameter types and values that a run gives them, and all values are worked
+/// out beforehand. Then a loop executes the statements and does nothing else.
 class BareLoop {
  public:
   /// Connects. @throws std::runtime_error, as Seconds.

@@ -1,5 +1,6 @@
-// Measures whole runs of the command against what they can't do without, in pairs, so that the
-// ratios hold on a noisy machine.
+// Measures whole runs of the command against the least work there is: a bare loop of the same
+// statements, or counting the fields. The two take turns, so that the ratios hold on a noisy
+// machine.
 //
 //   bench BIN_FOLDER DRIVER_FOLDER SQLITE_DRIVER WORK_FOLDER RESULTS_FILE [--small]
 

@@ -12,8 +12,8 @@ class BenchRecord {
   void Add(const std::string& what, const std::string& unit, double ours, double theirs,
            double ratio, double least, double most, const std::string& wanted);
 
-  /// Runs both in turn, each giving its seconds, and adds the medians and the median of the pairs'
-  /// ratios.
+  /// Runs `ours` and `theirs` in turn; each returns its seconds. Adds their medians and the median
+  /// of the pairs' ratios.
   void AddPairs(const std::string& what, int pairs, const std::function<double()>& ours,
                 const std::function<double()>& theirs, const std::string& wanted);
 

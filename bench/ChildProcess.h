@@ -16,7 +16,7 @@ struct ChildResult {
 /// Runs a program to its end. @throws std::runtime_error when it can't be started.
 ChildResult RunChild(const std::vector<std::string>& command);
 
-/// The same; another exit code than 0 throws, too.
+/// The same; also throws when the exit code isn't 0.
 ChildResult RunChecked(const std::vector<std::string>& command);
 
 }  // namespace imptable

@@ -27,7 +27,7 @@ struct Sizes {
   int pairs = 9;
 };
 
-/// Z: is this system's root.
+/// The path for a Windows program: drive Z: is this system's root.
 std::string WindowsPath(std::string path) {
   std::replace(path.begin(), path.end(), '/', '\\');
   return "Z:" + path;

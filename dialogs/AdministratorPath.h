@@ -6,8 +6,9 @@
 namespace imptable {
 
 /// The whole path of the program that makes and changes ODBC data sources; empty when the system
-/// has none. On Windows odbcad32.exe in the system folder, elsewhere what $IMPTABLE_ODBC_ADMIN
-/// names, else ODBCManageDataSourcesQ4; both looked for on the search path.
+/// has none. On Windows it is odbcad32.exe in the system folder. Elsewhere $IMPTABLE_ODBC_ADMIN
+/// names it; the default is ODBCManageDataSourcesQ4. A name without "/" is looked for on the search
+/// path.
 std::string AdministratorPath();
 
 }  // namespace imptable

@@ -11,7 +11,7 @@ namespace {
 
 class OdbcAdministratorPath : public testing::Test {
  protected:
-  /// Makes a file that can be run, unless it is to be one that can't.
+  /// Makes a program file, which can be run only when `executable`.
   std::string Program(const std::string& name, bool executable = true) {
     folder_.Write(name, "#!/bin/sh\n");
     const std::filesystem::path path = folder_.path() + name;

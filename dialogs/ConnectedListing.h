@@ -18,11 +18,11 @@ struct ConnectionFields {
   std::string table;        // txtTable
 };
 
-/// A connection with the fields of the dialog for the length of a listing, on a session of its own:
-/// a run that waits below the dialog keeps its connection. Failures show in message boxes.
+/// A connection made with the dialog's fields for one listing. It has a session of its own, so that
+/// a run that waits for the dialog keeps its connection. Failures show in message boxes.
 class ConnectedListing {
  public:
-  /// Connects, "@" references resolved.
+  /// Connects with the fields, their "@" references resolved.
   /// @param module  borrowed.
   /// @throws RuntimeFault  no such host object.
   ConnectedListing(ModuleCommun& module, const std::string& scenario,
@@ -33,7 +33,7 @@ class ConnectedListing {
   /// Disconnects.
   ~ConnectedListing();
 
-  /// False after a box: there is nothing to list.
+  /// False when connecting failed: a box has said so, and nothing can be listed.
   bool connected() const { return session_.connected; }
 
   OdbcSession& session() { return session_; }

@@ -20,7 +20,7 @@ struct DialogServices {
   /// Opens the host's help; empty when the host has none, cmdHelp is then disabled.
   std::function<void()> open_help = {};
 
-  /// What is asked when a task is to be saved without a user name; empty: it is refused.
+  /// The question before a task is saved without a user name. Empty: such a task isn't saved.
   std::string question_without_user = {};
 };
 

@@ -7,8 +7,8 @@
 
 namespace imptable {
 
-/// A field's text as it is used: "@" and a name stand for the value of that scenario variable of
-/// the host, any other text for itself.
+/// The text that a field stands for. "@" and a name stand for the value that the host has for this
+/// variable of the scenario. Any other text stands for itself.
 /// @throws RuntimeFault  no such host object, when the host can't look up a variable.
 std::string ResolveReference(const ModuleCommun& module, const std::string& scenario,
                              const std::string& text);

@@ -64,7 +64,7 @@ TEST_F(TaskDialogChecks, RefuseTheNameOfAnotherTaskWhileTheTaskIsNew) {
 
 TEST_F(TaskDialogChecks, FindTheNameWithoutRegardToTheCaseOfAccentedLettersInAnyCodePage) {
   TaskDialogRun run(std::make_unique<Latin1TextEncoding>());
-  // The registry of the tests folds names as UTF-8: these are two keys to it.
+  // The registry of the tests folds names as UTF-8, so it takes the two spellings for two keys.
   run.ports.registry.SetText(std::string(TaskDialogRun::kTasks) + "\\\xC9T\xC9", "Login", "other");
   ImpTablePresenter dialog(run.services, run.view, run, 0, "\xE9t\xE9", "S1");
   dialog.Load();

@@ -11,7 +11,7 @@
 
 namespace imptable {
 
-/// Which references a text field takes from the variable buttons: its kind word.
+/// Which references the variable buttons may put into a text field.
 enum class VariableKinds : std::uint8_t { kNone, kVar, kCon, kAll };
 
 /// A control that edits a text.
@@ -21,7 +21,7 @@ struct TextControl {
   VariableKinds kinds = VariableKinds::kNone;
 };
 
-/// The fields that a run resolves take variables and constants alike, the others neither.
+/// Fields whose references a run resolves take variables and constants. The others take neither.
 inline constexpr auto kTextControls = std::to_array<TextControl>({
     {"txtTache", &ImpTableState::txtTache},
     {"Combo1", &ImpTableState::Combo1, VariableKinds::kAll},

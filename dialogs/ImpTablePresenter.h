@@ -22,7 +22,7 @@ class ImpTableView {
  public:
   virtual ~ImpTableView() = default;
 
-  /// Paints all of it; sends no events for what it changes.
+  /// Paints the whole state. Sends no events for what it changes.
   virtual void Show(const ImpTableState& state) = 0;
 
   /// @param control  a name of kTextControls, "Grid1" or "Grid2"; on the tab that was shown last.
@@ -31,19 +31,21 @@ class ImpTableView {
   /// Ends the modal showing.
   virtual void HideDialog() = 0;
 
-  /// Shows FrmTable modally around the presenter, from its Open to its closing.
+  /// Opens the picker, shows FrmTable modally and returns when that has closed.
   virtual void RunTablePicker(TablePickerPresenter& picker) = 0;
 
   /// Shows the list modally. @return the picked name; nullopt when cancelled.
   virtual std::optional<std::string> PickVariable(const VariableListState& list) = 0;
 };
 
-/// Decides in the task configuration dialog. Every event but plain typing shows the state anew;
-/// while one connects, lists or waits for a window, the others but typing are ignored.
-/// Errors: none leaves a member but Load; a box shows what failed and the dialog stays usable.
+/// Decides what the task configuration dialog does and shows. Every event except plain typing shows
+/// the state anew. While an event connects, lists or waits for a window, other events except typing
+/// are ignored.
+/// Errors: only Load throws. A box shows any other failure, and the dialog stays usable.
 class ImpTablePresenter : private ColumnLayoutView {
  public:
-  /// Edits the task at the module's current registry location, wherever that moves meanwhile.
+  /// Edits the task at the module's present registry location, even when that location changes
+  /// later.
   /// @param services, view, column_dialogs  borrowed.
   /// @param working_mode  0 for a new task, anything else for an existing one.
   ImpTablePresenter(const DialogServices& services, ImpTableView& view,
@@ -61,7 +63,7 @@ class ImpTablePresenter : private ColumnLayoutView {
   /// @throws RuntimeFault  device error, when the registry can't be read.
   void Load();
 
-  /// True for an existing task and after every save: what the plug-in takes back as outcome.
+  /// True for an existing task and after every save. The plug-in takes this as the outcome.
   bool saved() const { return saved_; }
 
   /// True once this dialog has saved the task.
@@ -72,8 +74,8 @@ class ImpTablePresenter : private ColumnLayoutView {
 
   const ImpTableState& state() const { return state_; }
 
-  /// The tab of the columns: what happens in Grid1, Grid2, List1, Command3 and Text1 goes straight
-  /// to it. It shows itself through this presenter's view. To be used after Load only.
+  /// The tab of the columns. Events of Grid1, Grid2, List1, Command3 and Text1 go straight to it,
+  /// and it shows itself through this presenter's view. To be used after Load only.
   ColumnLayoutEditor& columns() { return *columns_; }
 
   /// A text of kTextControls was typed.
@@ -115,7 +117,7 @@ class ImpTablePresenter : private ColumnLayoutView {
   void Show(const ColumnLayoutState& columns) override;
   void Show() { view_.Show(state_); }
 
-  /// Runs an event: at the task's location, faults in a box; ignored while another one runs.
+  /// Runs an event at the task's location. A box shows a fault. Ignored while another event runs.
   void Handle(const std::function<void()>& event);
   void Warn(const std::string& text);
   void Fill();
@@ -125,17 +127,18 @@ class ImpTablePresenter : private ColumnLayoutView {
   void LeaveSeparator();
   void InsertVariable(std::string_view control);
 
-  /// @return true when one has changed.
+  /// @return true when a tooltip has changed.
   bool RefreshTooltips();
 
-  /// Brings a column count that was typed, and is one, to the columns.
+  /// Passes the typed column count on to the columns, if it is a valid count.
   void TakeColumnCount();
   void ShowColumnCount();
 
   /// @return the picked line.
   std::optional<std::string> Pick(PickerMode mode);
 
-  /// @return true after the box, the field's tab is then in front and the field gets the focus.
+  /// @return true for a refusal. Its box was shown, its tab is in front, and its field gets the
+  /// focus.
   bool Refuses(const std::optional<Refusal>& refusal);
   bool RefusesColumns();
 
@@ -152,13 +155,13 @@ class ImpTablePresenter : private ColumnLayoutView {
   KeyPath tasks_;
   std::string scenario_;
   bool saved_;
-  bool begun_ = false;  // a save wrote a part: a task of that name that is there now is this one
+  bool begun_ = false;  // a save was cut short: the task may exist because of it
   bool saved_now_ = false;
   std::string task_name_;
   ImpTableState state_;
   std::unique_ptr<ColumnLayoutEditor> columns_;
-  std::string source_;      // whose fields the others are
-  std::string separator_;   // by which the columns were counted
+  std::string source_;      // the data source that user, table and key belong to
+  std::string separator_;   // the one that the columns were counted with
   std::string_view focus_;  // the control that gets the focus when the event is done
   bool busy_ = false;
 };

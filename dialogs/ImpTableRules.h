@@ -12,17 +12,17 @@ namespace imptable {
 
 // What one control of FrmImpTable does to the others.
 
-/// Every caption of the catalogue.
+/// Sets every caption from the catalogue.
 void SetCaptions(ImpTableState& state, const ModuleCommun& module);
 
-/// Each control as in a new task: INSERT, delimited, the alias's own file.
+/// Sets each control as in a new task: INSERT, delimited, the alias's own file.
 void SetNewTask(ImpTableState& state);
 
-/// Copies an existing task's settings, rules included, in the order in which they depend on each
-/// other. A number that selects no button selects the first one.
+/// Copies an existing task's settings and applies the rules, in the order in which they depend on
+/// each other. A number that selects no button selects the first one.
 void SetTask(ImpTableState& state, const ModuleCommun& module, const ImportSettings& settings);
 
-/// A key belongs to every mode but INSERT, the handling of duplicates to INSERT alone.
+/// The key can be given in every mode but INSERT; the handling of duplicates only in INSERT.
 void ChooseMode(ImpTableState& state, int index);
 
 void CheckPrimaryKey(ImpTableState& state, bool checked);
@@ -30,7 +30,7 @@ void ChooseFileFormat(ImpTableState& state, int index);
 void ChooseFileOption(ImpTableState& state, const ModuleCommun& module, int index);
 void TypePassword(ImpTableState& state, const std::string& text);
 
-/// What belongs to the former data source: user, password, owner, table, alias and key.
+/// Empties what belongs to the former data source: user, password, owner, table, alias and key.
 void EmptySourceFields(ImpTableState& state);
 
 inline bool IsEnabled(const ImpTableState& state, std::string_view control) {

@@ -14,7 +14,7 @@ class TaskDialogRules : public testing::Test {
  protected:
   bool Enabled(std::string_view control) const { return run_.view.IsEnabled(control); }
 
-  /// Whether the key field, its button and its label can be used, which goes together.
+  /// True when the key field can be used; its button and its label must then be usable, too.
   bool KeyEnabled() const {
     const bool enabled = Enabled("txtCle");
     EXPECT_EQ(Enabled("cmdCle"), enabled);
@@ -22,7 +22,7 @@ class TaskDialogRules : public testing::Test {
     return enabled;
   }
 
-  /// The source file that the dialog's fields will name.
+  /// Writes the source file and names it in the dialog's fields.
   void Source(const std::string& bytes) {
     run_.folder.Write("CLIENTS.csv", bytes);
     run_.dialog().OnText("txtRep", run_.folder.path());
@@ -153,7 +153,7 @@ TEST_F(TaskDialogRules, PutTheSeparatorBackWhenItIsLeftEmpty) {
   dialog.OnText("txtDelimiteurFile", "");
   dialog.OnLeave("txtDelimiteurFile");
   EXPECT_EQ(run_.shown().txtDelimiteurFile, ";");
-  EXPECT_THAT(run_.Boxes(), IsEmpty());  // as it was before
+  EXPECT_THAT(run_.Boxes(), IsEmpty());  // ";" was the separator before
 }
 
 TEST_F(TaskDialogRules, CountTheColumnsWhenAnotherSeparatorIsLeft) {

@@ -116,7 +116,7 @@ TEST_F(VariableButtons, ChangeTheDataSourceAsAChoiceDoes) {
   EXPECT_EQ(run_.shown().txtLogin, "");
   EXPECT_EQ(run_.shown().txtTable, "");
   dialog.OnSourceVariable();
-  EXPECT_THAT(run_.Boxes(), IsEmpty());  // the same again
+  EXPECT_THAT(run_.Boxes(), IsEmpty());  // the same data source as before
 }
 
 TEST_F(VariableButtons, TellTheReferenceOfTheirFieldAndItsValue) {

@@ -9,9 +9,10 @@
 
 namespace imptable {
 
-/// A text from outside as one line of a window can show it, in the code page.
-/// Shape:  one character for one of the text, so that positions can be counted: a control or format
-/// character becomes ".", a byte that is no character the code page's sign for that.
+/// A text from outside in a form that one line of a window can show, in the code page.
+/// Shape:  one character for each character of the text, so that positions can be counted. A
+/// control or format character becomes ".". A byte that is no character becomes U+FFFD, or "?"
+/// where the code page lacks that.
 /// @param most  characters; a longer text is cut there and ends with "...".
 std::string PrintableText(const TextEncoding& encoding, std::string_view text, std::size_t most);
 

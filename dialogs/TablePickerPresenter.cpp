@@ -18,7 +18,7 @@ std::string KeyLine(std::vector<KeyColumn> columns) {
   return line;
 }
 
-/// The columns of each index, in the order in which the indexes come first.
+/// The columns of each index. The indexes are in the order of their first columns in the list.
 std::vector<std::vector<KeyColumn>> ByIndex(const std::vector<KeyColumn>& columns) {
   std::vector<std::vector<KeyColumn>> indexes;
   for (const KeyColumn& column : columns) {
@@ -34,7 +34,7 @@ std::vector<std::vector<KeyColumn>> ByIndex(const std::vector<KeyColumn>& column
   return indexes;
 }
 
-/// An index on an expression has members that no file column can be compared with.
+/// False for an index on an expression: a file column can't be compared with an expression.
 bool HasOnlyColumns(const std::vector<KeyColumn>& key) {
   return std::none_of(key.begin(), key.end(),
                       [](const KeyColumn& column) { return column.column_name.empty(); });

@@ -33,8 +33,9 @@ class TablePickerView {
   virtual void CloseDialog() = 0;
 };
 
-/// Lists the tables of a data source, or the keys of a table, and remembers the one that is picked.
-/// Errors: none leaves a member; a box shows what failed and the list holds what was listed before.
+/// Lists the tables of a data source, or the keys of a table, and remembers the line that is
+/// picked.
+/// Errors: no member throws. A box shows what failed, and the list keeps what was listed before.
 class TablePickerPresenter {
  public:
   /// @param services  borrowed.
@@ -57,7 +58,7 @@ class TablePickerPresenter {
   /// cmdAnnuler, or the window's own closing: picks nothing. Closes.
   void Cancel();
 
-  /// The picked line, empty as long as none is.
+  /// The picked line; nullopt as long as none is picked.
   const std::optional<std::string>& picked() const { return picked_; }
 
  private:

@@ -193,7 +193,7 @@ TEST_F(TablePicker, CanNeitherBeConfirmedNorClosedWhileItLists) {
     picker_->Cancel();
   });
   picker_->Open(view_);
-  EXPECT_EQ(run_.ports.message_loop.yields(), 3);  // one a step of the disconnection
+  EXPECT_EQ(run_.ports.message_loop.yields(), 3);  // one per step of the disconnection
   EXPECT_EQ(view_.closed, 0);
   EXPECT_EQ(picker_->picked(), std::nullopt);
 }

@@ -25,7 +25,8 @@ bool TaskExists(const ModuleCommun& module, const std::string& task) {
 
 bool IsEmptyOrBeginsBlank(std::string_view text) { return text.empty() || text.front() == ' '; }
 
-/// What a run can compare with a native code, now or once the reference is resolved.
+/// True for a number, which a run compares with native codes, and for a reference, which the run
+/// resolves first.
 bool IsErrorCode(const std::string& text) {
   if (IsVariableReference(text)) return true;
   try {

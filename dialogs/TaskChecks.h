@@ -11,7 +11,7 @@
 
 namespace imptable {
 
-/// Why a task can't be saved as it stands, and where the user mends that.
+/// Why a task can't be saved as it stands, and the control in which the user can change that.
 struct Refusal {
   Message message;
   int tab = kParametersTab;
@@ -23,13 +23,13 @@ struct Refusal {
 /// Some data sources know no users.
 enum class UserName { kWanted, kMayBeMissing };
 
-/// The checks before saving, but for those of the columns; the first that fails.
+/// Makes the checks before saving, except those of the columns. @return the first failure.
 /// @param existing  the task was saved before: its name may be there already.
 /// @throws RuntimeFault  when the registry can't be read.
 std::optional<Refusal> CheckTask(const ModuleCommun& module, bool existing,
                                  const ImpTableState& state, UserName user_name);
 
-/// The checks of the buttons that connect: a data source and, for those that need one, a table.
+/// Checks before connecting: a data source is given, and for the second function a table, too.
 std::optional<Refusal> CheckSource(const ImpTableState& state);
 std::optional<Refusal> CheckSourceAndTable(const ImpTableState& state);
 

@@ -12,8 +12,8 @@
 namespace imptable {
 namespace {
 
-// What a host's registry sees written, in this order: never change. The columns of the file and
-// those of the table come between.
+// The order in which a host's registry sees the values written: never change. "Colonnes" follows
+// the first list, "Champs" the second.
 constexpr auto kSavedBeforeColumns = std::to_array<SettingId>(
     {SettingId::kDataSource,   SettingId::kLogin,       SettingId::kPassword,
      SettingId::kTable,        SettingId::kOwner,       SettingId::kAlias,
@@ -40,7 +40,7 @@ class TaskWriter {
     if (!failure_) Note(name, module_.WriteNumber(task_, name, number));
   }
 
-  /// The member of the settings that the table gives for it.
+  /// Writes the member of the settings that belongs to `id`.
   void Member(SettingId id, const ImportSettings& settings) {
     const Setting& setting = SettingOf(id);
     if (setting.text_member != nullptr) {

@@ -17,10 +17,11 @@ struct SaveFailure {
   std::int32_t code = 0;  // the system's
 };
 
-/// Writes the task as the dialog holds it, value by value, always in the same order; nothing is
-/// rolled back. The first refused write ends it, so that a registry that takes nothing isn't robbed
-/// of the subkeys that are deleted before they are written anew.
-/// @param existing  the task was saved before: its change is dated, else its creation.
+/// Writes the task as the dialog holds it, value by value, always in the same order. Stops at the
+/// first refused write and rolls nothing back. Going on would delete the task's subkeys even in a
+/// registry that takes no new values.
+/// @param existing  the task was saved before: the date of its change is written, else the date of
+/// its creation.
 /// @param state  an empty error limit becomes "100".
 std::optional<SaveFailure> SaveTask(ModuleCommun& module, const std::string& task, bool existing,
                                     ImpTableState& state, ColumnLayoutEditor& columns);

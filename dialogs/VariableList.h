@@ -17,7 +17,7 @@ struct VariableGroup {
   bool operator==(const VariableGroup&) const = default;
 };
 
-/// What the small dialog shows in which a variable or a constant is picked.
+/// What the small dialog for picking a variable or a constant shows.
 struct VariableListState {
   std::string caption;
   std::string cmdValider;  // captions
@@ -27,13 +27,13 @@ struct VariableListState {
   bool operator==(const VariableListState&) const = default;
 };
 
-/// The host's names of the kinds, in the host's order, variables first.
+/// The host's names of these kinds, in the host's order, variables first.
 /// @throws RuntimeFault  no such host object.
 VariableListState ListVariables(const ModuleCommun& module, const std::string& scenario,
                                 VariableKinds kinds);
 
-/// The field's reference, " val: " and what the host holds for it; empty when the text is no
-/// reference. A host that can't say leaves the value empty.
+/// A tooltip: the field's reference, " val: " and the value that the host has for it. Empty when
+/// the text is no reference. The value is empty when the host can't give it.
 std::string ReferenceTooltip(const ModuleCommun& module, const std::string& scenario,
                              const std::string& text);
 

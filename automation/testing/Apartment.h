@@ -5,7 +5,7 @@
 
 namespace imptable {
 
-/// Automation on the thread, as a host's user-interface thread has it, while it lives.
+/// While it lives, the thread has automation as a host's user-interface thread does.
 class Apartment {
  public:
   Apartment() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }

@@ -9,7 +9,7 @@
 
 namespace imptable {
 
-/// A ProgID in the system's registry while it lives. Should the process die, the entry is gone with
+/// A ProgID in the system's registry while it lives. If the process dies, the entry disappears with
 /// the session. Every process of this Windows sees it: no other test may run at the same time.
 class RegisteredProgId {
  public:

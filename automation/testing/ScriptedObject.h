@@ -36,7 +36,7 @@ struct ObjectLog {
 class ScriptedObject final : public IDispatch {
  public:
   /// @param arguments  in the method's order; the new value of a property that is put.
-  /// @return the answer. @throws ScriptedFailure  as the object's.
+  /// @return the answer. @throws ScriptedFailure  to make the object's call fail so.
   using Member = std::function<AutomationValue(std::span<const VARIANT> arguments)>;
 
   /// @param log  borrowed; must outlive the object.
@@ -75,7 +75,7 @@ class ScriptedObject final : public IDispatch {
   ULONG references_ = 0;
 };
 
-/// The text of an argument. @throws ScriptedFailure  type mismatch when it is none.
+/// The text of an argument. @throws ScriptedFailure  type mismatch when it is no text.
 std::string TextArgument(const VARIANT& argument);
 
 }  // namespace imptable

@@ -30,7 +30,7 @@ class StandInHost {
   /// The class is registered as before, but makes no objects.
   void Refuse(const std::string& class_name, HRESULT result) { refused_[class_name] = result; }
 
-  /// The ProgID is registered as before, but nobody has the class.
+  /// The ProgID is registered as before, but no process serves the class.
   void Revoke(const std::string& class_name) { classes_.at(class_name)->Revoke(); }
 
   /// Nothing of the class is registered any more.

@@ -7,7 +7,7 @@
 namespace imptable {
 namespace {
 
-/// The message that asks for a length; none for a type that needs none.
+/// The message that asks for a length; nullopt for a type that needs no length.
 std::optional<Message> LengthMessage(FileColumnType type) {
   switch (type) {
     case FileColumnType::kText:

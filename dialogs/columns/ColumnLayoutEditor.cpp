@@ -11,11 +11,9 @@
 namespace imptable {
 namespace {
 
-// Messages.
-
 constexpr std::size_t kMostPreviewCharacters = 8192;
 
-// Of the box that names unreadable values: what a screen can hold.
+// Limits for the box that names unreadable values, so that it fits on a screen.
 constexpr std::size_t kMostNamedValues = 10;
 constexpr std::size_t kMostValueCharacters = 60;
 

@@ -38,8 +38,8 @@ class ColumnLayoutEditor {
   /// Shows the editor of a new task: delimited, no column. Load does it for an existing one.
   void Open();
 
-  /// Fills both grids from "Colonnes" and "Champs". The values that can't be read are named in one
-  /// box a subkey (message 111); all else is loaded.
+  /// Fills both grids from "Colonnes" and "Champs". Values that can't be read are named in a box
+  /// (message 111), one box for each subkey; all else is loaded.
   /// @param column_count  rows of Grid1; one below 0 counts as 0.
   void Load(std::string_view task, bool fixed_width, std::int32_t column_count);
 
@@ -57,19 +57,20 @@ class ColumnLayoutEditor {
   /// The spinner on textNbCol: one column more or less, never below 0.
   void StepColumnCount(bool up);
 
-  /// textNbCol is left. A text that is no whole number up to kMostFileColumns shows message 128 and
-  /// the former count; an empty one is 0.
+  /// textNbCol is left. An empty text counts as 0. A text that is no whole number up to
+  /// kMostFileColumns shows message 128, and the former count is back.
   void TypeColumnCount(std::string_view text);
 
   /// "Fixe" or "Délimité" is chosen: the lengths appear or are dropped, the columns are counted.
   void ChooseFileFormat(bool fixed_width, const SourceFields& fields);
 
-  /// LectureDebutFichier: counts the columns of the source file's first line and shows it. A file
-  /// that isn't there leaves all as it is, in silence; an empty one, after message 113.
+  /// LectureDebutFichier: counts the columns in the source file's first line and shows that line. A
+  /// missing file leaves the columns as they are, without a box; an empty file leaves them after
+  /// message 113.
   void CountColumns(const SourceFields& fields);
 
-  /// Shows the first line of the source file, without a box: for an empty file message 113, for one
-  /// that can't be read the fault; for none at all an empty text.
+  /// Shows the first line of the source file and never a box. Message 113 stands there for an empty
+  /// file, the fault for a file that can't be read, and nothing for a missing file.
   void ShowFirstLine(const SourceFields& fields);
 
   /// Grid1 is clicked. @return which entries the menu offers.
@@ -88,13 +89,14 @@ class ColumnLayoutEditor {
   /// The list is left without a choice, or Text1 is cancelled: the former origin is back.
   void LeaveOrigin();
 
-  /// Text1 is confirmed or left: the origin is the text, a constant or "@" and a variable's name. A
-  /// text that "Champs" can't hold shows message 128; nothing or a lone "@" puts the former origin
-  /// back.
+  /// Text1 is confirmed or left. The text, a constant or "@" and a variable's name, becomes the
+  /// origin. A text that "Champs" can't hold shows message 128. An empty text or a lone "@" puts
+  /// the former origin back.
   void TypeOrigin(std::string_view text);
 
-  /// cmdInfo: connects and rebuilds Grid2 from the table's columns, without origins, its key
-  /// columns marked. Grid2 stays when that fails; a table without columns shows message 129.
+  /// cmdInfo: connects and rebuilds Grid2 from the table's columns, without origins and with the
+  /// key columns marked. Grid2 stays as it is when that fails. A table without columns shows
+  /// message 129.
   void ListTableColumns(const ConnectionFields& fields);
 
   /// Connects and marks the key columns. Does nothing while Grid2 is empty or there is no table.

@@ -59,7 +59,7 @@ struct ColumnLayoutState {
   std::optional<OriginList> origin_list;    // hidden when absent
   std::optional<OriginEntry> origin_entry;  // hidden when absent
 
-  // The row to select and scroll to, the faulty one of a check.
+  // The row to select and scroll to; after a failed check, the row with the fault.
   std::optional<std::size_t> selected_file_row;
   std::optional<std::size_t> selected_field_row;
 

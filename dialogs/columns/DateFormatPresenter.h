@@ -26,13 +26,14 @@ class DateFormatView {
   virtual void Show(const DateFormatState& state) = 0;
 };
 
-/// Decides in the date format dialog; borrows both. Every event shows the state anew.
+/// Decides what the date format dialog does and shows. Borrows module and view. Every event shows
+/// the state anew.
 class DateFormatPresenter {
  public:
   DateFormatPresenter(const ModuleCommun& module, DateFormatView& view);
 
-  /// @param format  the row's format text; one that is none opens the dialog on the first style,
-  /// without separator and time.
+  /// @param format  the row's format text. A text that is no format opens the dialog on the first
+  /// style, without separator and time.
   void Open(std::string_view format);
 
   /// @param style  index of the button in OptD.

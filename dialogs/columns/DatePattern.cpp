@@ -5,8 +5,6 @@
 namespace imptable {
 namespace {
 
-// Messages that hold the tokens.
-
 /// One option: its tokens in order, and the styles that store it.
 struct DateOrder {
   std::array<Message, 3> tokens;
@@ -48,8 +46,8 @@ std::string DateText(const ModuleCommun& module, const DateOrder& order,
   return text;
 }
 
-/// What a separator would have to be for the date to be written in this order: what follows the
-/// first token, as long as the tokens leave room for. nullopt when they don't leave room for two.
+/// The only separator that could stand in the date if it has this order. Its length is half of what
+/// the tokens leave over. nullopt when two equal separators can't have that length.
 std::optional<std::string_view> SeparatorOf(const ModuleCommun& module, const DateOrder& order,
                                             std::string_view date) {
   const std::size_t tokens = DateText(module, order, {}).size();

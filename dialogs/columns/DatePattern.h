@@ -13,8 +13,8 @@
 
 namespace imptable {
 
-/// A date format as the user reads and chooses it: one of the eight orders, by its option in the
-/// date format dialog, a separator between the parts or none, a time at the end or none.
+/// A date format as the user reads and chooses it: one of the eight orders in the date format
+/// dialog, maybe a separator between the parts, maybe a time at the end.
 struct DatePattern {
   std::size_t option = 0;  // 0 to 7
   std::string separator;   // one character of the code page, or empty
@@ -30,7 +30,7 @@ inline constexpr std::array<std::string_view, kDateOptionCount> kDateOptionCapti
     "jj?mm?aa",   "jj?mm?aaaa", "mm?jj?aa",   "mm?jj?aaaa",
     "aaaa?jj?mm", "aa?jj?mm",   "aaaa?mm?jj", "aa?mm?jj"};
 
-/// The stored style, 1 to 16, of an option without or with a separator.
+/// The style, 1 to 16, that stores the pattern's option, with or without a separator.
 std::uint8_t DateStyleOf(const DatePattern& pattern);
 
 /// The pattern of a stored style; empty for a style that isn't 1 to 16. A style without a separator
@@ -38,7 +38,7 @@ std::uint8_t DateStyleOf(const DatePattern& pattern);
 std::optional<DatePattern> DatePatternOf(std::uint8_t style, std::string_view separator,
                                          TimeCode time);
 
-/// The pattern in words of the current language, as jj/mm/aaaa hh:mm.
+/// The pattern in words of the current language, for example jj/mm/aaaa hh:mm.
 std::string DateFormatText(const ModuleCommun& module, const DatePattern& pattern);
 
 /// The reverse of DateFormatText.

@@ -29,20 +29,22 @@ std::optional<std::int32_t> NumberOfFileColumnOrigin(const ModuleCommun& module,
                                                      std::string_view origin);
 
 /// A typed origin as the grid shows it.
-/// @return nullopt for a text that "Champs" can't hold or that the import would take otherwise.
+/// @return nullopt for a text that "Champs" can't hold or that the import would read as something
+/// else.
 std::optional<std::string> TypedOrigin(const ModuleCommun& module, std::string_view text);
 
 /// The value of "Champs" that stores a row: its name, format and origin, separated by ",".
 std::string FieldAssignmentCode(const ModuleCommun& module, const FieldRow& row);
 
-/// The reverse of FieldAssignmentCode; the number is left to the caller. A "," between parentheses
-/// belongs to the format, any other one before that to the name.
-/// @param readable  set to false when the origin names no file column though it has to; it is then
-/// left empty.
+/// The reverse of FieldAssignmentCode; the caller sets the row's number. A "," between parentheses
+/// belongs to the format. Any other "," before the format belongs to the name.
+/// @param readable  set to false when the origin begins like a file column's but names none. The
+/// row's origin is then empty.
 FieldRow ReadFieldAssignment(const ModuleCommun& module, std::string_view code, bool& readable);
 
-/// A table's column as Grid2 shows its format: type name, and for texts, bytes and decimal numbers
-/// the size, as VARCHAR(30) and DECIMAL(10,2). A type name that has a size already stays as it is.
+/// A table's column as Grid2 shows its format: the type name; for texts, bytes and decimal numbers
+/// also the size, for example VARCHAR(30) and DECIMAL(10,2). A type name that has a size already
+/// stays as it is.
 std::string TableColumnFormat(const TableColumn& column);
 
 }  // namespace imptable

@@ -8,7 +8,7 @@
 namespace imptable {
 namespace {
 
-/// What is typed begins with this, unless something was typed there before.
+/// What the open entry begins with, unless the row has an origin that was typed.
 constexpr std::string_view kReferenceSign = "@";
 
 }  // namespace

@@ -8,7 +8,8 @@
 namespace imptable {
 namespace {
 
-/// A separator of the list can't be an item of it: the style says that there is one.
+/// "," separates the items, so it can't be one. An empty item stands for it: the style says whether
+/// the date has a separator.
 constexpr std::string_view kUnstorableSeparator = ",";
 
 std::string DateItems(const ModuleCommun& module, const FileColumn& column, bool fixed_width) {
@@ -24,7 +25,7 @@ std::string DateItems(const ModuleCommun& module, const FileColumn& column, bool
          std::string(time);
 }
 
-/// A number as the grid shows it; an item of blanks is none.
+/// A number as the grid shows it; empty for an item of blanks.
 std::string ShownNumber(std::string_view item, bool& readable) {
   if (IsBlank(item)) return {};
   const auto number = ReadWholeNumber(item);

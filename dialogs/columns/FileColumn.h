@@ -23,8 +23,8 @@ struct FileColumn {
 std::string FileColumnCode(const ModuleCommun& module, const FileColumn& column, bool fixed_width);
 
 /// The reverse of FileColumnCode.
-/// @param readable  set to false when an item isn't what it has to be; it is then left empty, an
-/// unknown type is a text.
+/// @param readable  set to false when an item can't be read. Its text is then empty; a column whose
+/// type can't be read is a text.
 FileColumn ReadFileColumn(const ModuleCommun& module, std::string_view code, bool fixed_width,
                           bool& readable);
 

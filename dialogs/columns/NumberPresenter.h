@@ -28,8 +28,8 @@ class NumberView {
   virtual void Show(const NumberState& state) = 0;
 };
 
-/// Decides in the number dialog; borrows all it is given. Every event but typing shows the state
-/// anew.
+/// Decides what the number dialog does and shows; borrows all it is given. Every event except
+/// typing shows the state anew.
 class NumberPresenter {
  public:
   NumberPresenter(const ModuleCommun& module, DialogBoxes& boxes, NumberView& view,

@@ -15,10 +15,10 @@
 namespace imptable {
 namespace {
 
-/// As the dialog writes it; the run's own is in upper case. Both name the same file.
+/// The dialog writes the extension like this, a run in upper case. Both name the same file.
 constexpr std::string_view kAliasExtension = ".csv";
 
-/// The first bytes of a file; says whether there are more.
+/// Gives only the first kFileStartBytes of a file, and notes whether there are more.
 class StartOfFile final : public InputFile {
  public:
   StartOfFile(std::unique_ptr<InputFile> file, bool& goes_on)

@@ -24,7 +24,7 @@ inline constexpr std::size_t kFileStartBytes = std::size_t{1} << 20U;
 /// The start of a source file.
 struct FileStart {
   std::string path;
-  bool is_empty = false;    // no byte, but for a byte order mark
+  bool is_empty = false;    // no byte except a byte order mark
   std::string line;         // the first one, without its end
   bool is_complete = true;  // false: the line goes on beyond kFileStartBytes
 };
@@ -41,9 +41,9 @@ std::string SourceFilePath(const ModuleCommun& module, const std::string& scenar
 std::optional<FileStart> ReadFileStart(const ModuleCommun& module, const std::string& scenario,
                                        const SourceFields& fields);
 
-/// The number of fields of a line: the separator is looked for at every character, as the import
-/// does, so one of several characters may overlap with itself.
-/// @param separator  an empty one counts as ";", as the task's loading takes it.
+/// The number of fields of a line. As in the import, the separator is looked for at every
+/// character, so separators of several characters may overlap.
+/// @param separator  an empty one counts as ";", as it does when a task is loaded.
 std::size_t CountFields(std::string_view line, std::string_view separator, bool utf8);
 
 }  // namespace imptable

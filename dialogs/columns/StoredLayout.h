@@ -22,8 +22,8 @@ struct UnreadableValue {
 };
 
 /// Reads "Colonnes" of a task.
-/// Shape:  `count` columns. One whose value is missing is a text; it counts as unreadable, unless
-/// the task has no value there at all.
+/// Shape:  `count` columns. A column without a value is a text. The missing value counts as
+/// unreadable, unless the task has no value there at all.
 /// @param unreadable  receives, in order, the values of which a part or all can't be read.
 /// @throws RuntimeFault  when the registry can't be read.
 std::vector<FileColumn> ReadColonnes(const ModuleCommun& module, std::string_view task,
@@ -36,12 +36,12 @@ std::vector<FieldRow> ReadChamps(const ModuleCommun& module, std::string_view ta
                                  std::vector<UnreadableValue>& unreadable);
 
 /// Deletes "Colonnes" and writes it again.
-/// @return the first system result code that isn't 0; what follows is written all the same.
+/// @return the first system result code that isn't 0; later values are written all the same.
 /// @throws RuntimeFault  when the registry can't be read.
 std::int32_t WriteColonnes(ModuleCommun& module, std::string_view task, bool fixed_width,
                            const std::vector<FileColumn>& columns);
 
-/// Deletes "Champs" and, when `assigned`, writes it again; else as WriteColonnes.
+/// Deletes "Champs" and, when `assigned`, writes it again. Returns and throws as WriteColonnes.
 std::int32_t WriteChamps(ModuleCommun& module, std::string_view task, bool assigned,
                          const std::vector<FieldRow>& rows);
 

@@ -5,7 +5,7 @@
 namespace imptable {
 namespace {
 
-// In the order of TypeEntry; the first one is the catalogue's.
+// In the order of TypeEntry. The first caption comes from the catalogue instead.
 constexpr std::array<std::string_view, 10> kCaptions{
     "",
     "Byte (0 .. 256)",

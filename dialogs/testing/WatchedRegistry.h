@@ -10,8 +10,7 @@
 
 namespace imptable {
 
-/// Writes down, in order, what is changed in the registry that it stands before, and can refuse
-/// changes.
+/// Passes everything on to another registry. Keeps a list of the changes, and can refuse one.
 class WatchedRegistry : public Registry {
  public:
   /// @param registry  borrowed.
@@ -48,10 +47,10 @@ class WatchedRegistry : public Registry {
     return registry_.SubkeyNames(key);
   }
 
-  /// Each as "path|name = text", "path|name = #number" or "delete path".
+  /// The changes so far, each as "path|name = text", "path|name = #number" or "delete path".
   std::vector<std::string> changes;
 
-  /// The "path|name" or, for a deletion, the path that gives access denied.
+  /// The change that gives access denied: "path|name", or the path for a deletion.
   std::string refused;
 
  private:

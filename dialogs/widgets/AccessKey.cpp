@@ -5,7 +5,7 @@
 namespace imptable {
 namespace {
 
-/// The letter after the mark; 0 when there is none.
+/// The letter after the "&" of the label; 0 when there is none.
 wxChar AccessKeyOf(const wxButton& button) {
   const wxString after = button.GetLabel().AfterFirst('&');
   return after.empty() ? wxChar(0) : wxChar(wxToupper(after[0]));

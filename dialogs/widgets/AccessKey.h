@@ -5,9 +5,10 @@
 
 namespace imptable {
 
-/// Presses that button of a dialog, none inside a page or frame, whose access key it is. Windows by
-/// itself looks for one only beside the control that has the focus.
-/// @return false when there is none such.
+/// Presses the button whose access key the event has. Looks only at the dialog's own buttons, not
+/// at those inside a page or frame. Windows itself looks only beside the control that has the
+/// focus.
+/// @return false when there is no such button.
 bool PressByAccessKey(const wxDialog& dialog, const wxKeyEvent& event);
 
 }  // namespace imptable

@@ -17,7 +17,7 @@ void Name(GtkWidget* widget, const wxString& name) {
 void SetAccessibleName(wxWindow& control, const wxString& name) {
   GtkWidget* const widget = GTK_WIDGET(control.GetHandle());
   Name(widget, name);
-  // The field of a drop-down list, which has the focus in its place.
+  // In a drop-down list, the field inside it has the focus.
   if (GTK_IS_COMBO_BOX(widget)) Name(gtk_bin_get_child(GTK_BIN(widget)), name);
 }
 

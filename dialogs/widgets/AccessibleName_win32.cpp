@@ -8,7 +8,7 @@
 namespace imptable {
 namespace {
 
-/// All as the system has it, but for the name.
+/// Gives a name of its own, and leaves all else to the system.
 class NamedControl : public wxAccessible {
  public:
   NamedControl(wxWindow* control, const wxString& name) : wxAccessible(control), name_(name) {}

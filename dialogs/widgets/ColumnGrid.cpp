@@ -13,7 +13,7 @@ const wxColour& KeyColour() {
   return colour;
 }
 
-/// A menu key, or what serves as one.
+/// True for a menu key and for the keys that serve as one.
 bool AsksForMenu(const wxKeyEvent& event) {
   switch (event.GetKeyCode()) {
     case WXK_SPACE:
@@ -46,7 +46,7 @@ ColumnGrid::ColumnGrid(wxWindow* parent, const WidgetText& text,
   };
   Bind(wxEVT_GRID_CELL_LEFT_CLICK, on_press);
   Bind(wxEVT_GRID_CELL_RIGHT_CLICK, on_press);
-  // Two quick clicks, with a menu between them, are two.
+  // Two quick clicks count as two clicks: a menu may open between them.
   Bind(wxEVT_GRID_CELL_LEFT_DCLICK, on_press);
   GetGridWindow()->Bind(wxEVT_LEFT_UP, &ColumnGrid::OnRelease, this);
   GetGridWindow()->Bind(wxEVT_RIGHT_UP, &ColumnGrid::OnRelease, this);
@@ -61,7 +61,7 @@ ColumnGrid::ColumnGrid(wxWindow* parent, const WidgetText& text,
   });
 }
 
-// A menu that opens while the button is down would close when it comes up.
+// Asks only at the release. A menu that opened while the button is down would close at the release.
 void ColumnGrid::OnRelease(wxMouseEvent& event) {
   event.Skip();
   const wxGridCellCoords pressed = std::exchange(pressed_, wxGridNoCellCoords);

@@ -18,25 +18,25 @@ struct GridPlace {
   wxPoint screen;  // where a menu opens
 };
 
-/// A grid that only shows: rows of texts below a header row. A click, and with the keyboard Space,
-/// F4 or the menu key, asks for what the cell offers; Tab leaves the grid.
+/// A grid that only shows: rows of texts below a header row. A click on a cell asks for what the
+/// cell offers. Space, F4 and the menu key do the same. Tab leaves the grid.
 class ColumnGrid : public wxGrid {
  public:
   /// @param text  borrowed.
   /// @param ask  called, once the event is over, with the place of a click or key.
   ColumnGrid(wxWindow* parent, const WidgetText& text, std::function<void(const GridPlace&)> ask);
 
-  /// Paints header and rows; only what differs is touched.
+  /// Paints header and rows. Touches only the cells that differ.
   void ShowRows(const std::vector<std::string>& header,
                 const std::vector<std::vector<std::string>>& rows);
 
-  /// Paints the background of a cell light yellow, or as the others'.
+  /// Paints the background of a cell light yellow, or like that of the other cells.
   void Mark(int row, int column, bool marked);
 
   /// Moves to a row and scrolls it into sight.
   void GoTo(int row, int column);
 
-  /// A cell's place on the screen, scrolled into sight.
+  /// Scrolls a cell into sight. @return its place on the screen.
   wxRect CellOnScreen(int row, int column);
 
  private:

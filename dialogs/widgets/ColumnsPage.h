@@ -18,7 +18,7 @@ namespace imptable {
 class ColumnsPage {
  public:
   /// @param page  receives the controls. @param module, text  borrowed.
-  /// @param editor  gives what decides; asked only when the user does something.
+  /// @param editor  gives the editor that decides; called only when the user does something.
   ColumnsPage(wxPanel* page, PageBuilder& build, const ModuleCommun& module, const WidgetText& text,
               std::function<ColumnLayoutEditor&()> editor);
 

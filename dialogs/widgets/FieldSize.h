@@ -7,8 +7,7 @@ class wxTextCtrl;
 
 namespace imptable {
 
-/// What a field of one line takes so that so many characters, and letters of its font in their
-/// whole height, can be seen.
+/// The size at which a field of one line shows so many characters, in the whole height of its font.
 wxSize FieldSize(const wxTextCtrl& field, int characters);
 
 }  // namespace imptable

@@ -17,7 +17,7 @@ namespace imptable {
 namespace {
 
 constexpr int kStyleColumns = 2;
-constexpr int kSeparatorWidth = 3;  // characters: more than one show that only the first is kept
+constexpr int kSeparatorWidth = 3;  // characters: room to see that only the first is kept
 
 }  // namespace
 

@@ -33,7 +33,7 @@ FrmTableWindow::FrmTableWindow(wxWindow* parent, const ModuleCommun& module,
   // A double click, and Enter in the list.
   list_->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { Confirm(); });
   list_->Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
-    // Nothing is selected at first: the first step goes to the first line.
+    // Nothing is selected at first. The first Down or Home then selects the first line.
     const bool steps = event.GetKeyCode() == WXK_DOWN || event.GetKeyCode() == WXK_HOME;
     if (steps && list_->GetFirstSelected() < 0 && list_->GetItemCount() > 0) {
       list_->Select(0);

@@ -13,7 +13,7 @@ std::unique_ptr<Toolkit> StartHostedToolkit(HINSTANCE__* module) {
   wxSetInstance(module);
   std::unique_ptr<Toolkit> toolkit = Toolkit::Start();
   std::setlocale(LC_ALL, locale.c_str());
-  // What it has to say is nothing for the users of the host.
+  // The toolkit's log messages mean nothing to the users of the host.
   wxLog::EnableLogging(false);
   return toolkit;
 }

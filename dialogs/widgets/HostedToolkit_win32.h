@@ -9,8 +9,8 @@ struct HINSTANCE__;
 
 namespace imptable {
 
-/// Starts the toolkit for a host that knows nothing of it, on the host's thread; the process's
-/// locale stays as it is.
+/// Starts the toolkit on the thread of a host that knows nothing of it. The process's locale stays
+/// as it is.
 /// @param module  has the dialogs' code and resources, and owns their windows' classes.
 /// @return null when the toolkit can't be started.
 std::unique_ptr<Toolkit> StartHostedToolkit(HINSTANCE__* module);

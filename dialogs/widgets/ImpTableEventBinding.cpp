@@ -104,7 +104,7 @@ void ImpTableWindow::BindButtons() {
         work_done_ = PresentTime(*this);
       });
     });
-    // Before the button, which on Windows takes Enter for itself.
+    // OnKey has to see Enter before the button does: on Windows the button would take it.
     control.Bind(wxEVT_CHAR_HOOK, &ImpTableWindow::OnKey, this);
   }
 }
@@ -133,7 +133,7 @@ void ImpTableWindow::OnKey(wxKeyEvent& event) {
   const bool is_enter = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
   wxWindow* const focus = FindFocus();
   if (is_enter && !event.HasAnyModifiers() && focus != nullptr) {
-    // Enter goes on to the next control, as Tab does, not as the arrows among options.
+    // Enter moves to the next control, like Tab, and not to the next option, like the arrows.
     focus->Navigate(wxNavigationKeyEvent::IsForward | wxNavigationKeyEvent::FromTab);
   } else if (key == WXK_ESCAPE && !event.HasAnyModifiers()) {
     Later([this] { presenter_.Cancel(); });

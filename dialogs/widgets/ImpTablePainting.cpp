@@ -1,4 +1,4 @@
-// FrmImpTable as its state says.
+// Paints FrmImpTable as its state says.
 
 #include <wx/button.h>
 #include <wx/checkbox.h>
@@ -20,7 +20,7 @@
 namespace imptable {
 namespace {
 
-/// A control without a caption of its own, and the one whose caption says what it is.
+/// A control without a caption of its own, and the control whose caption names it.
 struct LabelledControl {
   const char* name;
   const char* label;
@@ -45,7 +45,7 @@ constexpr auto kLabelledControls = std::to_array<LabelledControl>({
     {"Grid2", "chkParam"},
 });
 
-/// A control that no caption of the dialog says what it is, and the catalogue's text that does.
+/// A control that no caption of the dialog names, and the catalogue's text that names it.
 struct NamedControl {
   const char* name;
   Message message;
@@ -160,7 +160,7 @@ void ImpTableWindow::ShowChoices(const ImpTableState& state) {
     if (selected < 0 || selected >= option.count) continue;
     auto* const button = static_cast<wxRadioButton*>(
         controls_.at(std::string(option.name) + '(' + std::to_string(selected) + ')'));
-    // Setting it again could take the focus from the one that is being clicked.
+    // Setting a button that is set already could take the focus from the one that is being clicked.
     if (!button->GetValue()) button->SetValue(true);
   }
   auto* const actions = static_cast<wxGrid*>(controls_.at("grdAc"));

@@ -103,12 +103,13 @@ void ImpTableWindow::Run() {
 }
 
 void ImpTableWindow::FitToCaptions() {
-  // A best size that was measured without captions must not be kept.
+  // The best sizes so far were measured without captions.
   for (const auto& [name, control] : controls_) control->InvalidateBestSize();
-  // How many lines rows take that wrap is known once they are laid out.
+  // Twice: only after the first layout is it known how many lines a row takes that wraps.
   for (int time = 0; time < 2; ++time) GetSizer()->SetSizeHints(this);
   FitToScreen();
-  // The notebook sizes a page when it comes to the front: until then nothing on it may be squeezed.
+  // The notebook sizes a page when it comes to the front. Until then give the page room for all
+  // that is on it.
   for (wxPanel* const page : pages_) {
     page->SetSize(page->GetBestSize());
     page->Layout();

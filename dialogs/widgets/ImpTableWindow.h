@@ -74,7 +74,7 @@ class ImpTableWindow : private wxDialog, private ImpTableView, private ColumnDia
   std::vector<wxPanel*> pages_;
   std::unique_ptr<ColumnsPage> columns_;
   bool painting_ = false;
-  std::optional<std::uint32_t> work_done_;  // of the last button, as a time of input
+  std::optional<std::uint32_t> work_done_;  // when the last button's work ended, as a time of input
 };
 
 }  // namespace imptable

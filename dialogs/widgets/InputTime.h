@@ -8,10 +8,10 @@ class wxWindow;
 
 namespace imptable {
 
-// Times of the clock of keys and clicks, in milliseconds, which begins anew after 49 days; nullopt
-// where the system tells none.
+// Times on the system's clock for keys and clicks, in milliseconds. The clock starts again at 0
+// after 49 days. nullopt where the system tells no time.
 
-/// When the key or click was made that is being handled.
+/// The time of the key or click that is being handled.
 std::optional<std::uint32_t> TimeOfInput();
 
 std::optional<std::uint32_t> PresentTime(const wxWindow& window);

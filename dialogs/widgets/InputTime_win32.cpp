@@ -4,7 +4,7 @@
 namespace imptable {
 
 std::optional<std::uint32_t> TimeOfInput() {
-  // A program that presses a button for its user makes no input.
+  // Another program may press a button for its user. Then there is no key or click.
   if (InSendMessage() != FALSE) return std::nullopt;
   return static_cast<std::uint32_t>(GetMessageTime());
 }

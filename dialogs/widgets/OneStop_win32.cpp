@@ -2,7 +2,7 @@
 
 namespace imptable {
 
-// On Windows the group is one stop already.
+// On Windows a drop-down list is one stop already.
 void MakeOneStop(wxComboBox& /*list*/) {}
 
 }  // namespace imptable

@@ -47,7 +47,7 @@ OriginPicker::OriginPicker(wxWindow* page, PageBuilder& build, const WidgetText&
     event.Skip();
     if (list_->HitTest(event.GetPosition()) != wxNOT_FOUND) PickSelected();
   });
-  // A double click, and on some systems Enter, which then comes as nothing else.
+  // A double click. On some systems Enter, too, comes as this event and as no other.
   list_->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) { PickSelected(); });
   Watch(list_);
   Watch(entry_);
@@ -82,7 +82,7 @@ void OriginPicker::Watch(wxWindow* control) {
 }
 
 void OriginPicker::LeaveUnlessFocused() {
-  // Where the focus goes is known when it is there.
+  // Only after this event does the new control have the focus.
   Later([this] {
     if (shown_list_ && !list_->HasFocus() && !open_->HasFocus()) handlers_.leave();
   });
@@ -90,7 +90,7 @@ void OriginPicker::LeaveUnlessFocused() {
 
 void OriginPicker::Later(std::function<void()> action) {
   page_->CallAfter([this, action = std::move(action)] {
-    // Two events of one closing, as a key and the focus that goes, are one.
+    // One closing can make two events: a key, and the loss of the focus. Ignore the second one.
     if (shown_list_ || shown_entry_) action();
   });
 }
@@ -122,7 +122,7 @@ bool OriginPicker::Show(const ColumnLayoutState& state,
   open_->Show(shown_list_.has_value());
   if (opens_entry) {
     entry_->SetFocus();
-    entry_->SetInsertionPointEnd();  // what is there is the beginning
+    entry_->SetInsertionPointEnd();  // the user types on after the text
   }
   if (opens_list) list_->SetFocus();
   painting_ = false;

@@ -18,10 +18,10 @@ class wxTextCtrl;
 
 namespace imptable {
 
-/// List1 with Command3, and Text1: what stands over an origin's cell while it is chosen.
+/// List1 with Command3, and Text1: the controls over an origin's cell while the user chooses it.
 class OriginPicker {
  public:
-  /// What the user does there; none is called while the picker paints.
+  /// Called for what the user does there, never while the picker paints.
   struct Handlers {
     std::function<void(std::size_t row)> open;  // Command3
     std::function<void(std::size_t entry)> pick;

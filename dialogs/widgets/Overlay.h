@@ -8,10 +8,10 @@ namespace imptable {
 
 // For a list that lies over other controls.
 
-/// Has a window paint only where no other one of the same parent lies over it.
+/// Lets a window paint only where no sibling lies over it.
 void LetLieUnderOthers(wxWindow& window);
 
-/// What a list takes to show so many entries, in pixels.
+/// The height that a list needs to show `count` entries, in pixels.
 int HeightOfEntries(const wxListBox& list, int count);
 
 }  // namespace imptable

@@ -4,7 +4,7 @@
 
 namespace imptable {
 
-// So does every window there.
+// On Linux every window does this by itself.
 void LetLieUnderOthers(wxWindow& /*window*/) {}
 
 int HeightOfEntries(const wxListBox& list, int count) {

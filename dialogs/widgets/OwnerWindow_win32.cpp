@@ -6,14 +6,14 @@ OwnerWindow::OwnerWindow(HWND window) {
   SetHWND(window);
   m_isShown = IsWindowVisible(window) != FALSE;
   m_isEnabled = IsWindowEnabled(window) != FALSE;
-  // What a modal dialog disables are the windows of this list.
+  // A modal dialog disables the windows of this list.
   wxTopLevelWindows.Append(this);
 }
 
 OwnerWindow::~OwnerWindow() {
-  // A dialog that a request to quit has ended leaves it disabled.
+  // A dialog that a request to quit has ended leaves its owner disabled.
   EnableWindow(static_cast<HWND>(GetHWND()), m_isEnabled ? TRUE : FALSE);
-  // The window is the host's to destroy.
+  // The host destroys its own window; the base class must not.
   SetHWND(nullptr);
 }
 

@@ -7,8 +7,8 @@
 
 namespace imptable {
 
-/// A window of the host as the toolkit sees it while it owns a dialog: disabled while the dialog is
-/// open, enabled and active after. Its messages stay the host's alone.
+/// A window of the host as the toolkit sees it while the window owns a dialog. It is disabled while
+/// the dialog is open, and enabled and active afterwards. The host alone gets its messages.
 class OwnerWindow : public wxTopLevelWindow {
  public:
   /// @param window  borrowed; a top-level window of this thread that outlives this.

@@ -39,7 +39,7 @@ wxTextCtrl* PageBuilder::Text(wxWindow* parent, const std::string& name, int cha
 }
 
 wxButton* PageBuilder::Button(wxWindow* parent, const std::string& name, const char* caption) {
-  // A caption of its own is a short one.
+  // Captions that are given here are short.
   const bool is_small = caption != nullptr;
   auto* const button = new wxButton(parent, wxID_ANY, is_small ? caption : "-", wxDefaultPosition,
                                     wxDefaultSize, is_small ? wxBU_EXACTFIT : 0);
@@ -61,7 +61,8 @@ wxWindow* PageBuilder::Option(wxWindow* parent, const std::string& array, int in
 }
 
 wxStaticBoxSizer* PageBuilder::Frame(wxWindow* parent, const std::string& name) {
-  // The caption is set later; without any, the frame would leave no room for one.
+  // "-" stands for the caption, which is set later. Without it the frame would leave no room for
+  // one.
   auto* const frame = new wxStaticBoxSizer(wxVERTICAL, parent, "-");
   Add(frame->GetStaticBox(), name);
   return frame;

@@ -30,7 +30,7 @@ class PageBuilder {
   /// @param characters  how wide the field is at least.
   wxTextCtrl* Text(wxWindow* parent, const std::string& name, int characters, long style = 0);
 
-  /// @param caption  of a button that the catalogue has none for; null for all others.
+  /// @param caption  for a button that has none in the catalogue; null for all others.
   wxButton* Button(wxWindow* parent, const std::string& name, const char* caption = nullptr);
   wxWindow* Check(wxWindow* parent, const std::string& name);
 
@@ -41,8 +41,8 @@ class PageBuilder {
   wxStaticBoxSizer* Frame(wxWindow* parent, const std::string& name);
   static wxWindow* Parent(wxStaticBoxSizer* frame) { return frame->GetStaticBox(); }
 
-  /// A grid of label and field, the fields as wide as there is room. Each field has a gap at its
-  /// right edge for the variable button.
+  /// A grid of labels and fields. The fields take all the room that is left. Each field has a gap
+  /// at its right edge for the variable button.
   static wxFlexGridSizer* Fields(wxWindow* parent);
   void AddField(wxFlexGridSizer* fields, wxWindow* label, wxWindow* field);
 

@@ -9,19 +9,20 @@ class wxTextCtrl;
 
 namespace imptable {
 
-/// A text field that can be masked and unmasked while one types in it: two fields in the same
-/// place, since not every toolkit lets a field change its mind.
+/// A text field that can be masked and unmasked while the user types. It is made of two fields in
+/// the same place, since not every toolkit can switch the mask of a field.
 class PasswordField : public wxPanel {
  public:
   PasswordField(wxWindow* parent, int characters);
 
-  /// The control as what it is; null when it is another kind of control.
+  /// The control as a PasswordField; null when it is another kind of control.
   static PasswordField* From(wxWindow& control);
 
   /// @param handler  called with each text that is typed.
   void OnText(std::function<void(const wxString& text)> handler);
 
-  /// Focus coming to, or leaving, either field, but not from one to the other.
+  /// @param handler  called when the focus comes to either field or leaves it, but not when it
+  /// moves from one to the other.
   void OnFocus(std::function<void(bool comes)> handler);
 
   /// Paints text and mask; the caret stays where it is.

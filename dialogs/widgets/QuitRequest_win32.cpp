@@ -11,10 +11,11 @@
 namespace imptable {
 namespace {
 
-/// What the host is to end with, once asked to. One for all: dialogs belong to one thread.
+/// The exit code of a request to quit, once there was one. One variable for all dialogs, since they
+/// belong to one thread.
 std::optional<int> exit_code;
 
-/// More than one dialog is open, so that there is a message loop around that which reads now.
+/// True when more than one dialog is open: another message loop runs around the one that reads now.
 bool IsNested() {
   int open = 0;
   for (const wxWindow* const window : wxTopLevelWindows) {
@@ -24,7 +25,8 @@ bool IsNested() {
   return open > 1;
 }
 
-// The toolkit's loop that reads the request ends, and the request with it.
+// A loop of the toolkit that reads the request ends, and the request is used up. So it is kept here
+// and posted again.
 LRESULT CALLBACK OnMessage(int code, WPARAM removal, LPARAM pointer) {
   const MSG& message = *std::bit_cast<const MSG*>(pointer);
   if (code == HC_ACTION && removal == PM_REMOVE && message.message == WM_QUIT) {

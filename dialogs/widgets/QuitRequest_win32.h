@@ -5,9 +5,9 @@ struct HHOOK__;
 
 namespace imptable {
 
-/// While it lives, a request to quit that the host gets ends the open dialogs of this thread, from
-/// the innermost on, as if each were cancelled; at its end the request goes on to the host's own
-/// message loop.
+/// While it lives, a request to quit that the host gets ends the open dialogs of this thread, the
+/// innermost first, as if each were cancelled. The destructor passes the request on to the host's
+/// own message loop.
 class QuitRequest {
  public:
   QuitRequest();

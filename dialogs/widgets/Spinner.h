@@ -11,7 +11,7 @@ class wxWindow;
 namespace imptable {
 
 /// A spinner for a number that its owner keeps: it has no value and no bounds of its own. The arrow
-/// keys step too, in the field.
+/// keys in the field step, too.
 /// @param field  borrowed; the text field that the spinner stands beside.
 /// @param step  called with true for a step up.
 wxWindow* MakeSpinner(wxWindow* parent, wxTextCtrl* field, const wxString& name,

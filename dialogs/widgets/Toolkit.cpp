@@ -10,7 +10,7 @@
 namespace imptable {
 namespace {
 
-/// The toolkit's application object: nothing of it is used but its message loop.
+/// The toolkit's application object. Only its message loop is used.
 class DialogApplication : public wxApp {
  public:
   bool OnInit() override {
@@ -19,8 +19,8 @@ class DialogApplication : public wxApp {
     return true;
   }
 
-  // What a handler throws ends the dialog and leaves ShowModal; else the toolkit would ask the user
-  // what to do, or end the process.
+  // An exception from a handler ends the dialog and leaves ShowModal. By default the toolkit would
+  // ask the user what to do, or end the process.
   bool OnExceptionInMainLoop() override { throw; }
   bool StoreCurrentException() override {
     failure_ = std::current_exception();
@@ -37,7 +37,7 @@ class DialogApplication : public wxApp {
 }  // namespace
 
 std::unique_ptr<Toolkit> Toolkit::Start() {
-  // What can't be done is the caller's to say, in its own words.
+  // Silence the toolkit: the caller reports a failure in its own words.
   const wxLogNull silence;
   wxApp::SetInstance(new DialogApplication);
   int no_arguments = 0;

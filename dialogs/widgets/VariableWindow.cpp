@@ -43,7 +43,7 @@ VariableWindow::VariableWindow(wxWindow* parent, const ModuleCommun& module,
 
 std::optional<std::string> VariableWindow::Selected() const {
   const wxTreeItemId item = names_->GetSelection();
-  // A title is no name.
+  // The title of a group can't be picked.
   if (!item.IsOk() || item == names_->GetRootItem() ||
       names_->GetItemParent(item) == names_->GetRootItem()) {
     return std::nullopt;

@@ -14,7 +14,7 @@ class wxTreeCtrl;
 
 namespace imptable {
 
-/// The small dialog in which a variable or a constant of the host is picked.
+/// The small dialog for picking a variable or a constant of the host.
 class VariableWindow : private wxDialog {
  public:
   /// @param module  borrowed.

@@ -14,7 +14,7 @@ wxWindow* FrontWindow() {
   return wxTheApp != nullptr ? wxTheApp->GetTopWindow() : nullptr;
 }
 
-/// The ordinary pointer while it lives: a question mustn't look as if one had to wait.
+/// Shows the ordinary pointer while it lives: a box with an hourglass looks as if one had to wait.
 class OrdinaryPointer {
  public:
   OrdinaryPointer() {

@@ -13,7 +13,8 @@
 namespace imptable {
 namespace {
 
-/// The toolkit's message loop, for who waits: its windows are painted.
+/// Served during the wait: the system's timers, and the toolkit's loop, so that its windows are
+/// painted.
 class PaintingLoop : public MessageLoop {
  public:
   void Yield() override {
@@ -40,10 +41,10 @@ void WidgetOdbcAdministrator::RunAndWait() {
   {
     const wxWindowDisabler frozen;
     PaintingLoop loop;
-    // One that can't be started is as good as none.
+    // A program that can't be started counts as no program.
     static_cast<void>(SystemProcessLauncher()->RunAndWait(program, loop));
   }
-  // A window that was disabled has lost it, and the keyboard with it.
+  // Disabling the windows took the focus away, and the keyboard with it.
   if (focus) focus->SetFocus();
 }
 

@@ -5,7 +5,8 @@
 
 namespace imptable {
 
-/// The administrator as a process that the dialogs wait for: frozen, but painted.
+/// Runs the administrator as a process. The dialogs wait for it: they take no input but are
+/// painted.
 class WidgetOdbcAdministrator : public OdbcAdministrator {
  public:
   void RunAndWait() override;

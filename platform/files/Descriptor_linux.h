@@ -35,7 +35,7 @@ class Descriptor {
   int raw() const { return raw_; }
   bool is_open() const { return raw_ >= 0; }
 
-  /// Closes only once: even a failed close(2) gives the descriptor back.
+  /// Called once only: even a failed close(2) frees the descriptor.
   std::error_code Close() {
     if (!is_open()) return {};
     return close(std::exchange(raw_, -1)) == 0 ? std::error_code() : LastError();

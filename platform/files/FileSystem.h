@@ -19,7 +19,7 @@ class InputFile {
   /// @return the number of bytes read, 0 at the end of the file or when `error` is set.
   virtual std::size_t Read(char* buffer, std::size_t size, std::error_code& error) = 0;
 
-  /// Goes on so many bytes further; beyond the end there is nothing more to read.
+  /// Moves on by `bytes`. Beyond the end there is nothing more to read.
   virtual std::error_code Skip(std::uint64_t bytes);
 };
 
@@ -50,16 +50,16 @@ class FileSystem {
  public:
   virtual ~FileSystem() = default;
 
-  /// @return the path of the file that the system finds under this name: the path itself when
-  /// it exists, else (on systems that tell case apart) the first file of its directory whose name
-  /// differs in case only, else the path itself.
+  /// @return the path of the file that the system finds under this name. That is the path itself
+  /// when it exists. Else, on systems that tell case apart, it is the first file of the directory
+  /// whose name differs in case only. Else it is the path itself.
   virtual std::string Locate(std::string_view path) const = 0;
 
-  /// @return nullopt when there is no such file, and when it can't be looked at: then `error` is
-  /// set.
+  /// @return nullopt when there is no such file. Also nullopt when it can't be looked at: then
+  /// `error` is set.
   virtual std::optional<FileInfo> Query(const std::string& path, std::error_code& error) const = 0;
 
-  /// For whom that is the same.
+  /// For callers that treat a file that can't be looked at like a missing one.
   std::optional<FileInfo> Query(const std::string& path) const {
     std::error_code error;
     return Query(path, error);
@@ -68,16 +68,16 @@ class FileSystem {
   virtual std::unique_ptr<InputFile> OpenForReading(const std::string& path,
                                                     std::error_code& error) = 0;
 
-  /// Creates the file when it doesn't exist. Where files have owners, kTruncate takes regular files
-  /// alone and never goes through a symbolic link, and kAppend only through links that this user or
-  /// the administrator made; the error is too_many_symbolic_link_levels for any other.
+  /// Creates the file when it doesn't exist. Where files have owners, kTruncate opens regular files
+  /// only and follows no symbolic link; kAppend follows only links that this user or the
+  /// administrator made. The error for any other link is too_many_symbolic_link_levels.
   virtual std::unique_ptr<OutputFile> OpenForWriting(const std::string& path, WriteMode mode,
                                                      std::error_code& error) = 0;
 
   virtual std::error_code Remove(const std::string& path) = 0;
 
-  /// Gives a file the name of another of its directory, which it replaces in one step. On success
-  /// the change has reached the disk.
+  /// Renames `from` to `to` in the same directory. A file that `to` already names is replaced in
+  /// one step. On success the change has reached the disk.
   virtual std::error_code Replace(const std::string& from, const std::string& to) = 0;
 };
 

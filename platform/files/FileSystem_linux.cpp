@@ -63,7 +63,7 @@ class LinuxOutputFile : public OutputFile {
   Descriptor file_;
 };
 
-/// What keeps an open file from being read as data, if anything.
+/// @return why an open file can't be read as data; no error when it can.
 std::error_code WhyUnreadable(int file) {
   struct stat status {};
   if (fstat(file, &status) != 0) return LastError();
@@ -119,7 +119,7 @@ class LinuxFileSystem : public FileSystem {
 
   std::unique_ptr<InputFile> OpenForReading(const std::string& path,
                                             std::error_code& error) override {
-    // O_NONBLOCK, or opening a pipe would wait for its writer.
+    // Without O_NONBLOCK, opening a pipe would wait for its writer.
     constexpr int kFlags = O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
     Descriptor file(Retry([&] { return open(path.c_str(), kFlags); }));
     error = file.is_open() ? WhyUnreadable(file.raw()) : LastError();
@@ -148,7 +148,7 @@ class LinuxFileSystem : public FileSystem {
     if (rename(from.c_str(), to.c_str()) != 0) return LastError();
     const Descriptor directory(
         Retry([&] { return open(DirectoryOf(to).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
-    // A directory that may be written to but not read can't be flushed: the name has changed.
+    // The name has changed already. A directory that can't be read can't be flushed.
     return directory.is_open() ? FlushDescriptor(directory) : std::error_code();
   }
 };

@@ -18,7 +18,7 @@ namespace {
 using FileSystemLinux = FileSystemFixture;
 
 TEST_F(FileSystemLinux, WritesAllOfWhatGoesOutInPiecesAndIsInterrupted) {
-  // A pipe takes no more than it has room for; the signals come while it is full.
+  // The pipe is soon full, so a write has to wait. The signals interrupt that wait.
   static std::atomic<int> signals = 0;
   struct sigaction action {};
   action.sa_handler = [](int) { ++signals; };  // without SA_RESTART
@@ -65,7 +65,7 @@ TEST_F(FileSystemLinux, TellsThatTheDiskIsFull) {
 TEST_F(FileSystemLinux, ClosesAFileWithItsOwner) {
   folder_.Write("a.txt", "text");
   std::error_code error;
-  // The system gives the lowest free number: it stays the same when each file is closed.
+  // The system gives the lowest free descriptor: the same one again when every file was closed.
   const int before = dup(0);
   close(before);
   files_->OpenForReading(At("a.txt"), error).reset();

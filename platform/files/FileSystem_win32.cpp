@@ -88,15 +88,15 @@ bool IsDirectory(const std::string& path) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-/// Why the last system call refused this path; of a directory it tells no more than "access
-/// denied".
+/// @return why the last system call refused this path. For a directory the system itself says only
+/// "access denied".
 std::error_code LastErrorAt(const std::string& path) {
   const std::error_code error = LastError();
   return IsDirectory(path) ? std::make_error_code(std::errc::is_a_directory) : error;
 }
 
-/// Whether there is no file of this name, or can't be one. What a server has that is out of reach
-/// isn't known.
+/// True when the code says that no file of this name exists or can exist. A server out of reach
+/// doesn't say that: the file may be there.
 bool MeansNone(DWORD code) {
   switch (code) {
     case ERROR_FILE_NOT_FOUND:
@@ -155,7 +155,7 @@ class WindowsFileSystem : public FileSystem {
 
   std::unique_ptr<OutputFile> OpenForWriting(const std::string& path, WriteMode mode,
                                              std::error_code& error) override {
-    // Without the right to write elsewhere, the system itself puts each write at the end.
+    // Without FILE_WRITE_DATA the system itself puts each write at the end of the file.
     const bool append = mode == WriteMode::kAppend;
     const DWORD access = append ? FILE_GENERIC_WRITE & ~FILE_WRITE_DATA : FILE_GENERIC_WRITE;
     FileHandle file(CreateFileA(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,

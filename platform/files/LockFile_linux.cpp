@@ -12,7 +12,7 @@
 namespace imptable {
 namespace {
 
-/// Each further one means that another process has just removed the file.
+/// A further attempt is made only when another process has just removed the file.
 constexpr int kMostAttempts = 1000;
 
 constexpr int kFlags = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
@@ -36,7 +36,8 @@ LockFile::LockFile(std::string path) : path_(std::move(path)) {
 }
 
 LockFile::~LockFile() {
-  // Still locked: whoever has opened the file by now finds, once it has the lock, that it is gone.
+  // Remove the file before the lock ends. A process that has opened it by now gets the lock later,
+  // and then sees that the file is gone.
   if (state_ == State::kLocked) unlink(path_.c_str());
 }
 
@@ -59,7 +60,7 @@ bool LockFile::Open() {
       Retry([this] { return open(path_.c_str(), O_RDWR | O_CREAT | kFlags, kAnyMode); }));
   error_ = file_.is_open() ? std::error_code() : LastError();
   if (error_ == std::errc::permission_denied) {
-    // Another user's file can be locked by whoever may read it.
+    // Reading rights are enough to lock another user's file.
     file_ = Descriptor(Retry([this] { return open(path_.c_str(), O_RDONLY | kFlags); }));
     if (file_.is_open()) error_.clear();
   }
@@ -91,7 +92,7 @@ bool LockFile::LooksLikeALock() const {
 }
 
 void LockFile::NoteProcess() const {
-  // For the eye alone: a disk that is full, or a file that can't be written, locks all the same.
+  // The number is information only. The lock holds even when the number can't be written.
   const std::string text = std::to_string(getpid()) + '\n';
   if (ftruncate(file_.raw(), 0) == 0) {
     static_cast<void>(Retry([&] { return pwrite(file_.raw(), text.data(), text.size(), 0); }));

@@ -10,16 +10,16 @@
 
 namespace imptable {
 
-/// A file that one process at a time has locked. The system lets a lock go with its process,
-/// however that ends, so a file that a killed one left behind keeps nobody out. It goes with its
-/// object.
+/// A file that at most one process has locked. The system releases the lock when the process ends
+/// in any way, so the file of a killed process keeps nobody out. The destructor removes a file that
+/// it has locked.
 class LockFile {
  public:
   enum class State : std::uint8_t {
     kLocked,
     kBusy,      // another process has it
     kUnusable,  // what stands at the path can't be locked
-    kForeign,   // it holds something that no lock does
+    kForeign,   // the file holds something that isn't a lock file's text
     kNone,      // no file can be made at the path, or its file system has no locks
   };
 
@@ -33,10 +33,10 @@ class LockFile {
   State state() const { return state_; }
   const std::string& path() const { return path_; }
 
-  /// When busy: the process that has it, as far as it said so.
+  /// When kBusy: the process that has the lock, if the file names it.
   const std::optional<std::int64_t>& holder() const { return holder_; }
 
-  /// When unusable or none: why.
+  /// When kUnusable or kNone: why.
   const std::error_code& error() const { return error_; }
 
  private:

@@ -13,7 +13,7 @@ namespace imptable {
 namespace {
 
 constexpr int kFlags = O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY;
-constexpr int kMostLinks = 40;  // as the system itself follows
+constexpr int kMostLinks = 40;  // as many as the system itself follows
 constexpr mode_t kAnyMode = 0666;
 
 Descriptor Open(const std::string& path, int flags, std::error_code& error) {
@@ -26,7 +26,7 @@ bool IsLink(const std::error_code& error) {
   return error == std::errc::too_many_symbolic_link_levels;
 }
 
-/// What keeps an open file from being replaced by a text, if anything.
+/// Empties an open file. @return why that failed; only regular files can be emptied.
 std::error_code Empty(int file) {
   struct stat status {};
   if (fstat(file, &status) != 0) return LastError();
@@ -34,14 +34,15 @@ std::error_code Empty(int file) {
   return Retry([&] { return ftruncate(file, 0); }) == 0 ? std::error_code() : LastError();
 }
 
-/// One link on the way, held open so that it can't be exchanged once it was looked at.
+/// One symbolic link. It is held open, so that nobody can exchange it after it was looked at.
 class Link {
  public:
   explicit Link(const std::string& path) : path_(path) {
     link_ = Descriptor(Retry([&] { return open(path.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC); }));
   }
 
-  /// Those of /proc, such as /dev/stdout leads to, are made by the system and have no path.
+  /// True for the links of /proc, for example behind /dev/stdout. The system makes them, and they
+  /// have no path to follow.
   bool IsOfTheSystem() const {
     struct statfs status {};
     return link_.is_open() && fstatfs(link_.raw(), &status) == 0 &&
@@ -71,8 +72,8 @@ class Link {
 }  // namespace
 
 Descriptor OpenToReplace(const std::string& path, std::error_code& error) {
-  // Without O_TRUNC, or it would be emptied before it is known what it is; with O_NONBLOCK, or
-  // opening a pipe would wait for its reader.
+  // O_TRUNC would empty the file before we know what it is. Without O_NONBLOCK, opening a pipe
+  // would wait for its reader.
   Descriptor file = Open(path, kFlags | O_NOFOLLOW | O_NONBLOCK, error);
   if (file.is_open()) {
     error = Empty(file.raw());

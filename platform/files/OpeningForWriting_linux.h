@@ -12,11 +12,11 @@ namespace imptable {
 // rights that the umask leaves. `error` is too_many_symbolic_link_levels for a link that isn't
 // followed; the descriptor is closed when there is an error.
 
-/// Opens a regular file, itself and never what a link of this name points to, and empties it.
+/// Opens a regular file and empties it. Never follows a link of this name.
 Descriptor OpenToReplace(const std::string& path, std::error_code& error);
 
-/// Opens a file, a pipe or a terminal to write at its end. A link is followed when this user or the
-/// administrator made it, and so is every link that it leads to.
+/// Opens a file, a pipe or a terminal to write at its end. Each link on the way is followed only
+/// when this user, the administrator or the system (/proc) made it.
 Descriptor OpenToAppend(const std::string& path, std::error_code& error);
 
 }  // namespace imptable

@@ -79,7 +79,7 @@ TEST_F(WritingThroughLinks, AppendsThroughThoseOfTheUser) {
 }
 
 TEST_F(WritingThroughLinks, AppendsToWhateverStandardOutputIs) {
-  // As /dev/stdout does, by way of /proc.
+  // Like /dev/stdout, this link leads through /proc.
   Link("out", "/proc/self/fd/" + std::to_string(STDOUT_FILENO));
   std::error_code error;
   EXPECT_NE(files_->OpenForWriting(At("out"), WriteMode::kAppend, error), nullptr)

@@ -11,7 +11,7 @@
 namespace imptable {
 namespace {
 
-// The end-of-file mark of old text editors is one of them.
+// \x1A, the end-of-file mark of old text editors, counts as a blank.
 constexpr std::string_view kBlanks = " \t\v\f\x1A";
 constexpr std::string_view kLineEnds = "\r\n";
 
@@ -27,10 +27,10 @@ std::string_view Unquoted(std::string_view text) {
   return quoted ? text.substr(1, text.size() - 2) : text;
 }
 
-/// The text in front of its first NUL: what the other platform's strings can hold.
+/// The text before its first NUL: that is as far as Windows' reader sees it.
 std::string_view UpToNul(std::string_view text) { return text.substr(0, text.find('\0')); }
 
-/// A name to look for, without regard to case and to blanks around it.
+/// A name to look for. Case, and blanks around the name, don't matter.
 class SoughtName {
  public:
   SoughtName(std::string_view name, const TextEncoding& encoding)
@@ -74,8 +74,8 @@ std::optional<std::string_view> FindValue(std::string_view text, const SoughtNam
   return std::nullopt;
 }
 
-/// The text of a file that may say by its first bytes in which encoding it is; one that doesn't is
-/// in the code page.
+/// The bytes of a file in the code page. A byte order mark tells which encoding the file has;
+/// without one, the file is in the code page already.
 std::string InCodePage(std::string bytes, const TextEncoding& encoding) {
   const std::string_view text = bytes;
   if (text.starts_with("\xEF\xBB\xBF")) return encoding.FromUtf8(text.substr(3));

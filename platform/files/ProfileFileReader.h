@@ -7,7 +7,7 @@
 
 namespace imptable {
 
-/// Reads initialisation files as the other platform's profile-string reader does.
+/// Reads initialisation files as Windows' profile-string reader does.
 class ProfileFileReader : public ProfileFile {
  public:
   /// Both are borrowed.

@@ -9,8 +9,8 @@ namespace {
 
 constexpr std::size_t kLongestValue = 65'535;
 
-/// @return the path from its drive or server on: the system looks for a bare name among its own
-/// files.
+/// @return the path from its drive or server on. The system would look for a bare name in its own
+/// folder.
 std::string FullPath(const std::string& path) {
   std::string full(MAX_PATH, '\0');
   for (;;) {

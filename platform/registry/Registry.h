@@ -43,8 +43,8 @@ inline constexpr std::int32_t kRegistryOk = 0;
 inline constexpr std::int32_t kRegistryNotFound = 2;      // ERROR_FILE_NOT_FOUND
 inline constexpr std::int32_t kRegistryAccessDenied = 5;  // ERROR_ACCESS_DENIED
 
-/// The registry as a whole can't be read or written (damaged, locked, no rights): what() says which
-/// one, what is wrong and what to do, in one line.
+/// The registry as a whole can't be read or written (damaged, locked, no rights). what() is one
+/// line: which registry, what is wrong and what to do.
 class RegistryError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

@@ -19,7 +19,8 @@ namespace imptable {
 /// be used on both sides of a fork.
 class RegistryFile {
  public:
-  /// @return false when there is no file at the path; one that can't be looked at counts as there.
+  /// @return false when there is no file at the path. A file that can't be looked at counts as
+  /// there.
   static bool IsThere(const std::string& path);
 
   /// Opens the file. When there is none it is created without tables, for its owner only, together
@@ -56,7 +57,8 @@ class RegistryFile {
   void CheckKind() const;
   void Execute(const char* sql);
   void SwitchToWriteAheadLog();
-  /// @param sql  a literal: prepared at its first use and kept by its text.
+  /// @param sql  a string literal. Its statement is prepared once, kept, and found again by the
+  /// text.
   sqlite3_stmt* Prepared(std::string_view sql);
   [[noreturn]] void FailWith(int code) const;
 
@@ -67,8 +69,8 @@ class RegistryFile {
   std::unordered_map<std::string_view, std::unique_ptr<sqlite3_stmt, Finalize>> statements_;
 };
 
-/// One use of a prepared statement; ready for the next use when it goes. Two uses of the same text
-/// must not overlap.
+/// One use of a prepared statement. The destructor makes the statement ready for its next use. Two
+/// uses of the same text must not overlap.
 class RegistryQuery {
  public:
   /// @param sql  a literal.
@@ -97,7 +99,7 @@ class RegistryQuery {
   int bound_ = 0;
 };
 
-/// Rolled back when it goes without having been committed.
+/// The destructor rolls the transaction back unless it was committed.
 class RegistryTransaction {
  public:
   enum class Kind {
@@ -115,7 +117,7 @@ class RegistryTransaction {
 
  private:
   RegistryFile& file_;
-  bool joined_;  // one within another is part of it
+  bool joined_;  // true within another transaction: this one is a part of that one
   bool open_ = true;
 };
 

@@ -18,8 +18,9 @@ enum class RegistryFileFault {
   kUnusable,  // anything else that the operating system refuses
 };
 
-/// The registry file can't be opened, read or written. what() is one line that names the file,
-/// what is wrong with it and what to do, in English; who speaks another language has the parts.
+/// The registry file can't be opened, read or written. what() is one line in English that names the
+/// file, what is wrong with it and what to do. The members give the parts, for texts in other
+/// languages.
 class RegistryFileError : public RegistryError {
  public:
   /// @param detail  the reason in the words of whoever found it; may be empty.

@@ -107,10 +107,10 @@ RegistryFile::RegistryFile(const std::string& path, std::chrono::milliseconds lo
   database_.reset(database);
   if (code != SQLITE_OK) FailWith(code);
   sqlite3_busy_timeout(database, static_cast<int>(lock_wait.count()));
-  HasTables();  // before anything is changed in a database of another kind
+  HasTables();  // fails on another kind of database, before anything in it changes
   SwitchToWriteAheadLog();
-  // In this journal mode a commit survives the death of the process; only a power cut may take the
-  // last ones back, and leaves the file consistent.
+  // With a write-ahead log, a commit survives the death of the process. A power cut may undo the
+  // last commits, but leaves the file consistent.
   Execute("PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON;");
 }
 
@@ -123,7 +123,7 @@ void RegistryFile::Create() const {
   const auto create = [this](int flags = O_EXCL) {
     const int file = open(path_.c_str(), O_CREAT | flags | O_RDWR | O_CLOEXEC, 0600);
     if (file < 0) return errno;
-    const int failed = fchmod(file, 0600) == 0 ? 0 : errno;  // whatever the umask took away
+    const int failed = fchmod(file, 0600) == 0 ? 0 : errno;  // the umask may have taken rights away
     close(file);
     return failed;
   };
@@ -132,7 +132,7 @@ void RegistryFile::Create() const {
     error = MakeDirectories(path_);
     if (error == 0) error = create();
   }
-  if (error == EEXIST && !IsThere(path_)) error = create(0);  // where a link leads
+  if (error == EEXIST && !IsThere(path_)) error = create(0);  // a link to no file: make that file
   if (error != 0 && error != EEXIST) Fail(FaultOf(error), SystemMessage(error));
 }
 
@@ -171,7 +171,7 @@ bool RegistryFile::HasTables() {
 void RegistryFile::CreateTables() { Execute(kSchema); }
 
 void RegistryFile::SwitchToWriteAheadLog() {
-  // Needs the file for itself for a moment, and SQLite doesn't wait for that by itself.
+  // The switch needs the file for itself for a moment. SQLite doesn't wait for that, so we do.
   const auto give_up = std::chrono::steady_clock::now() + lock_wait_;
   for (;;) {
     const int code =
@@ -209,7 +209,7 @@ void RegistryFile::FailWith(int code) const {
   const int last_error = errno;
   if ((code & 0xFF) == SQLITE_NOMEM) throw std::bad_alloc();
   int error = database_ == nullptr ? 0 : sqlite3_system_errno(database_.get());
-  if (error == 0) error = last_error;  // SQLite doesn't note it for a failed commit
+  if (error == 0) error = last_error;  // SQLite keeps no number for a failed commit
   const RegistryFileFault fault = FaultOfSqlite(code, error);
   std::string detail =
       database_ == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(database_.get());

@@ -26,8 +26,8 @@ struct NamedValue {
   bool operator==(const NamedValue&) const = default;
 };
 
-/// A key as stored: its names in the case in which they were first written, its values in the
-/// order in which they were.
+/// A key as stored. Names have the case in which they were first written. Values are in the order
+/// in which they were first written.
 struct StoredKey {
   KeyPath key;
   std::vector<NamedValue> values;
@@ -57,8 +57,8 @@ class RegistryStore {
 
   static bool HasRoot(std::int32_t root);
 
-  /// Opens the file. Where there is none nothing is found; the first write creates it, for its
-  /// owner only, with the directories on the way.
+  /// Opens the file. While there is no file, nothing is found. The first write creates it, for its
+  /// owner only, together with the directories on the way to it.
   /// @param first_edits  what a file gets when it is created.
   explicit RegistryStore(const std::string& path, std::vector<RegistryEdit> first_edits = {},
                          std::chrono::milliseconds lock_wait = kLockWait);
@@ -111,13 +111,13 @@ class RegistryStore {
   /// All the edits in their order, or none of them. Deleting what isn't there is no error.
   void Apply(const std::vector<RegistryEdit>& edits);
 
-  /// All that `work` does with this store, or, when it throws, none of it. No other process writes
-  /// between what it reads and what it writes.
+  /// Makes every change that `work` makes through this store, or no change when `work` throws. No
+  /// other process writes meanwhile.
   void Together(const std::function<void()>& work);
 
  private:
-  /// The file, when there is one with tables; else null. Looked for again as long as there is none:
-  /// another process may make it.
+  /// The file when there is one with tables, else null. Each call without a file looks again:
+  /// another process may have made it.
   RegistryFile* Opened() const;
 
   /// The file, which is created when there is none.

@@ -22,7 +22,7 @@ struct Kind {
 
 void PrintTo(const Kind& kind, std::ostream* out) { *out << kind.name; }
 
-/// What every body of the port has to keep to.
+/// What every implementation of the registry port has to do.
 class Registries : public testing::TestWithParam<Kind> {
  protected:
   Registry& registry() { return place_->registry(); }

@@ -27,24 +27,25 @@ class OpenKey {
   OpenKey& operator=(const OpenKey&) = delete;
 
   HKEY raw() const { return raw_; }
-  /// For the function that opens it.
+  /// Where the opening function puts the key.
   HKEY* out() { return &raw_; }
 
  private:
   HKEY raw_ = nullptr;
 };
 
-/// @return null for what is no predefined root: it could be any other handle of the process.
+/// @return null unless the number is a predefined root: it could be any other handle of the
+/// process.
 HKEY RootHandle(std::int32_t root) {
   constexpr std::uint32_t kPredefined = 0x80000000;
   const auto number = static_cast<std::uint32_t>(root);
   if ((number & 0xFFFFFF00U) != kPredefined) return nullptr;
-  // A predefined root is its number, sign-extended where a handle is longer.
+  // The handle of a predefined root is its number, sign-extended where handles are longer.
   // NOLINTNEXTLINE(performance-no-int-to-ptr)
   return reinterpret_cast<HKEY>(static_cast<ULONG_PTR>(static_cast<LONG_PTR>(root)));
 }
 
-/// The path as Windows takes it: a "\" too many is an error there.
+/// The path without superfluous "\": for Windows they are errors.
 std::string PlainPath(std::string_view path) {
   std::string plain;
   for (const std::string_view part : PathParts(path)) {

@@ -10,7 +10,7 @@
 #include "platform/testing/RegistryPlace.h"
 #include "platform/windows/Windows_win32.h"
 
-// clang-format off: it needs <windows.h> before it
+// clang-format off: <sddl.h> needs <windows.h> before it
 #include <sddl.h>
 // clang-format on
 
@@ -21,10 +21,10 @@ using testing::Contains;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-/// The registry as any other program of the system sees it, beside the port.
+/// Looks at the registry with the system's own functions, beside the port.
 class RegistryOfWindows : public testing::Test {
  protected:
-  /// The bytes of a value in the system's own form, in which a character has two.
+  /// The bytes of a value as the system stores them: two bytes a character.
   std::string Stored(const KeyPath& key, const std::wstring& name, DWORD& type) const {
     HKEY open = nullptr;
     EXPECT_EQ(RegOpenKeyExA(HKEY_CURRENT_USER, key.path.c_str(), 0, KEY_READ, &open), 0);
@@ -38,7 +38,8 @@ class RegistryOfWindows : public testing::Test {
     return bytes;
   }
 
-  /// Leaves everybody these rights alone on a key, in the notation of security descriptors.
+  /// Leaves everybody only these rights on the key.
+  /// @param rights  in the notation of security descriptors.
   void Restrict(const KeyPath& key, const std::string& rights) const {
     HKEY open = nullptr;
     ASSERT_EQ(RegOpenKeyExA(HKEY_CURRENT_USER, key.path.c_str(), 0, WRITE_DAC, &open), 0);

@@ -21,11 +21,12 @@ inline constexpr std::int32_t kRegistryDiskFull = 112;      // ERROR_DISK_FULL
 inline constexpr std::int32_t kRegistryDamaged = 1009;      // ERROR_BADDB
 inline constexpr std::int32_t kRegistryCannotWrite = 1013;  // ERROR_CANTWRITE
 
-/// The registry port over a registry file, in the system's code page. A name that holds a
-/// character that the code page lacks is listed with "?" in its place, and isn't found by that.
+/// The registry port over a registry file, in the system's code page. A name may hold a character
+/// that the code page lacks. It is listed with "?" for that character, and can't be found under the
+/// listed name.
 ///
-/// A file that can't be read (damaged, locked) is a RegistryFileError from the reading members: its
-/// values must not pass for absent ones. The writing members give a result code instead.
+/// When the file can't be read (damaged, locked), the reading members throw RegistryFileError: its
+/// values must not pass for absent ones. The writing members return a result code instead.
 class SqliteRegistry : public Registry {
  public:
   /// Both are borrowed and must outlive the adapter.
@@ -38,8 +39,8 @@ class SqliteRegistry : public Registry {
   std::vector<std::string> ValueNames(const KeyPath& key) const override;
   std::vector<std::string> SubkeyNames(const KeyPath& key) const override;
 
-  /// Why the latest one of the writes and deletions that failed for the file's sake did; a later
-  /// success doesn't clear it.
+  /// The error of the latest write or deletion that failed because of the file. A later success
+  /// doesn't clear it.
   const std::optional<RegistryFileError>& last_write_failure() const { return last_write_failure_; }
 
  private:

@@ -46,7 +46,7 @@ tm BrokenDown(const LocalTime& time) {
   result.tm_min = time.minute;
   result.tm_sec = time.second;
   tm normalised = result;
-  timegm(&normalised);  // for the day of the week
+  timegm(&normalised);  // works out the days of the week and of the year
   result.tm_wday = normalised.tm_wday;
   result.tm_yday = normalised.tm_yday;
   return result;
@@ -63,7 +63,7 @@ class LinuxClock : public Clock {
         format_(locale_.IsC() ? "%Y-%m-%d %H:%M:%S" : "%x %X"),
         locale_encoding_(MakeTextEncoding(locale_.CodeSet())),
         encoding_(std::move(encoding)) {
-    tzset();  // localtime_r needn't
+    tzset();  // localtime_r doesn't have to do that itself
   }
 
   LocalTime Now() const override {
@@ -98,7 +98,7 @@ class LinuxClock : public Clock {
   const char* format_;
   std::unique_ptr<TextEncoding> locale_encoding_;
   std::unique_ptr<TextEncoding> encoding_;
-  // Lines of one second are many, and their time is the same.
+  // The last time and its text. Many lines are written within one second, all with that text.
   mutable LocalTime text_time_;
   mutable std::string text_;
 };

@@ -10,7 +10,7 @@
 namespace imptable {
 
 /// @param locale  name of the locale whose date and time format is used; "" for the environment's.
-/// One that the system lacks counts as the C locale.
+/// A locale that the system lacks counts as the C locale.
 /// @param encoding  of the texts.
 std::unique_ptr<Clock> MakeClock(const std::string& locale, std::unique_ptr<TextEncoding> encoding);
 

@@ -11,7 +11,8 @@ namespace {
 template <typename Format>
 std::string Formatted(Format format, DWORD form, const SYSTEMTIME& time) {
   std::array<char, 256> text;
-  // The A functions would else take the code page of the user's locale for that of the system.
+  // Without LOCALE_USE_CP_ACP the A functions would use the code page of the user's locale instead
+  // of the system's.
   const int size = format(LOCALE_USER_DEFAULT, LOCALE_USE_CP_ACP | form, &time, nullptr,
                           text.data(), static_cast<int>(text.size()));
   return size == 0 ? std::string() : std::string(text.data(), static_cast<std::size_t>(size) - 1);

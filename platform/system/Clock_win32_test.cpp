@@ -13,7 +13,7 @@ namespace {
 constexpr LocalTime kSaturday{
     .year = 2003, .month = 2, .day = 1, .hour = 13, .minute = 4, .second = 5};
 
-/// Changes one of the user's formats; puts the former one back when its owner goes.
+/// Changes one of the user's formats. The destructor puts the former one back.
 class UserFormat {
  public:
   UserFormat(LCTYPE what, const wchar_t* format) : what_(what) {

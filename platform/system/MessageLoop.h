@@ -13,9 +13,9 @@ class Timer {
   virtual ~Timer() = default;
 };
 
-/// The thread's message loop. Ticks are delivered from within Yield() only, on the same thread;
-/// ticks that were missed meanwhile count as one. On Windows any other message loop of the thread
-/// delivers them too, as that of a dialog, but what leaves such a tick as an exception is lost.
+/// The thread's message loop. Only Yield() delivers ticks, on the same thread. The ticks that a
+/// timer has missed count as one. On Windows the thread's other message loops, such as a dialog's,
+/// deliver ticks too; an exception from such a tick is lost.
 class MessageLoop {
  public:
   virtual ~MessageLoop() = default;

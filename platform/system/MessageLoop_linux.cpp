@@ -40,7 +40,7 @@ class Schedule {
     FindNextDue();
   }
 
-  /// Each timer that is due ticks once, however often it should have.
+  /// Each timer that is due ticks once, however many ticks it has missed.
   void RunDue(nanoseconds now) {
     const auto entries = entries_;  // a tick may start and stop timers
     for (const auto& entry : entries) {

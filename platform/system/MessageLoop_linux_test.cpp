@@ -104,7 +104,7 @@ TEST_F(MessageLoopOfLinux, LetsATickEndItsOwnTimer) {
   std::unique_ptr<Timer> timer;
   timer = loop_->StartTimer(100ms, [&] {
     timer.reset();
-    ++ticks;  // what the tick holds is still there
+    ++ticks;  // what the tick captured is still there
   });
   for (int i = 0; i < 3; ++i) {
     Pass(100ms);

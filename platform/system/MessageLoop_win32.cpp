@@ -9,7 +9,7 @@
 namespace imptable {
 namespace {
 
-/// A window that never paints itself valid would else keep one Yield busy for ever.
+/// Without a limit, a window that never marks itself as painted would keep one Yield busy for ever.
 constexpr int kMostMessages = 1000;
 
 /// What a loop and its timers share; the timers may outlive the loop.
@@ -20,7 +20,7 @@ struct LoopState {
 
 class ThreadTimer;
 
-/// The thread's armed timers, linked. Windows hands a tick no more than the timer's number.
+/// The thread's armed timers, linked. A tick gets only its timer's number from Windows.
 thread_local ThreadTimer* first_timer = nullptr;
 
 class ThreadTimer : public Timer {
@@ -92,7 +92,7 @@ class WindowsMessageLoop : public MessageLoop {
   }
 
  private:
-  /// Ends with the first tick that fails, and where the thread is asked to quit, which is left to
+  /// Stops at the first tick that fails. Stops at a request to quit, too, and posts it again for
   /// the thread's outermost loop.
   static void Pump(const LoopState& state) {
     MSG message;

@@ -9,8 +9,8 @@
 namespace imptable {
 
 /// The message loop of the thread that makes it; its timers must end on that thread.
-/// @param now  as GetTickCount. A Yield looks into the thread's message queue only when it has
-/// moved since the last one.
+/// @param now  like GetTickCount. Yield looks into the thread's message queue only when this time
+/// has changed since the last look.
 std::unique_ptr<MessageLoop> MakeMessageLoop(DWORD(WINAPI* now)());
 
 }  // namespace imptable

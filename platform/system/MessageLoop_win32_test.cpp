@@ -45,7 +45,7 @@ class MessageLoopOfWindows : public testing::Test {
  protected:
   void Move() { ++time_; }
 
-  /// As a modal dialog does it.
+  /// Runs another message loop of the thread, as a modal dialog does.
   static void RunForeignLoopUntil(const std::function<bool()>& reached) {
     MSG message;
     while (!reached() && GetMessageA(&message, nullptr, 0, 0) > 0) DispatchMessageA(&message);

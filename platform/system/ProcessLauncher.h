@@ -15,10 +15,10 @@ class ProcessLauncher {
   virtual ~ProcessLauncher() = default;
 
   /// Starts a program without arguments, in a normal window where it has one, and returns when it
-  /// has ended; `loop` is served meanwhile. What leaves a tick as an exception ends the waiting.
+  /// has ended. `loop` is served meanwhile. An exception from a tick ends the waiting.
   /// @param program  its whole path, in the system's code page.
-  /// @return what kept the program from being started, of std::generic_category(); how it ended
-  /// isn't told.
+  /// @return why the program couldn't be started, a value of std::generic_category(). How the
+  /// program ended isn't told.
   virtual std::error_code RunAndWait(const std::string& program, MessageLoop& loop) = 0;
 };
 

@@ -12,7 +12,8 @@
 namespace imptable {
 namespace {
 
-/// The message loop of whoever waits: asks the waiting program to end once that has started.
+/// The loop that is served during the wait. It asks the waiting program to end once that has
+/// started.
 class ServingLoop : public MessageLoop {
  public:
   explicit ServingLoop(const TemporaryFolder& folder) : folder_(folder) {}

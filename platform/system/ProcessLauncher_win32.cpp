@@ -27,8 +27,8 @@ class WindowsProcessLauncher : public ProcessLauncher {
     }
     const KernelHandle thread(started.hThread);
     const KernelHandle process(started.hProcess);
-    // In slices, not by waiting for messages too: one that the loop leaves in the queue, as a
-    // request to quit, would end each wait at once.
+    // Wait in slices, and not for messages as well. The loop leaves some messages in the queue,
+    // such as a request to quit; such a message would end every wait at once.
     while (WaitForSingleObject(process.get(), kSliceMilliseconds) == WAIT_TIMEOUT) loop.Yield();
     return {};
   }

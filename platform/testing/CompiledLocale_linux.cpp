@@ -3,8 +3,8 @@
 #include <cstdlib>
 #include <stdexcept>
 
-// Read by the leak sanitizer, where there is one: the C library's newlocale never frees its list of
-// the folders in LOCPATH.
+// For the leak sanitizer, where there is one. The C library's newlocale never frees its list of the
+// folders in LOCPATH.
 // NOLINTBEGIN(bugprone-reserved-identifier): the sanitizer's own name
 extern "C" const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions() { return "leak:argz_add_sep\n"; }
@@ -44,7 +44,7 @@ CompiledLocale::CompiledLocale() : search_path_("LOCPATH", folder_.path()) {
   const std::string command = "cd '" + folder_.path() +
                               "' && localedef -c -f ./charmap -i ./source ./" + name() +
                               " >log 2>&1";
-  // Its result is no sign of success: it complains of all that these files leave out.
+  // The exit code doesn't tell success: localedef complains of all that these files leave out.
   [[maybe_unused]] const int result = std::system(command.c_str());
   if (!folder_.Exists(name() + "/LC_TIME")) throw std::runtime_error(folder_.Read("log"));
 }

@@ -8,9 +8,9 @@
 
 namespace imptable {
 
-/// A locale that no machine has of itself: its code set is ISO 8859-1, of which it knows ASCII and
-/// "\u00e9"; the time 1 February 2003, 13:04:05 is "\u00e9t\u00e9 Sa 01.02.03 13h04m05". The system
-/// finds it by its name while it lives, and no other locale of its own folder.
+/// A locale that no machine has by itself. Its code set is ISO 8859-1, of which it knows ASCII and
+/// "\u00e9". The time 1 February 2003, 13:04:05 is "\u00e9t\u00e9 Sa 01.02.03 13h04m05". While it
+/// lives, the system finds this locale by its name, and none in the system's own folder.
 class CompiledLocale {
  public:
   /// @throws std::runtime_error  when localedef can't make it.

@@ -12,7 +12,7 @@ struct ManualMessageLoop::Entry {
   bool running = false;
 };
 
-/// Marks a timer whose tick is running; ends with an exception too.
+/// Marks a timer while its tick runs, also when the tick throws.
 class ManualMessageLoop::Running {
  public:
   explicit Running(Entry& entry) : entry_(entry) { entry_.running = true; }

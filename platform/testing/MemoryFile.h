@@ -12,7 +12,7 @@
 
 namespace imptable {
 
-/// An open file without a file.
+/// An open file whose bytes are in memory.
 class MemoryFile : public InputFile {
  public:
   explicit MemoryFile(std::string bytes) : bytes_(std::move(bytes)) {}

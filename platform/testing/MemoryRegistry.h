@@ -14,7 +14,7 @@
 namespace imptable {
 
 /// The registry port in memory, with the naming and order rules of the real ones. Names are taken
-/// for UTF-8. It has the two roots HKEY_LOCAL_MACHINE and HKEY_CURRENT_USER; under another one
+/// for UTF-8. It has the two roots HKEY_LOCAL_MACHINE and HKEY_CURRENT_USER. Under any other root
 /// nothing is found and a write gives 6 (ERROR_INVALID_HANDLE).
 ///
 /// Set... and the getters beside them take a path below HKEY_LOCAL_MACHINE or a whole KeyPath.
@@ -49,7 +49,7 @@ class MemoryRegistry : public Registry {
   bool HasKey(const KeyPath& key) const;
   bool HasKey(std::string_view path) const;
 
-  /// Every Read of the port so far, found or not, as "path|name" in the words of the caller. The
+  /// Every Read of the port so far, found or not, as "path|name" in the caller's spelling. The
   /// getters of this class don't count.
   const std::vector<std::string>& reads() const { return reads_; }
   void ForgetReads() { reads_.clear(); }

@@ -10,17 +10,18 @@
 
 namespace imptable {
 
-/// A body of the registry port and a key in it, without values and subkeys, for a test to fill.
+/// An implementation of the registry port, and a key in it without values and subkeys for a test to
+/// fill.
 class RegistryPlace {
  public:
   virtual ~RegistryPlace() = default;
 
   virtual Registry& registry() = 0;
 
-  /// That of the registry's names and texts.
+  /// The encoding of the registry's names and texts.
   virtual const TextEncoding& encoding() const = 0;
 
-  /// A key below the place, the place itself for "".
+  /// @param path  below the test's key; "" for that key itself.
   virtual KeyPath Key(const std::string& path) const = 0;
 };
 

@@ -6,8 +6,8 @@
 
 namespace imptable {
 
-/// Sets a variable of the environment; puts the former value back when its owner goes. On Windows
-/// an empty variable is none.
+/// Sets a variable of the environment. The destructor puts the former value back. On Windows an
+/// empty value removes the variable.
 class ScopedVariable {
  public:
   ScopedVariable(const char* name, const std::string& value);

@@ -10,7 +10,7 @@ ScopedVariable::ScopedVariable(const char* name, const std::string& value) : nam
 }
 
 ScopedVariable::~ScopedVariable() {
-  _putenv_s(name_.c_str(), before_ ? before_->c_str() : "");  // an empty one goes
+  _putenv_s(name_.c_str(), before_ ? before_->c_str() : "");  // "" removes the variable
 }
 
 }  // namespace imptable

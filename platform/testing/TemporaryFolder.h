@@ -6,8 +6,8 @@
 
 namespace imptable {
 
-/// A fresh folder that goes, with all that is in it, when its owner does. Names are relative to it,
-/// with "/" for a separator on every system; what can't be done throws, so that a test fails.
+/// A fresh folder. The destructor removes it and all that is in it. Names are relative to it, with
+/// "/" for a separator on every system. What can't be done throws, so that a test fails.
 class TemporaryFolder {
  public:
   /// Below the system's folder for temporary files.

@@ -9,7 +9,7 @@
 namespace imptable {
 namespace {
 
-/// A byte that starts no valid character is one by itself.
+/// A byte that starts no valid character counts as a character.
 std::size_t BytesOfFirstCharacter(std::string_view text) {
   return std::max<std::size_t>(Utf8Length(text), 1);
 }

@@ -9,9 +9,9 @@ namespace imptable {
 /// True when every byte is a character of its own in any code page.
 bool IsAscii(std::string_view text);
 
-/// The bytes that the first `characters` characters of `text` take; all of it when it has fewer.
-/// Units: characters of the code page: bytes, or code points when `utf8`; a byte that is no valid
-/// UTF-8 counts as one character.
+/// The bytes that the first `characters` characters of `text` take; all of it when it has fewer. A
+/// character is a byte, or a code point when `utf8`; a byte that is no valid UTF-8 then counts as
+/// one character.
 std::size_t BytesOfCharacters(std::string_view text, std::size_t characters, bool utf8);
 
 /// The number of characters of `text`.

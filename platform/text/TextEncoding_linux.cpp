@@ -27,8 +27,8 @@ class Conversion {
 
   bool valid() const { return raw_ != Invalid(); }
 
-  /// @param skip  tells how many bytes of a text that can't be converted stand for one
-  /// `replacement`.
+  /// @param skip  gets the rest of the text, which starts with something that can't be converted.
+  /// It tells how many of its bytes one `replacement` stands for.
   std::string Run(std::string_view text, std::string_view replacement,
                   std::size_t (*skip)(std::string_view)) const {
     std::string result;
@@ -48,7 +48,8 @@ class Conversion {
   // NOLINTNEXTLINE(performance-no-int-to-ptr)
   static iconv_t Invalid() { return reinterpret_cast<iconv_t>(-1); }
 
-  /// Converts as much of `text` as goes into one chunk, or what the conversion still holds back.
+  /// Converts as much of `text` as fits into one chunk. A null `text` fetches what the conversion
+  /// still holds back.
   int Step(std::string_view* text, std::string& result) const {
     std::array<char, 256> chunk;
     char* out = chunk.data();

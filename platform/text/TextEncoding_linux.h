@@ -8,8 +8,8 @@
 
 namespace imptable {
 
-/// @param code_set  as nl_langinfo(CODESET) gives it; that of the C locale and one that the system
-/// can't convert count as UTF-8.
+/// @param code_set  as nl_langinfo(CODESET) gives it. The C locale's counts as UTF-8, and so does a
+/// code set that the system can't convert.
 std::unique_ptr<TextEncoding> MakeTextEncoding(const std::string& code_set);
 
 }  // namespace imptable

@@ -57,7 +57,7 @@ class CodePageEncoding : public TextEncoding {
     const Utf16Character units(character);
     std::array<char, 8> bytes;
     BOOL lacks = FALSE;
-    // No best fit, or "\u0101" would become "a".
+    // Without WC_NO_BEST_FIT_CHARS, "\u0101" would become "a".
     const int size =
         WideCharToMultiByte(code_page_, WC_NO_BEST_FIT_CHARS, units.data(), units.size(),
                             bytes.data(), static_cast<int>(bytes.size()), "?", &lacks);
@@ -68,7 +68,7 @@ class CodePageEncoding : public TextEncoding {
     }
   }
 
-  /// @return how many bytes of `text` the character that it starts with takes.
+  /// Appends the first character of `text`. @return how many bytes of `text` it takes.
   std::size_t AppendUtf8Of(std::string& result, std::string_view text) const {
     const bool leads = IsDBCSLeadByteEx(code_page_, static_cast<BYTE>(text.front())) != 0;
     const std::size_t length = leads && text.size() > 1 ? 2 : 1;

@@ -7,7 +7,7 @@
 
 namespace imptable {
 
-/// @param code_page  its number; 65001 is UTF-8. One that the system lacks counts as UTF-8.
+/// @param code_page  its number; 65001 is UTF-8. A number that the system lacks counts as UTF-8.
 std::unique_ptr<TextEncoding> MakeTextEncoding(unsigned code_page);
 
 }  // namespace imptable

@@ -17,7 +17,7 @@ std::size_t Utf16Length(std::string_view text) {
 std::string Utf8OfUtf16(std::string_view bytes, ByteOrder order) {
   const std::size_t high = order == ByteOrder::kBigEndian ? 0 : 1;
   std::string text;
-  char32_t lead = 0;  // of a pair whose other half is still to come
+  char32_t lead = 0;  // first half of a pair whose second half is still to come
   const auto flush = [&] {
     if (lead != 0) text += kReplacementCharacter;
     lead = 0;

@@ -9,9 +9,9 @@ namespace imptable {
 
 inline constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";  // U+FFFD
 
-/// @return the number of bytes of the character that `text` starts with, 1 to 4; 0 when `text` is
-/// empty or starts with a byte that is no valid UTF-8 (overlong forms, surrogates and values above
-/// U+10FFFF aren't).
+/// @return the number of bytes of the character that `text` starts with, 1 to 4. 0 when `text` is
+/// empty or starts with a byte that is no valid UTF-8; overlong forms, surrogates and values above
+/// U+10FFFF aren't valid.
 constexpr std::size_t Utf8Length(std::string_view text) {
   if (text.empty()) return 0;
   const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(text[at]); };

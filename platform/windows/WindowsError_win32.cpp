@@ -16,7 +16,7 @@ struct Meaning {
 
 constexpr Meaning kMeanings[] = {
     {ERROR_FILE_NOT_FOUND, std::errc::no_such_file_or_directory},
-    // A folder on the way, its drive or its server.
+    // What is missing is a folder on the way, the drive or the server.
     {ERROR_PATH_NOT_FOUND, std::errc::not_a_directory},
     {ERROR_INVALID_DRIVE, std::errc::not_a_directory},
     {ERROR_BAD_NETPATH, std::errc::not_a_directory},

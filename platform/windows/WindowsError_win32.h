@@ -7,11 +7,11 @@
 namespace imptable {
 
 /// @param code  as GetLastError gives it.
-/// @return the value of std::generic_category() that says the same; io_error for a code that no
-/// other fits, no error for 0.
+/// @return the value of std::generic_category() that says the same. No error for 0; io_error for a
+/// code without such a value.
 std::error_code ErrorOf(std::uint32_t code);
 
-/// That of the thread's last system call.
+/// The error of the thread's last system call.
 std::error_code LastError();
 
 }  // namespace imptable

@@ -1,7 +1,7 @@
 #ifndef PLATFORM_WINDOWS_WINDOWS_WIN32_H_
 #define PLATFORM_WINDOWS_WINDOWS_WIN32_H_
 
-// <windows.h> without the macros that rename what common code calls its own.
+// <windows.h> without its macros that would rename identifiers of the common code.
 #ifndef NOMINMAX
 #define NOMINMAX
 #endif

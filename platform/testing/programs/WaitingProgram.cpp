@@ -14,7 +14,7 @@ int main(int argument_count, char**) {
   const std::string folder = variable;
   std::ofstream(folder + "started").put('\n');
   for (int turns = 0; !std::ifstream(folder + "end"); ++turns) {
-    if (turns == 6000) return 1;  // a test that failed never asks for the end
+    if (turns == 6000) return 1;  // a failed test never asks for the end
     std::this_thread::sleep_for(milliseconds(10));
   }
   std::this_thread::sleep_for(milliseconds(100));
