@@ -50,8 +50,9 @@ set(CPACK_PACKAGE_VENDOR "Importation Table")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "imports text files into ODBC tables, task by task")
 set(CPACK_COMPONENT_COMMAND_DESCRIPTION
 "Imports a delimited or fixed-width text file into a table of any ODBC data
-source: by INSERT, UPDATE, UPDATE/INSERT or DELETE. Lines that can't go in are
-kept with their reasons; mend them and resume, and only they are run again.")
+source: by INSERT, UPDATE, UPDATE/INSERT or DELETE. A run keeps the lines that
+it has to reject, with the reasons; mend them and resume: only they are run
+again.")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
