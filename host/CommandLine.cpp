@@ -233,7 +233,8 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
       line.error = HostError(ExitCode::kUsage, HostText::kUnknownLanguage, {language});
     }
   }
-  // The parser takes a bracketed argument apart as a list; none of these is a value's name.
+  // The parser splits an argument in brackets into a list. Such an argument is never a value's
+  // name.
   for (const auto* const list : {&line.request.assignments, &line.request.names}) {
     for (const std::string& name : *list) {
       if (line.error) break;
@@ -249,7 +250,7 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
         HostError(ExitCode::kUsage, HostText::kNeedsResume, {"--changed-file", "imptable run"});
   }
   line.request.registry = line.registry;
-  // Where the parser gave up, nothing says what it had come to.
+  // After an error of the parser, its result doesn't tell whether --json was given.
   if (line.error && request.command == "run" &&
       std::find(arguments.begin(), arguments.end(), "--json") != arguments.end()) {
     line.request.json = true;
