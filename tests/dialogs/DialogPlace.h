@@ -37,7 +37,7 @@ class DialogPlace {
   std::string Rows(const std::string& query) const;
 
   const TemporaryFolder folder;
-  /// Of the source files, without a separator at its end.
+  /// The folder of the source files, without a separator at its end.
   std::string Files() const { return folder.path() + "in"; }
 
   WatchedBoxes& boxes() { return boxes_; }

@@ -20,7 +20,7 @@ class PointerOnScreen {
 
   Image Shape() const;
 
-  /// @throws std::runtime_error  when the pointer doesn't become that, or another one.
+  /// Both wait for a change. @throws std::runtime_error  when it doesn't come.
   void WaitFor(const Image& shape) const;
   void WaitForOtherThan(const Image& shape) const;
 
