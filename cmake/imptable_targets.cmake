@@ -1,4 +1,4 @@
-# Flags shared by every target, and the shape of target that the tree is made of.
+# Flags that every target shares, and the functions that make the tree's targets.
 
 add_library(imptable_flags INTERFACE)
 target_compile_options(imptable_flags INTERFACE
@@ -58,9 +58,9 @@ endfunction()
 
 # imptable_tests(PROGRAM [SHARDS] [LABEL label])
 #
-# The tests of a program: each as one of CTest's, but under Wine, where a process takes its time to
-# start, the program as a whole or as that many shards. "scripts/test quick" leaves out those that have
-# the label "slow".
+# The tests of a program, each as one of CTest's. Under Wine a process takes its time to start:
+# there the whole program is one of CTest's, or so many shards of it. "scripts/test quick" leaves
+# out tests with the label "slow".
 function(imptable_tests program)
   cmake_parse_arguments(ARG "" "LABEL" "" ${ARGN})
   set(label)
@@ -91,8 +91,8 @@ endfunction()
 
 # imptable_sources(SOURCES TESTS folders...)
 #
-# The C++ files of folders, tests apart. Those for another system (*_linux.cpp, *_win32.cpp,
-# *_linux_test.cpp, *_win32_test.cpp) are left out.
+# The C++ files of folders, and the tests among them in a list of their own. Files for another
+# system (*_linux.cpp, *_win32.cpp, *_linux_test.cpp, *_win32_test.cpp) are left out.
 function(imptable_sources sources_out tests_out)
   set(patterns ${ARGN})
   list(TRANSFORM patterns APPEND "/*.cpp")

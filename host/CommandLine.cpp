@@ -53,7 +53,7 @@ HostError LeftoverError(const std::string& argument, const CLI::App& command) {
                           command);
 }
 
-/// The first argument that no command takes, with the command that it was given to.
+/// The error of the first argument that no command takes; nullopt when there is none.
 std::optional<HostError> FirstLeftover(const CLI::App& app) {
   const std::vector<std::string> left = app.remaining();
   if (!left.empty()) return LeftoverError(left.front(), app);
@@ -171,7 +171,8 @@ void AddOtherCommands(CLI::App& app, CommandRequest& request) {
   reg_export.add_flag("--utf8", request.utf8);
 }
 
-/// All that can be given, and where the parser puts it.
+/// All that the arguments can hold. The parser writes into the request; the global options stay
+/// here.
 struct Grammar {
   explicit Grammar(CommandRequest& request) {
     app.require_subcommand(1);

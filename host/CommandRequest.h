@@ -13,12 +13,12 @@ struct CommandRequest {
   std::string command;  // such as "reg import"
   std::string scenario;
   std::string task;
-  std::string other_scenario;  // of the copied or renamed task
+  std::string other_scenario;  // of the copy, or the new one of a renamed task
   std::string other_task;
   std::vector<std::string> assignments;  // NAME=VALUE
   std::vector<std::string> names;        // of values to remove
-  std::optional<std::string>
-      name;  // a scenario to list, a task to delete, a value, or a variable, which NAME=VALUE sets
+  std::optional<std::string> name;  // a scenario to list, a task to delete, a value, or a variable,
+                                    // which NAME=VALUE sets
   std::string file;
   std::optional<std::string> key;
   std::optional<std::string> report;

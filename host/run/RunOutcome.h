@@ -57,7 +57,7 @@ struct RunOutcome {
   SourceState source_state = SourceState::kUnknown;
   std::string table;
   ImportMode mode = ImportMode::kInsert;
-  std::int64_t started = 0;  // both in seconds since 1970 UTC
+  std::int64_t started = 0;  // this and `ended` in seconds since 1970 UTC
   std::int64_t ended = 0;
   std::vector<std::string> files;  // the side files that there are
   std::vector<std::string> warnings;

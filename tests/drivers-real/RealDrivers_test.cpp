@@ -158,8 +158,8 @@ TEST_P(RealDriver, GivesTheseCodesForWhatTheDatabaseRefuses) {
             GetParam().null_in_not_null);
   EXPECT_EQ(source_.Do("INSERT INTO client (code, name, small) VALUES (4, 'd', 'abc')"),
             GetParam().no_number);
-  // MariaDB's driver refuses this statement when it is executed at once, but the import prepares
-  // its statements.
+  // MariaDB's driver calls this a failure when it is executed at once. The import prepares its
+  // statements.
   EXPECT_EQ(
       source_.DoPrepared("INSERT INTO client (code, name, small) VALUES (5, 'e', ?)", {"12 EUR"}),
       GetParam().number_with_unit);

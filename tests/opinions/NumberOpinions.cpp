@@ -122,7 +122,8 @@ void AskForADouble(Draws& draws, std::ostream& out) {
       << Shown(ReadDouble(text, separator)) << '\n';
 }
 
-/// Of anything but digits and blanks a date makes no number, whatever Windows does.
+/// A year in a date is a number only if it has nothing but digits and blanks, whatever Windows
+/// takes.
 void AskForAYear(Draws& draws, std::ostream& out) {
   std::string text;
   while (text.size() < 4) text += draws.OneIn(3) ? draws.Of("  a"sv) : draws.Of("0123456789"sv);

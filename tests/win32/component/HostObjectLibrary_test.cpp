@@ -32,7 +32,7 @@ class TaskOfAHost : public Client {
     keys_.MakeUnreachable(task_, L"T1");
   }
 
-  /// The objects that the task still holds are the host's, which goes first.
+  /// Lets the task go first: it still holds objects of the host, which goes before it.
   ~TaskOfAHost() override { task_ = {}; }
 
   /// Calls of the report's object since it was made.
