@@ -19,7 +19,7 @@ enum class ReportName { kGiven, kDefault };
 
 /// Refuses a report that is one of the run's own files, also by another path, through a link, or by
 /// a name that differs only in case: the run would append to it. Refuses a named pipe, too. A
-/// report that the user didn't name may be no pipe or device at all, which may have no reader.
+/// report that the user didn't name may be no pipe or device of any kind: there may be no reader.
 /// @param files  as FilesOfRun has them.
 /// @throws HostError  wrong usage, naming the report and the file that it is.
 void RequireReportOfItsOwn(const std::string& report, ReportName name,

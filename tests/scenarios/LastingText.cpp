@@ -7,7 +7,8 @@
 namespace imptable {
 namespace {
 
-// 0 stands for a digit, 9 for one or two. The forms of an American Windows user come first.
+// 0 stands for a digit, 9 for one or two. The forms of an American Windows user come first, because
+// a text in such a form may begin like another form.
 constexpr std::array<std::string_view, 4> kDates{"9/9/0000 9:00:00 AM", "9/9/0000 9:00:00 PM",
                                                  "0000-00-00 00:00:00", "00/00/0000 00:00:00"};
 constexpr std::string_view kStrong = "<strong>";

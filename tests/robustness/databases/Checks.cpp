@@ -26,7 +26,7 @@ void ExpectCount(Findings& findings, const RunResult& run, const std::string& na
 }
 
 /// Checks what every run has in common: the counts and the exit code, and that each rejected line
-/// was read so and is rejected once.
+/// is a line of the source and is rejected once.
 /// @return the rejected lines.
 std::set<std::string> ExpectRejected(Findings& findings, const RunResult& run,
                                      const std::vector<std::string>& lines) {

@@ -15,7 +15,8 @@ bool Continues(const std::string& text, std::size_t at) {
   return ByteAt(text, at) >= 0x80 && ByteAt(text, at) <= 0xBF;
 }
 
-/// The bytes of the character here, by the table of well-formed UTF-8; 1 for an invalid byte.
+/// How many bytes the character here has, by the table of well-formed UTF-8; 1 for an invalid byte,
+/// too.
 std::size_t CharacterBytes(const std::string& text, std::size_t at) {
   const unsigned first = ByteAt(text, at);
   const unsigned second = ByteAt(text, at + 1);

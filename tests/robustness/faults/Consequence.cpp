@@ -71,7 +71,7 @@ Consequence OfHost(const Fault& fault, const Occurrence& hit) {
     case Operation::kProfileRead:
       return Consequence::kFaultInDeletion;
     default:
-      // A report line that fails within the deletion is a fault of the deletion.
+      // A single report line that fails within the deletion is a fault of the deletion.
       return hit.about.starts_with(" ---->   ") && !fault.persists ? Consequence::kFaultInDeletion
                                                                    : Consequence::kStopped;
   }

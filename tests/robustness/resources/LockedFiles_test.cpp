@@ -57,7 +57,7 @@ class WriteLock {
   Database database_;
 };
 
-/// On SQLite, whose driver waits for a lock as long as its data source says.
+/// On SQLite, whose driver waits for a lock as long as the data source says.
 class LockedDatabase : public testing::Test {
  protected:
   void UseTimeout(int timeout) {

@@ -32,7 +32,7 @@ class TaskOfAHost : public Client {
     keys_.MakeUnreachable(task_, L"T1");
   }
 
-  /// Lets the task go first: it still holds objects of the host, which goes before it.
+  /// Releases the task while the host's objects, which the task still holds, exist.
   ~TaskOfAHost() override { task_ = {}; }
 
   /// Calls of the report's object since it was made.
