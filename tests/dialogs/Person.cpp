@@ -176,7 +176,7 @@ void Person::OpenList(const std::string& field) {
 
 void Person::ClickEntry(const std::string& list, int entry) {
   const wxRect place = WaitFor([&] { return PlaceOf(list); }, list);
-  // The entries have all the same height, from the list's top.
+  // All entries have the same height, from the list's top.
   const int height = Ask(list, [](wxWindow& window) {
     const auto& box = dynamic_cast<wxListBox&>(window);
     int y = 0;

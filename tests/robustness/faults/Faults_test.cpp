@@ -63,8 +63,7 @@ std::vector<Case> AllCases() {
         cases.push_back({static_cast<int>(cases.size()), workload, group, traced_resume});
       };
       add(false);
-      // Such a run writes files for a resume, and with "RecTrace" the trace alone is enough for
-      // one.
+      // A run with "RecErreurs" 1 writes files for a resume, for which a trace may be enough.
       if (workload.record_errors == 1) add(true);
     }
   }
