@@ -11,7 +11,7 @@
 
 namespace imptable {
 
-/// What a run came to, in one word.
+/// How a run ended, in one word.
 enum class RunEnding {
   kDone,
   kRejected,
@@ -59,7 +59,7 @@ struct RunOutcome {
   ImportMode mode = ImportMode::kInsert;
   std::int64_t started = 0;  // this and `ended` in seconds since 1970 UTC
   std::int64_t ended = 0;
-  std::vector<std::string> files;  // the side files that there are
+  std::vector<std::string> files;  // the side files that exist
   std::vector<std::string> warnings;
   std::string fault;  // in words; empty when there was none
   bool report_failed = false;

@@ -43,7 +43,7 @@ std::optional<std::string> OtherTaskToResume(const OpenedTask& task, FileSystem&
     if (own) return std::nullopt;
     return of.scenario + '\\' + of.task;
   } catch (const RuntimeFault&) {
-    return std::nullopt;  // The run says what is wrong with it.
+    return std::nullopt;  // The run says what is wrong with the chain.
   }
 }
 

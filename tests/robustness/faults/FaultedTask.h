@@ -66,7 +66,7 @@ class FaultedTask {
   /// Runs the task with this fault. @param request  1, or 2 for a resume.
   RunRecord Run(std::int16_t request, std::optional<Fault> fault);
 
-  /// The run that the workload is about: fresh, or the resume of one that is run first.
+  /// Runs what the workload is about: a fresh run, or the resume of a run that comes first.
   RunRecord RunWorkload(std::optional<Fault> fault);
 
   /// Mends the rejected lines, as a user does between two runs.

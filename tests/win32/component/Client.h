@@ -59,7 +59,7 @@ class Arguments {
   std::vector<VARIANT> reversed_;
 };
 
-/// What a late-bound call came to.
+/// The result of a late-bound call.
 struct Outcome {
   HRESULT result = S_OK;
   std::wstring text;        // of the value that was given back

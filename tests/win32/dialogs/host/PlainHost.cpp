@@ -202,7 +202,7 @@ class PlainHost {
     return result;
   }
 
-  /// Lets everything go. @return what the DLL said of it, and whether it went.
+  /// Releases everything. @return whether the DLL said that it may go, and whether it went.
   std::string Unload() {
     task_ = {};
     const std::string said = dll_->CanUnloadNow() ? "may" : "may not";
