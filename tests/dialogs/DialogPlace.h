@@ -20,8 +20,9 @@ class DialogPlace {
   /// @param schema  SQL that makes the database's tables.
   DialogPlace(const std::string& schema, Language language);
 
-  /// Shows the configuration dialog of task "T1" of scenario "S1". The person begins to act when the
-  /// dialog is there. An exception from the person, or a complaint of the toolkit, fails the test.
+  /// Shows the configuration dialog of task "T1" of scenario "S1". The person begins to act when
+  /// the dialog is there. An exception from the person, or a complaint of the toolkit, fails the
+  /// test.
   /// @return what the host gets back from ShowWrapper.
   std::int32_t Configure(const std::function<void(Person&)>& acts);
 
