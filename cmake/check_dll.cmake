@@ -1,4 +1,5 @@
-# Fails when the component's DLL isn't what any 32-bit Windows can load as it is.
+# Fails when the component's DLL isn't for 32-bit Windows, needs a DLL that isn't part of Windows,
+# or exports other functions than it should.
 # cmake -DOBJDUMP=... -DDLL=... -P check_dll.cmake
 cmake_minimum_required(VERSION 3.25)
 

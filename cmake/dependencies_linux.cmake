@@ -18,7 +18,7 @@ if(IMPTABLE_DIALOGS)
   target_include_directories(dialog_toolkit SYSTEM INTERFACE ${wxWidgets_INCLUDE_DIRS})
   target_compile_definitions(dialog_toolkit INTERFACE ${wxWidgets_DEFINITIONS})
   target_compile_options(dialog_toolkit INTERFACE ${wxWidgets_CXX_FLAGS})
-  # The toolkit below the toolkit, for the names that screen readers use.
+  # The toolkit's own toolkit, for the names that screen readers use.
   pkg_check_modules(GTK REQUIRED IMPORTED_TARGET gtk+-3.0)
   target_link_libraries(dialog_toolkit INTERFACE ${wxWidgets_LIBRARIES} PkgConfig::GTK)
 endif()

@@ -11,7 +11,7 @@ target_link_libraries(odbc_system INTERFACE odbc32)
 message(STATUS "The dialogs' toolkit: built when it isn't there yet, which takes about ten minutes")
 execute_process(COMMAND "${CMAKE_SOURCE_DIR}/cmake/wxwidgets-win32"
   OUTPUT_VARIABLE toolkit OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-# toolkit_flags(VARIABLE OPTION...): what its wx-config says, as a list.
+# toolkit_flags(VARIABLE OPTION...): what the toolkit's wx-config prints, as a list.
 function(toolkit_flags variable)
   execute_process(COMMAND "${toolkit}/bin/wx-config" ${ARGN}
     OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
@@ -23,9 +23,9 @@ toolkit_flags(toolkit_link --libs core,base)
 set(toolkit_includes ${toolkit_compile})
 list(FILTER toolkit_includes INCLUDE REGEX "^-I")
 list(TRANSFORM toolkit_includes REPLACE "^-I" "")
-# The second is for older tool chains, and clang-tidy does not know it.
+# -mthreads is for older tool chains; clang-tidy doesn't know it.
 list(FILTER toolkit_compile EXCLUDE REGEX "^-I|^-mthreads$")
-# The component is no program of its own.
+# These flags are for programs; the component is a DLL.
 list(FILTER toolkit_link EXCLUDE REGEX "subsystem|^-mwindows$")
 add_library(dialog_toolkit INTERFACE)
 target_include_directories(dialog_toolkit SYSTEM INTERFACE ${toolkit_includes})

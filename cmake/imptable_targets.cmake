@@ -1,4 +1,4 @@
-# Flags shared by every target, and the shape of target that the tree is made of.
+# Flags that every target shares, and the functions that make the tree's targets.
 
 add_library(imptable_flags INTERFACE)
 target_compile_options(imptable_flags INTERFACE
@@ -20,8 +20,8 @@ else()
   set(other_system win32)
 endif()
 
-# The headers that nearly every test includes, compiled once. They cost more than the tests'
-# own lines, and so does optimising those: together two thirds of the time.
+# Headers that nearly every test includes, compiled once. They take longer to compile than the
+# tests' own lines, and so does optimising those lines: together two thirds of the time.
 set(test_flags -O0)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   list(APPEND test_flags -fpch-preprocess)  # What ccache needs to know these objects again.
@@ -31,7 +31,7 @@ if(IMPTABLE_TESTS AND IMPTABLE_PRECOMPILE)
   target_link_libraries(test_headers PRIVATE imptable_flags GTest::gmock)
   target_compile_options(test_headers PRIVATE ${test_flags})
   if(NOT WIN32)
-    # As a program's objects are compiled, or they couldn't use it.
+    # The objects of a program are compiled so, and can only use headers that are compiled alike.
     set_target_properties(test_headers PROPERTIES POSITION_INDEPENDENT_CODE OFF)
     target_compile_options(test_headers PRIVATE -fPIE)
   endif()
@@ -42,8 +42,9 @@ endif()
 
 # imptable_quick_build(PROGRAM [WITH_TOOLKIT])
 #
-# Compiles a test program without optimisation, and its tests (*_test.cpp) with those headers, but for
-# a program with the dialogs' toolkit, which defines what the headers look at.
+# Compiles a test program without optimisation, and its tests (*_test.cpp) with the headers above. A
+# program with the dialogs' toolkit does without those: the toolkit defines macros that they look
+# at.
 function(imptable_quick_build program)
   target_compile_options(${program} PRIVATE ${test_flags})
   if(NOT IMPTABLE_PRECOMPILE OR "WITH_TOOLKIT" IN_LIST ARGN)
@@ -57,9 +58,9 @@ endfunction()
 
 # imptable_tests(PROGRAM [SHARDS] [LABEL label])
 #
-# The tests of a program: each as one of CTest's, but under Wine, where a process takes its time to
-# start, the program as a whole or as that many shards. "scripts/test quick" leaves out those that have
-# the label "slow".
+# The tests of a program, each as one of CTest's. Under Wine a process takes its time to start:
+# there the whole program is one of CTest's, or so many shards of it. "scripts/test quick" leaves
+# out tests with the label "slow".
 function(imptable_tests program)
   cmake_parse_arguments(ARG "" "LABEL" "" ${ARGN})
   set(label)
@@ -90,8 +91,8 @@ endfunction()
 
 # imptable_sources(SOURCES TESTS folders...)
 #
-# The C++ files of folders, tests apart. Those for another system (*_linux.cpp, *_win32.cpp,
-# *_linux_test.cpp, *_win32_test.cpp) are left out.
+# The C++ files of folders, and the tests among them in a list of their own. Files for another
+# system (*_linux.cpp, *_win32.cpp, *_linux_test.cpp, *_win32_test.cpp) are left out.
 function(imptable_sources sources_out tests_out)
   set(patterns ${ARGN})
   list(TRANSFORM patterns APPEND "/*.cpp")
@@ -120,10 +121,10 @@ endfunction()
 #                 [ROOMS folders...] [LEAVE_OUT sources...] [TEST_SHARDS number] [WITH_TOOLKIT])
 #
 # The current folder as one library NAME and one test program NAME_test. Unit tests stand beside
-# what they test (*_test.cpp). FLOORS are folders in it, from the lowest up: each is a library
-# NAME_FOLDER that stands on DEPENDS and on those before it, and NAME stands on them all. ROOMS are
-# folders that belong to NAME itself. WITH_TOOLKIT: as imptable_quick_build has it. A dependency that
-# the tree doesn't allow isn't linked, so it fails.
+# what they test (*_test.cpp). FLOORS are folders in it, from the lowest up. Each floor is a library
+# NAME_FOLDER, which depends on DEPENDS and on the floors before it; NAME depends on all floors.
+# ROOMS are folders that belong to NAME itself. WITH_TOOLKIT: as imptable_quick_build has it. A
+# dependency that the tree doesn't allow isn't linked, so its use fails.
 function(imptable_folder name)
   cmake_parse_arguments(ARG "WITH_TOOLKIT" "TEST_SHARDS" "DEPENDS;TEST_DEPENDS;FLOORS;ROOMS;LEAVE_OUT" ${ARGN})
   set(here "${CMAKE_CURRENT_SOURCE_DIR}")

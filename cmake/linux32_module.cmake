@@ -4,8 +4,9 @@ find_program(linux_compiler g++ REQUIRED)
 
 # linux32_module(NAME SOURCES file... LIBRARY soname LINK file)
 #
-# Makes lib/libNAME.so in the build folder, as the target NAME whose property MODULE_FILE is its
-# path. LINK is a C file with the functions that it takes from LIBRARY at run time.
+# Makes lib/libNAME.so in the build folder. Its target is NAME, whose property MODULE_FILE is the
+# library's path. LINK is a C file with the functions that the library takes from LIBRARY at run
+# time.
 function(linux32_module name)
   cmake_parse_arguments(ARG "" "LIBRARY;LINK" "SOURCES" ${ARGN})
   set(folder "${CMAKE_CURRENT_BINARY_DIR}/${name}")
@@ -13,7 +14,7 @@ function(linux32_module name)
   set(system_library "${folder}/${ARG_LIBRARY}")
   file(MAKE_DIRECTORY "${folder}" "${CMAKE_BINARY_DIR}/lib")
 
-  # What unixODBC's headers know about the system is that of the machine's own.
+  # unixODBC's headers describe the machine's own system, where a long has another size.
   set(flags -m32 -msse2 -mfpmath=sse -fPIC -O2 -std=c++20 -DSIZEOF_LONG_INT=4
     -fvisibility=hidden -fvisibility-inlines-hidden "-I${CMAKE_SOURCE_DIR}"
     "$<TARGET_PROPERTY:imptable_flags,INTERFACE_COMPILE_OPTIONS>")

@@ -25,7 +25,7 @@ install(FILES resources/completion/imptable
   DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" COMPONENT command)
 install(FILES "${CMAKE_BINARY_DIR}/package/changelog.gz" README.md
   resources/package/copyright DESTINATION "${documents}" COMPONENT command)
-# The pages lie as they do in the tree, so that those who link to each other find each other.
+# The pages keep the places that they have in the tree, so that the links between them work.
 install(DIRECTORY docs DESTINATION "${documents}" COMPONENT command
   FILES_MATCHING PATTERN "*.md" PATTERN "*.svg" PATTERN "*.png" PATTERN "*.txt")
 install(DIRECTORY resources/demo/ DESTINATION "${documents}/examples" COMPONENT command)

@@ -1,1 +1,1 @@
-// No code: what is compiled here is the headers that cmake/imptable_targets.cmake lists.
+// No code: this file only compiles the headers that cmake/imptable_targets.cmake lists.

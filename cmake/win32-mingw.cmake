@@ -12,8 +12,8 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# A foreign host calls with whatever stack alignment it has, and with its own floating-point
-# control word: doubles are computed in SSE registers, which that word doesn't reach.
+# A host may call with any stack alignment, so the stack is realigned. A host may have set the
+# floating-point control word, so doubles are computed in SSE registers, which ignore it.
 set(flags "-msse2 -mfpmath=sse -mstackrealign -D_WIN32_WINNT=0x0601")
 set(CMAKE_C_FLAGS_INIT "${flags}")
 set(CMAKE_CXX_FLAGS_INIT "${flags}")

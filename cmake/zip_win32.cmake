@@ -1,4 +1,4 @@
-# What is handed over for Windows: build/win32/SQLTImpT-VERSION-win32.zip (scripts/build win32 zip).
+# The package for Windows: build/win32/SQLTImpT-VERSION-win32.zip (scripts/build win32 zip).
 
 set(name "SQLTImpT-${PROJECT_VERSION}-win32")
 set(folder "${CMAKE_BINARY_DIR}/zip/${name}")

@@ -53,7 +53,7 @@ HostError LeftoverError(const std::string& argument, const CLI::App& command) {
                           command);
 }
 
-/// The first argument that no command takes, with the command that it was given to.
+/// The error of the first argument that no command takes; nullopt when there is none.
 std::optional<HostError> FirstLeftover(const CLI::App& app) {
   const std::vector<std::string> left = app.remaining();
   if (!left.empty()) return LeftoverError(left.front(), app);
@@ -171,7 +171,8 @@ void AddOtherCommands(CLI::App& app, CommandRequest& request) {
   reg_export.add_flag("--utf8", request.utf8);
 }
 
-/// All that can be given, and where the parser puts it.
+/// All that the arguments can hold. The parser writes into the request; the global options stay
+/// here.
 struct Grammar {
   explicit Grammar(CommandRequest& request) {
     app.require_subcommand(1);
@@ -233,7 +234,8 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
       line.error = HostError(ExitCode::kUsage, HostText::kUnknownLanguage, {language});
     }
   }
-  // The parser takes a bracketed argument apart as a list; none of these is a value's name.
+  // The parser splits an argument in brackets into a list. Such an argument is never a value's
+  // name.
   for (const auto* const list : {&line.request.assignments, &line.request.names}) {
     for (const std::string& name : *list) {
       if (line.error) break;
@@ -249,7 +251,7 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
         HostError(ExitCode::kUsage, HostText::kNeedsResume, {"--changed-file", "imptable run"});
   }
   line.request.registry = line.registry;
-  // Where the parser gave up, nothing says what it had come to.
+  // After an error of the parser, its result doesn't tell whether --json was given.
   if (line.error && request.command == "run" &&
       std::find(arguments.begin(), arguments.end(), "--json") != arguments.end()) {
     line.request.json = true;

@@ -11,15 +11,15 @@
 
 namespace imptable {
 
-/// What the arguments ask for. The global options are also there when the rest is in error, for
-/// the language of the message.
+/// What the arguments ask for. The global options are set even when the other arguments are wrong:
+/// the message needs the language.
 struct CommandLine {
   enum class Outcome { kCommand, kHelp, kVersion, kError };
 
   Outcome outcome = Outcome::kCommand;
   std::optional<std::string> registry;
   std::optional<Language> language;
-  CommandRequest request;          // kHelp: only its command, the one that help is asked for
+  CommandRequest request;          // kHelp: only its command, which is to be explained
   std::optional<HostError> error;  // kError
 };
 

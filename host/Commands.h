@@ -12,7 +12,7 @@ namespace imptable {
 // @throws HostError  when it can't; a failing registry file or component throws its own.
 
 ExitCode RunTask(HostContext& context, const CommandRequest& request, const HostConsole& console);
-/// Goes on as imptable-config; returns only when that can't be started, by throwing.
+/// Replaces this process by imptable-config. Throws when that can't be started; else never returns.
 ExitCode StartConfiguration(HostContext& context, const CommandRequest& request,
                             const HostConsole& console);
 

@@ -12,7 +12,7 @@ bool IsControl(char32_t character) {
   return character < 0x20 || (character >= 0x7F && character < 0xA0);
 }
 
-/// Bytes that are no UTF-8 stay, but for those that a terminal could take for controls.
+/// Keeps bytes that aren't UTF-8, except those that a terminal could take for control characters.
 std::string Utf8WithoutControls(std::string_view text, LineEnds line_ends) {
   std::string result;
   while (!text.empty()) {

@@ -27,7 +27,7 @@ struct HostConsole {
   const Terminal* terminal = nullptr;  // null when standard output is no terminal
   bool colours = false;
   bool asks = false;              // standard input is a terminal
-  bool ends_the_process = false;  // with the command's code
+  bool ends_the_process = false;  // the process ends with the command's code
 };
 
 enum class LineEnds { kGo, kStay };

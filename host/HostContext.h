@@ -65,7 +65,8 @@ class HostContext {
   void RequireRegistry() const;
 
   /// Both take names in the system's code page.
-  /// @throws HostError  wrong usage for a name that no key can have; missing.
+  /// @throws HostError  wrong usage, for a name that no key can have; missing, when there is no
+  /// such scenario or task.
   void RequireScenario(const std::string& scenario) const;
   void RequireTask(const std::string& scenario, const std::string& task) const;
 };

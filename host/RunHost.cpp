@@ -40,8 +40,8 @@ constexpr auto kPlainCommands = std::to_array<PlainCommand>({{"sources", ListSou
 
 bool IsThere(const std::string& path) { return access(path.c_str(), F_OK) == 0; }
 
-/// The language for what is said before or without a command. Never creates a registry file, and a
-/// faulty one is for a command to complain about.
+/// The language of messages before or without a command. Never creates a registry file. Ignores a
+/// faulty one: commands report that.
 Language LanguageWithoutCommand(const CommandLine& line) {
   if (line.language) return *line.language;
   try {
@@ -53,7 +53,7 @@ Language LanguageWithoutCommand(const CommandLine& line) {
   }
 }
 
-/// One invocation, with the language that its errors are told in as soon as that is known.
+/// One invocation. Its errors are in the user's language as soon as that is known.
 class Invocation {
  public:
   Invocation(const CommandLine& line, const HostConsole& console, const HostProgram& program)
@@ -79,7 +79,7 @@ class Invocation {
  private:
   HostTexts Texts() const { return {language_, *encoding_}; }
 
-  /// A value that isn't what the component takes it for is the user's to mend.
+  /// A type mismatch or an overflow comes from a value of the task, which the user can mend.
   std::string FaultText(const RuntimeFault& fault) const {
     const std::string text = DescribeFault(fault, OffsetOf(language_), *encoding_);
     const bool is_value =
@@ -128,14 +128,15 @@ class Invocation {
   ExitCode CarryOutOnRegistry(const HostCommand& command) {
     const std::string path = RegistryFilePath(line_.registry);
     std::optional<Language> language = line_.language;
-    // What a new registry will be set to is already the language of the command that makes it.
+    // A command that makes the registry speaks the language that the new registry gets.
     if (!language && command.makes_registry && !IsThere(path)) language = LanguageOfLocale();
     HostContext context(path, language, console_.err, program_.windows);
     language_ = context.texts.language();
     return command.carry_out(context, line_.request, console_);
   }
 
-  /// A result that didn't get out is no success; a run that was done stays done.
+  /// Output that can't be written turns success into a fault, but not for a run: its import is done
+  /// all the same.
   ExitCode Flushed(ExitCode code) {
     if (console_.out.flush()) return code;
     PrintErrorLine(console_.err, Texts().Text(HostText::kCannotWriteOutput));

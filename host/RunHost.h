@@ -18,7 +18,7 @@ namespace imptable {
 struct HostCommand {
   std::string_view name;
   ExitCode (*carry_out)(HostContext&, const CommandRequest&, const HostConsole&);
-  bool makes_registry = false;  // where there is none
+  bool makes_registry = false;  // creates a missing registry file
 };
 
 /// A command that needs no registry.

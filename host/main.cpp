@@ -40,7 +40,8 @@ void HideValues(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
-  // A file that may grow no further is an error of the write that it refuses, as a full disk is.
+  // At the limit for the size of a file, a write fails as on a full disk. The signal would end the
+  // process.
   std::signal(SIGXFSZ, SIG_IGN);
   const StandardOutputTerminal terminal;
   const bool is_terminal = isatty(STDOUT_FILENO) == 1 && Environment("TERM") != "dumb";

@@ -15,7 +15,7 @@
 namespace imptable {
 namespace {
 
-// What the program ends with when nothing went wrong; scripts rely on it: never change.
+// Exit codes when nothing went wrong. Scripts rely on them: never change.
 constexpr ExitCode kSaved = ExitCode::kDone;
 constexpr ExitCode kCancelled = ExitCode::kRunFailed;
 

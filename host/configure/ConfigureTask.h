@@ -10,7 +10,7 @@ namespace imptable {
 
 /// The whole of imptable-config: opens the dialog of the task that the arguments name.
 /// @param arguments  without the program's name: [--registry FILE] [--lang fr|en] SCENARIO TASK.
-/// @return the process's exit code: 0 saved, 1 cancelled, else as the other commands'.
+/// @return the process's exit code: 0 saved, 1 cancelled, else those of the other commands.
 int RunConfiguration(const std::vector<std::string>& arguments, const HostConsole& console);
 
 }  // namespace imptable

@@ -12,7 +12,7 @@
 namespace imptable {
 namespace {
 
-/// Longer numbers are larger ones once the zeros before them are gone.
+/// The number without leading zeros, so that the longer of two numbers is the larger one.
 std::string_view Digits(std::string_view name) {
   if (name.empty() || name.find_first_not_of("0123456789") != std::string_view::npos) return {};
   return name.substr(std::min(name.find_first_not_of('0'), name.size() - 1));

@@ -10,8 +10,8 @@ namespace imptable {
 /// Whether a key holds one value per column of a task: its "Colonnes" or its "Champs".
 bool IsColumnKey(const KeyPath& key);
 
-/// Leaves the values of a key in the order of the numbers that are their names; a run reads
-/// "Champs" in the order in which the registry lists it. Other names come last.
+/// Sorts the values of a key by their names as numbers; other names come last. A run reads "Champs"
+/// in the order in which the registry lists its values.
 void OrderByNumber(RegistryStore& store, const KeyPath& key);
 
 /// The same for every column key that one of the edits writes to.

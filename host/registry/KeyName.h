@@ -9,10 +9,10 @@
 
 namespace imptable {
 
-// What the registry of the other platform holds at most; what is more could never go there.
+// Limits of the registry of Windows. A longer name or a deeper key could never be imported there.
 inline constexpr std::size_t kLongestKeyName = 255;      // characters of UTF-16
 inline constexpr std::size_t kLongestValueName = 16383;  // the same
-inline constexpr std::size_t kDeepestKey = 512;          // keys, from the root's subkeys on
+inline constexpr std::size_t kDeepestKey = 512;          // levels of keys below the root
 
 /// @throws HostError  wrong usage, when no registry key can have this name.
 void RequireName(const TextEncoding& encoding, const std::string& name);

@@ -6,10 +6,10 @@ namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD
 
-/// The bytes in this code page, as far as they are characters of it.
+/// Converts bytes of this code page, up to the first byte that is no character of it.
 ConvertedText Utf8FromCodePage(std::string_view bytes, const TextEncoding& encoding) {
   std::string text = encoding.ToUtf8(bytes);
-  // U+FFFD may also be what the file holds; then it converts back to the same bytes.
+  // The file itself may hold U+FFFD. Then the text converts back to the same bytes.
   const std::size_t flaw = text.find(kReplacement);
   if (flaw == std::string::npos || encoding.FromUtf8(text) == bytes) return {text, true};
   text.resize(flaw);

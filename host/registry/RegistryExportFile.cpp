@@ -12,8 +12,7 @@ namespace {
 const std::string kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kLineEnd = "\r\n";
 
-// A line of bytes is folded as soon as it is this long, so that none is longer than 80 with its
-// "\".
+// A line of bytes that is folded here is at most 80 characters long, with its "\".
 constexpr std::size_t kFoldingColumn = 77;
 
 std::string Quoted(std::string_view text) {
@@ -25,7 +24,8 @@ std::string Quoted(std::string_view text) {
   return quoted + '"';
 }
 
-/// @return the characters of a text that the editor reads back the same from between quotes.
+/// @return the text when the registry editor reads it back unchanged from between quotes, else
+/// nullopt.
 std::optional<std::string_view> QuotableText(const RegistryValue& value) {
   if (value.type != RegistryType::kText || value.data.empty() || value.data.back() != '\0') {
     return std::nullopt;

@@ -38,11 +38,11 @@ std::variant<std::vector<RegistryEdit>, RegistryExportError> ParseRegistryExport
 /// mark, or in UTF-8 without one, for version control and text tools.
 enum class ExportEncoding { kUtf16, kUtf8 };
 
-/// Such a file (Version 5.00) for these keys, in their order.
+/// The text of an export file (Version 5.00) for these keys, in their order.
 std::string RegistryExportOf(const std::vector<StoredKey>& keys,
                              ExportEncoding encoding = ExportEncoding::kUtf16);
 
-/// That for a key and all below it, or for the whole registry.
+/// The same for a key and all below it, or for the whole registry.
 /// @return nullopt when there is no such key.
 std::optional<std::string> WriteRegistryExport(const RegistryStore& store,
                                                const std::optional<KeyPath>& key,

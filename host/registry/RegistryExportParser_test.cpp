@@ -291,7 +291,7 @@ TEST(ExportReading, OfAFileThatWasCutOffAnywhereNeverInventsAnything) {
       ++refused;
       continue;
     }
-    // Only the last one may have lost a digit or a byte that nobody can miss.
+    // Only the last edit may differ: nobody notices a digit or a byte that is missing at its end.
     ASSERT_LE(read.size(), edits.size());
     for (std::size_t i = 0; i < read.size(); ++i) {
       if (i + 1 < read.size()) {

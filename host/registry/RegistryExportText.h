@@ -23,9 +23,9 @@ std::string Utf16FromUtf8(std::string_view text);
 /// Takes UTF-8 as it is. Anything else is a flaw.
 ConvertedText CheckedUtf8(std::string_view bytes);
 
-/// 8-bit text to UTF-8: from the system's code page, or from the Western European one of Windows
-/// where the system's is UTF-8, which no Windows machine exports in. A byte that is no character
-/// there is a flaw.
+/// 8-bit text to UTF-8, from the system's code page. On a UTF-8 system, text that isn't UTF-8 is
+/// read as Windows-1252, because Windows never exports 8-bit text in UTF-8. A byte that is no
+/// character of the code page is a flaw.
 ConvertedText Utf8FromAnsi(std::string_view bytes, const TextEncoding& encoding);
 
 }  // namespace imptable

@@ -8,8 +8,8 @@
 
 namespace imptable {
 
-/// What is wrong with the registry file and what to do, in one line. The reason that the system
-/// gave stands in its own words.
+/// What is wrong with the registry file and what to do, in one line. It gives the system's reason
+/// in the system's words.
 std::string RegistryFailureText(const RegistryFileError& error, const HostTexts& texts);
 
 }  // namespace imptable

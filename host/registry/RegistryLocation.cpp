@@ -30,7 +30,7 @@ std::string RegistryFilePath(const RegistryLocationSources& sources) {
   if (sources.option) return *sources.option;
   if (std::string path = variable("IMPTABLE_REGISTRY"); !path.empty()) return path;
   const std::string data = variable("XDG_DATA_HOME");
-  if (data.starts_with('/')) return data + "/imptable/registry.db";  // a relative one is invalid
+  if (data.starts_with('/')) return data + "/imptable/registry.db";  // a relative path is invalid
   std::string home = variable("HOME");
   if (home.empty()) home = sources.home_of_user();
   if (home.empty()) throw HostError(ExitCode::kFault, HostText::kNoHome);

@@ -16,7 +16,7 @@ namespace {
 
 std::error_code LastError() { return {errno, std::generic_category()}; }
 
-/// A file beside the one that it is to replace; removed unless it has done so.
+/// A temporary file beside the file that it is to replace. Removed unless Replace has succeeded.
 class TemporaryFile {
  public:
   explicit TemporaryFile(const std::string& path) : path_(path + ".XXXXXX") {
@@ -67,10 +67,10 @@ std::error_code WriteDirectly(const std::string& path, std::string_view bytes) {
   return file->Close();
 }
 
-constexpr int kMostLinks = 40;  // as the system itself follows
+constexpr int kMostLinks = 40;  // as many as the system itself follows
 
-/// The file itself where `path` is a link to it, be it there already or not, so that the link
-/// stays.
+/// The file that `path` leads to when it is a link, so that the link itself stays. The file needn't
+/// exist yet.
 std::string Target(const std::string& path) {
   const std::unique_ptr<char, decltype(&free)> resolved(realpath(path.c_str(), nullptr), &free);
   if (resolved != nullptr) return resolved.get();

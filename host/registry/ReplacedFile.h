@@ -7,9 +7,9 @@
 
 namespace imptable {
 
-/// Writes a whole file, readable by its owner alone when it is new. It takes the place of the old
-/// one only once it is complete, so a failure leaves the old one; a link to it, or to where it is
-/// to be, stays. What is no plain file (a pipe, a terminal) is written to directly.
+/// Writes a whole file. A new file can be read by its owner alone. An old file is replaced only
+/// once the new one is complete, so a failure leaves the old one. A link to the file stays a link,
+/// even when the file is missing. A pipe or a terminal is written to directly.
 std::error_code ReplaceFile(const std::string& path, std::string_view bytes);
 
 }  // namespace imptable

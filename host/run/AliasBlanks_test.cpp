@@ -11,8 +11,8 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-/// Task "T", whose alias has blanks around it: those before it belong to the names of its files,
-/// those behind it don't.
+/// Task "T", whose alias has blanks around it. Its files' names include the leading blanks, but not
+/// the trailing ones.
 TEST(AliasWithBlanksAroundIt, NamesInEveryMessageTheFilesThatAreReallyUsed) {
   ScriptedDataSource source;
   source.Script(

@@ -38,7 +38,8 @@ int CharactersIn(std::string_view text, bool utf8) {
   return characters;
 }
 
-/// A line of a terminal: a part that doesn't fit is left out, a first part that doesn't is cut.
+/// A line that must fit a terminal. A part that doesn't fit is left out; only the first part is
+/// cut.
 class FittedLine {
  public:
   FittedLine(int columns, bool utf8)

@@ -11,15 +11,15 @@
 
 namespace imptable {
 
-/// How far a run has come, in one line: lines read, written and rejected, lines per second, share
-/// of the file and time left as far as they are known.
+/// How far a run has come, in one line: lines read, written and rejected, lines per second, and,
+/// when known, the share of the file and the time left.
 /// @param seconds  since the first line was read.
-/// @param columns  what has to fit, the later parts are left out; 0 for no limit.
+/// @param columns  the width to fit into, by leaving out the last parts; 0 for no limit.
 std::string LiveLineText(const RunProgress& progress, double seconds, int columns,
                          const HostTexts& texts);
 
-/// The line that is redrawn in place while a run goes on. A terminal that became too narrow for it
-/// has wrapped it: then all its rows are erased.
+/// The line that is redrawn in place while a run goes on. A terminal that became too narrow has
+/// wrapped the line into several rows: then all of them are erased.
 class LiveLine {
  public:
   /// All borrowed.

@@ -8,7 +8,7 @@
 
 namespace imptable {
 
-/// A word as a shell takes it for one: quoted unless it is plain.
+/// The text as one word of a shell command: quoted unless it is plain.
 std::string ShellWord(std::string_view word);
 
 /// What a user types to set a value of the request's task, on the same registry.

@@ -15,7 +15,7 @@ namespace {
 
 using std::filesystem::path;
 
-constexpr int kMostLinks = 40;  // as the system itself follows
+constexpr int kMostLinks = 40;  // as many as the system itself follows
 
 std::optional<struct stat> StatusOf(const path& file) {
   struct stat status {};
@@ -27,7 +27,7 @@ bool IsSame(const std::optional<struct stat>& left, const std::optional<struct s
   return left && right && left->st_dev == right->st_dev && left->st_ino == right->st_ino;
 }
 
-/// The end of the links that begin at `file`, be there something or not.
+/// Where the links that begin at `file` lead, whether anything is there or not.
 path EndOfLinks(path file) {
   std::error_code error;
   for (int links = 0; links < kMostLinks && std::filesystem::is_symlink(file, error); ++links) {
@@ -36,7 +36,7 @@ path EndOfLinks(path file) {
   return file;
 }
 
-/// A file by what finds it: its folder and its name there, and itself when it exists.
+/// A file, known by its folder and its name, and by its inode when it exists.
 class FilePlace {
  public:
   FilePlace(const std::string& file, const TextEncoding& encoding)
@@ -51,7 +51,8 @@ class FilePlace {
            (folded_name_ == other.folded_name_ && IsSame(folder_, other.folder_));
   }
 
-  /// A pipe of a folder. One that a process got as its output, /dev/stdout for example, is none.
+  /// Whether this is a pipe that lies in a folder. A pipe that a process got as its output, through
+  /// /dev/stdout for example, is not.
   bool IsNamedPipe() const {
     std::error_code error;
     return status_ && S_ISFIFO(status_->st_mode) &&
@@ -73,7 +74,8 @@ std::vector<std::string> RegistryFiles(const std::string& path) {
   return {path, path + "-wal", path + "-shm", path + "-journal"};
 }
 
-/// The file, as the system finds it, that is in this place; nullopt when none is.
+/// Finds which of the files is at this place, and gives the path that the system finds it by;
+/// nullopt when none is.
 std::optional<std::string> FirstOf(const std::vector<std::string>& files, const FilePlace& place,
                                    const FileSystem& file_system, const TextEncoding& encoding) {
   for (const std::string& file : files) {
@@ -113,8 +115,8 @@ void RequireReportOfItsOwn(const std::string& report, ReportName name,
   if (const auto found = FirstOf(files, place, file_system, encoding)) {
     throw HostError(ExitCode::kUsage, HostText::kReportIsRunFile, {report, *found});
   }
-  // Each line of the report is appended by itself: who reads such a pipe sees its end after the
-  // first.
+  // Each line of the report is appended on its own, so the reader of a named pipe sees the end of
+  // its input after the first line.
   const bool is_unusable =
       name == ReportName::kDefault ? place.IsPipeOrDevice() : place.IsNamedPipe();
   if (is_unusable) {

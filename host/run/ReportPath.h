@@ -17,16 +17,17 @@ std::vector<std::string> FilesOfRun(const OpenedTask& task, const std::string& r
 
 enum class ReportName { kGiven, kDefault };
 
-/// A report is appended to, so it may be none of the run's own files, be it by another path,
-/// through a link, or by a name that differs in case only. One that nobody asked for by its name
-/// isn't written to a pipe either, which may have no reader.
+/// Refuses a report that is one of the run's own files, also by another path, through a link, or by
+/// a name that differs only in case: the run would append to it. Refuses a named pipe, too. A
+/// report that the user didn't name may be no pipe or device of any kind: there may be no reader.
 /// @param files  as FilesOfRun has them.
-/// @throws HostError  wrong usage, which names both.
+/// @throws HostError  wrong usage, naming the report and the file that it is.
 void RequireReportOfItsOwn(const std::string& report, ReportName name,
                            const std::vector<std::string>& files, const FileSystem& file_system,
                            const TextEncoding& encoding);
 
-/// @throws HostError  wrong usage, when a file to be written is the registry or one beside it.
+/// @throws HostError  wrong usage, when `path` is the registry file or a file that SQLite keeps
+/// beside it.
 void RequireNoRegistryFile(const std::string& path, const std::string& registry_path,
                            const FileSystem& file_system, const TextEncoding& encoding);
 

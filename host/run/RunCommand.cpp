@@ -41,7 +41,7 @@ class RunWatcher : public ImpTableEvents {
   RunWatcher(const RunProgress& progress, LiveLine* line) : progress_(progress), line_(line) {}
 
   void Progress() override {
-    // Connecting and deleting come before the first line and say nothing about its speed.
+    // The speed is that of the lines alone: connecting and deleting come before them.
     if (progress_.read == 0) first_line_ = SteadyClock::now();
     if (line_ != nullptr) line_->Draw(progress_, SecondsSince(first_line_));
   }
@@ -56,7 +56,7 @@ class RunWatcher : public ImpTableEvents {
   SteadyClock::time_point first_line_ = SteadyClock::now();
 };
 
-/// TASK.txt in the current directory, whatever the task's name holds.
+/// TASK.txt in the current directory. A "/" in the task's name becomes "_".
 std::string DefaultReportPath(std::string task) {
   std::replace(task.begin(), task.end(), '/', '_');
   return task + ".txt";
@@ -71,10 +71,11 @@ void RequireWritableReport(HostContext& context, const std::string& path) {
                   {path, is_link ? context.texts.Text(HostText::kIsForeignLink) : error.message()});
 }
 
-/// What a resume goes by may be out of sight for now; then the resume itself says so.
+/// Advises a resume also when the files that it needs can't be read now: the resume says what is
+/// wrong.
 NextStep NextStepOf(FileSystem& files, const RunState& run) {
   if (!run.resume && run.progress.read == 0) return NextStep::kAfresh;
-  // A resume wouldn't delete what is left.
+  // A resume doesn't finish a deletion that broke off.
   if (run.record_errors == Flag::kOff || run.deletion_faulted) return NextStep::kNone;
   try {
     if (CanResume(files, run)) return NextStep::kResume;
@@ -135,7 +136,7 @@ RunOutcome OutcomeOf(const HostContext& context, const CommandRequest& request,
   if (run.fault) outcome.fault = module.FaultText(*run.fault);
   outcome.report_failed = context.library.report_failed();
   const auto& failure = context.registry.last_write_failure();
-  // A write that failed is no matter once the run's status is stored.
+  // An earlier write that failed doesn't matter once the run's status is stored.
   if (failure && !run.status_stored) {
     outcome.status = RunStatus::kRunning;
     outcome.registry_failure = RegistryFailureText(*failure, context.texts);

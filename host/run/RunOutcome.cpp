@@ -68,7 +68,7 @@ std::string EndingLine(const RunOutcome& outcome, const HostTexts& texts) {
   return {};
 }
 
-/// How a run that isn't recorded as done goes on; empty where nothing is to be said.
+/// What to do next after a run that isn't recorded as done; empty when there is nothing to say.
 std::string GoOnText(const RunOutcome& outcome, const HostTexts& texts) {
   switch (outcome.next) {
     case NextStep::kNone:

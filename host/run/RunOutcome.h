@@ -11,7 +11,7 @@
 
 namespace imptable {
 
-/// What a run came to, in one word.
+/// How a run ended, in one word.
 enum class RunEnding {
   kDone,
   kRejected,
@@ -19,7 +19,7 @@ enum class RunEnding {
   kNoConnection,
   kModeFaulted,  // a fault ended the import or the deletion, not the run
   kDeletionFailed,
-  kErrors,   // without a rejected line
+  kErrors,   // errors, but no rejected line
   kNoFile,   // done, but the data file that had to be there is missing
   kStopped,  // an unexpected fault ended the run
   kInterrupted,
@@ -29,8 +29,8 @@ enum class RunEnding {
 enum class NextStep {
   kNone,  // no trace tells which lines are done
   kResume,
-  kTraceThenResume,  // a trace alone is to be enough for that first
-  kAfresh,           // no line was come to
+  kTraceThenResume,  // first set "RecTrace", so that the trace alone is enough
+  kAfresh,           // the run reached no line
 };
 
 /// @param connected  whether the data source let the run in.
@@ -50,16 +50,16 @@ struct RunOutcome {
   bool has_error_file = false;     // ".ERR" holds something
   bool has_rejected_file = false;  // ".LER" holds something
   NextStep next = NextStep::kNone;
-  std::string set_trace_command;  // what to type for kTraceThenResume, with the next
+  std::string set_trace_command;  // what to type before resume_command, for kTraceThenResume
   std::string resume_command;
   bool resumed = false;
   std::string source_path;
   SourceState source_state = SourceState::kUnknown;
   std::string table;
   ImportMode mode = ImportMode::kInsert;
-  std::int64_t started = 0;  // in seconds since 1970 UTC, as the next
+  std::int64_t started = 0;  // this and `ended` in seconds since 1970 UTC
   std::int64_t ended = 0;
-  std::vector<std::string> files;  // the side files that there are
+  std::vector<std::string> files;  // the side files that exist
   std::vector<std::string> warnings;
   std::string fault;  // in words; empty when there was none
   bool report_failed = false;

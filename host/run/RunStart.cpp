@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::string_view kOldSuffix = ".OLD";
 
-/// Each line with a line end; nothing of a file that doesn't exist.
+/// Copies the lines of a file, each with a line end. A missing file has no lines.
 /// @throws RuntimeFault  the file fault.
 void CopyLines(FileSystem& files, const std::string& from, RunFile& to) {
   if (!LookAt(files, from)) return;
@@ -31,7 +31,8 @@ void CopyLines(FileSystem& files, const std::string& from, RunFile& to) {
   }
 }
 
-/// Whether a file ends with all that another one holds. @throws RuntimeFault  the file fault.
+/// Whether a file ends with the whole content of another file.
+/// @throws RuntimeFault  the file fault.
 bool EndsWithFile(FileSystem& files, const std::string& path, const std::string& end) {
   const auto whole = LookAt(files, path);
   const auto part = LookAt(files, end);
@@ -109,7 +110,7 @@ class Decision {
     const std::string& from = outlook_.chain.rejected_path;
     const std::string to = from + std::string(kOldSuffix);
     try {
-      // A run that came no further than this has kept them already.
+      // An earlier run may have kept these lines already, and then come no further.
       if (!EndsWithFile(*context_.files, to, from)) AddTo(to, from);
     } catch (const RuntimeFault& fault) {
       throw HostError(ExitCode::kFault, HostText::kCannotKeepRejected,
@@ -119,7 +120,7 @@ class Decision {
                                {request_.task, outlook_.source_path, count, to});
   }
 
-  /// What is kept already stays: nobody may have looked at it yet.
+  /// Keeps the lines that are in the file already: nobody may have looked at them yet.
   void AddTo(const std::string& to, const std::string& from) {
     CopiedFile source(*context_.files, from);
     ReplacingFile copy(*context_.files, to + ".NEW");

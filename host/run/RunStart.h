@@ -18,10 +18,9 @@ struct RunStart {
   std::optional<std::string> given_up = {};
 };
 
-/// Decides by what the last run left. Touches nothing but a copy of rejected lines that are given
-/// up.
-/// @throws HostError  missing, when the run that was asked for can't be: it names what is missing
-/// and what to do; fault, for damaged files, or when the copy can't be made.
+/// Decides by what the last run left. Changes no file, but copies rejected lines that are given up.
+/// @throws HostError  missing, when the run can't begin as asked for: names what is missing and
+/// what to do; fault, for damaged files, or when the copy can't be made.
 RunStart DecideStart(HostContext& context, const CommandRequest& request);
 
 }  // namespace imptable

@@ -52,7 +52,7 @@ class ChainLeft : public testing::Test {
     }
     return left;
   }
-  /// Of the last run.
+  /// How often the last run called SQLExecute.
   std::size_t Executions() { return source.LogLines("SQLExecute").size() - executions_before; }
 
   /// The run ends with code 3 before anything is touched, and says this.

@@ -42,7 +42,7 @@ HostText OutcomeText(RunEnding ending) {
   return HostText::kOutcomeErrors;
 }
 
-/// Whether the source was read. A file that is there may not have been come to.
+/// Whether the source was read. A run may end before it comes to a file that exists.
 bool WasRead(const RunOutcome& outcome) {
   return outcome.source_state == SourceState::kPresent && outcome.progress.read > 0;
 }
@@ -136,7 +136,7 @@ std::string SummaryJson(const RunOutcome& outcome, const HostTexts& texts) {
   for (const std::string& path : outcome.files) files.push_back(encoding.ToUtf8(path));
   Json warnings = Json::array();
   for (const std::string& text : outcome.warnings) warnings.push_back(encoding.ToUtf8(text));
-  // A negative number is none of the names, either.
+  // A negative mode becomes a very large number, which has no name either.
   const auto mode = static_cast<std::size_t>(outcome.mode);
   const bool deleted_known = progress.deleted_before.has_value();
   const Json object = {

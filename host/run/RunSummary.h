@@ -12,7 +12,7 @@ namespace imptable {
 /// A few lines that a person reads at a glance.
 std::string SummaryText(const RunOutcome& outcome, const HostTexts& texts, bool colours);
 
-/// One JSON object in one line, for scripts, in UTF-8; but its message is in the texts' language.
+/// One JSON object on one line, for scripts, in UTF-8. Its message is in the language of `texts`.
 std::string SummaryJson(const RunOutcome& outcome, const HostTexts& texts);
 
 /// The same for a run that was refused before it began: what isn't known is null.

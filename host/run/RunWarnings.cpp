@@ -13,7 +13,7 @@ bool IsDeletion(Deletion deletion) {
          deletion == Deletion::kSelective;
 }
 
-/// The numbers, from 1, of the date columns without one of the date styles.
+/// The numbers, from 1, of the date columns whose date style doesn't exist.
 std::vector<std::size_t> UnknownDateStyles(const OpenedTask& task) {
   std::vector<std::size_t> numbers;
   try {
@@ -25,13 +25,13 @@ std::vector<std::size_t> UnknownDateStyles(const OpenedTask& task) {
       }
     }
   } catch (const RuntimeFault&) {
-    // The run refuses that layout, and says which column.
+    // The run refuses that layout and names the column.
   }
   return numbers;
 }
 
-/// The task, if it is another one, whose unfinished run a run of this one gives up: the two have
-/// the same side files.
+/// The other task whose unfinished run this one gives up, because both have the same side files;
+/// nullopt when there is none.
 std::optional<std::string> OtherTaskToResume(const OpenedTask& task, FileSystem& files) {
   try {
     const ResumeChain chain(files, SideFilePath(task, kChainExtension));
@@ -43,7 +43,7 @@ std::optional<std::string> OtherTaskToResume(const OpenedTask& task, FileSystem&
     if (own) return std::nullopt;
     return of.scenario + '\\' + of.task;
   } catch (const RuntimeFault&) {
-    return std::nullopt;  // The run says what is wrong with it.
+    return std::nullopt;  // The run says what is wrong with the chain.
   }
 }
 

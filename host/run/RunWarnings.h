@@ -10,10 +10,10 @@
 
 namespace imptable {
 
-/// What a task asks for that a run takes no notice of, each as one sentence: a mode that imports
-/// nothing, a deletion that there is not, a selective deletion without its file, a date style that
-/// there is not, an origin whose variable isn't set; and what a run that doesn't resume takes from
-/// another task with the same side files.
+/// Settings of the task that a run ignores, one sentence each: a mode that imports nothing, an
+/// unknown kind of deletion, a selective deletion without its file, an unknown date style, an
+/// origin whose variable isn't set. Also names another task with the same side files, if a run that
+/// doesn't resume gives up that task's unfinished run.
 std::vector<std::string> RunWarnings(const OpenedTask& task, bool resumes, FileSystem& files,
                                      const HostTexts& texts);
 

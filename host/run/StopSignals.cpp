@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::array kSignals{SIGINT, SIGTERM, SIGHUP, SIGPIPE};
 
-// A signal handler reaches nothing but globals.
+// A signal handler can use only globals.
 std::atomic<std::atomic<bool>*> asked_to_stop{nullptr};
 std::atomic<sem_t*> asked_to_cancel{nullptr};
 std::atomic<int> signals_seen{0};
@@ -54,7 +54,7 @@ StopSignals::StopSignals(std::atomic<bool>& stop, std::function<void()> cancel)
       action.sa_flags = SA_RESTART;
     }
     sigaction(kSignals[i], nullptr, &former_[i]);
-    // Who started us in the background or under nohup wants the signal to be ignored.
+    // A signal that was ignored at the start (in the background, under nohup) stays ignored.
     if (former_[i].sa_handler != SIG_IGN) sigaction(kSignals[i], &action, nullptr);
   }
 }

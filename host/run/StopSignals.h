@@ -22,7 +22,8 @@ class StopSignals {
   StopSignals(std::atomic<bool>& stop, std::function<void()> cancel);
   ~StopSignals();
 
-  /// Ignores the signals when this is gone, too: for a process that then ends with the run's code.
+  /// Leaves the signals ignored when this object is gone: for a process that then ends with the
+  /// run's code.
   void LastUntilTheEnd() { until_the_end_ = true; }
 
   StopSignals(const StopSignals&) = delete;

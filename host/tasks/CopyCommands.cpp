@@ -15,7 +15,7 @@
 namespace imptable {
 namespace {
 
-/// What tells of a task's own past, which its copy doesn't have.
+/// Values that tell of a task's own past. A copy doesn't get them.
 constexpr std::array<std::string_view, 4> kOwnValues{"Etat", "ExecuteLe", "CréeLe", "ModifiéLe"};
 
 bool IsOwnValue(std::string_view name) {
@@ -27,7 +27,8 @@ bool IsSameKey(const KeyPath& left, const KeyPath& right) {
   return FoldName(left.path) == FoldName(right.path);
 }
 
-/// What writes these keys, the first of which is a task's, as another task.
+/// The edits that write a task's keys as another task.
+/// @param task  the task's own key first.
 std::vector<RegistryEdit> EditsWriting(const std::vector<StoredKey>& task, const KeyPath& other,
                                        bool with_past) {
   const std::size_t prefix = task.front().key.path.size();
@@ -53,7 +54,7 @@ void WriteAsOther(HostContext& context, const CommandRequest& request, Former fo
   const bool goes = former == Former::kGoes;
   context.store.Together([&] {
     context.RequireTask(request.scenario, request.task);
-    // A name may change its capitals, and is then the same key.
+    // A new name that differs only in capitals is the same key.
     const bool new_capitals = goes && IsSameKey(task, other) && task.path != other.path;
     if (context.store.KeyExists(other) && !new_capitals) {
       throw HostError(ExitCode::kUsage, HostText::kTaskExists,
@@ -83,7 +84,7 @@ ExitCode CopyTask(HostContext& context, const CommandRequest& request, const Hos
 ExitCode RenameTask(HostContext& context, const CommandRequest& request, const HostConsole&) {
   RequireBoth(context, request);
   OpenTaskOnce(context, request.scenario, request.task);
-  // A run would write its end under the former name.
+  // A running task would store its result under the former name.
   const TaskLock lock(context.texts, context.state.commun.opened_task);
   WriteAsOther(context, request, Former::kGoes);
   return ExitCode::kDone;

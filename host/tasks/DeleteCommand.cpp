@@ -21,15 +21,15 @@ bool Agrees(const HostConsole& console, const std::string& question) {
   return std::getline(console.in, answer) && IsYes(answer);
 }
 
-/// Takes the lock of a task, so that it doesn't run.
-/// @throws HostError  missing, when it does.
+/// Takes the lock of a task, so that it can't run meanwhile.
+/// @throws HostError  missing, when it is running.
 std::optional<TaskLock> LockOf(HostContext& context, const std::string& scenario,
                                const std::string& task) {
   OpenTaskOnce(context, scenario, task);
   return std::optional<TaskLock>(std::in_place, context.texts, context.state.commun.opened_task);
 }
 
-/// One after the other: tasks with the same files have one lock.
+/// Takes one lock at a time: tasks with the same files share a lock.
 void RefuseWhileOneRuns(HostContext& context, const std::string& scenario) {
   for (const std::string& task : context.store.SubkeyNames(TasksKey(context.ToUtf8(scenario)))) {
     LockOf(context, scenario, context.FromUtf8(task));

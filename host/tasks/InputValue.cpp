@@ -12,8 +12,8 @@ namespace {
 
 constexpr char kCtrlC = '\x03';
 
-/// Keeps the terminal from showing what is typed. Ctrl-C comes as the end of the line, so that the
-/// terminal isn't left like this.
+/// Keeps the terminal from showing what is typed. Ctrl-C ends the line, not the process: so the
+/// terminal is always set back.
 class SilentTyping {
  public:
   SilentTyping() {

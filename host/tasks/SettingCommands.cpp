@@ -89,7 +89,7 @@ std::vector<PlacedAssignment> Placed(const HostContext& context,
 }
 
 /// Whether the task's file is of fixed width once the assignments are made; nullopt when neither
-/// they nor the task say so: then a layout may come before the format.
+/// the assignments nor the task tell: the layout may be set before the format.
 std::optional<bool> IsFixedWidth(const HostContext& context, const KeyPath& task,
                                  const std::vector<PlacedAssignment>& assignments) {
   std::optional<std::int32_t> format;

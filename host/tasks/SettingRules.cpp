@@ -51,7 +51,7 @@ std::optional<std::int32_t> NumberOfARun(const std::string& text) {
   }
 }
 
-/// Passwords are among the texts, so the text itself isn't shown.
+/// The message doesn't show the text, which may be a password.
 void CheckBytes(const TextEncoding& encoding, const std::string& name, const std::string& text) {
   if (text.size() > kLongestText) {
     Refuse(HostText::kTextTooLong,

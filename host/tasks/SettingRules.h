@@ -9,11 +9,11 @@
 
 namespace imptable {
 
-/// What a text setting must be to be stored: what a run takes, and none of what it would take for
-/// something else than was meant.
+/// Which texts may be stored as a setting: those that a run accepts, but none that a run would take
+/// for something else than was meant.
 struct SettingRules {
   const TextEncoding& encoding;  // borrowed
-  /// Whether the task's data file is of fixed width; nullopt as long as nothing says so.
+  /// Whether the task's data file is of fixed width; nullopt when that isn't known yet.
   std::optional<bool> fixed_width;
 
   /// The value as it is stored, its text in UTF-8.

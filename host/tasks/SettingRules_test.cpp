@@ -168,8 +168,7 @@ std::string RandomText(std::mt19937& random) {
   return text;
 }
 
-/// What is refused although a run goes on with it, because the run would do something else than
-/// what was meant.
+/// Whether a run would accept the refused value, but do something else than was meant.
 bool IsStricterThanARun(const SettingPlace& place, const std::string& refusal) {
   const bool choice = place.type == RegistryType::kNumber && place.name != "NombreColonnes";
   if (choice || place.text == SettingText::kColumn) {

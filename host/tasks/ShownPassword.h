@@ -14,8 +14,8 @@ namespace imptable {
 /// Whether a task's value of this name is its password; a subkey before the name doesn't count.
 bool IsPasswordName(std::string_view name);
 
-/// The password for anybody's eye: hidden, but for an empty one and for a reference, which show
-/// that there is none and where it is.
+/// The password in a form that anybody may see. An empty text and a reference to a variable stay as
+/// they are; anything else is hidden.
 std::string HiddenForm(const RegistryValue& password);
 
 /// The variables of a scenario that its tasks take their passwords from.

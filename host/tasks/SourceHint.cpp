@@ -10,13 +10,13 @@
 namespace imptable {
 namespace {
 
-/// What a data source of one make of driver says besides the driver.
+/// The lines that a data source of one kind of driver has besides "Driver".
 struct Make {
   std::string_view mark;  // in the driver's name, in any case
   std::string_view keys;  // "~" is the home folder
 };
 
-// The first one that is installed makes the example.
+// The example uses the first of these that is installed.
 constexpr std::array<Make, 4> kMakes{{
     {"sqlite", "Database=~/shop.db"},
     {"postgresql", "Servername=localhost\nDatabase=shop"},

@@ -8,7 +8,7 @@
 
 namespace imptable {
 
-/// What to tell who has no data source yet: where to add one, with an example for one of the
+/// What to tell a user without a data source: where to add one, with an example for one of the
 /// drivers, or which drivers there are to install.
 /// @param drivers  by the names that the driver manager knows them by.
 /// @param file  the user's file of data sources.

@@ -23,7 +23,7 @@ ExitCode ListSources(const HostTexts& texts, const HostConsole& console) {
     console.out << name << '\n';
   });
   if (found) return ExitCode::kDone;
-  // More than an error's one line: it is no error, and an example needs its line breaks.
+  // Several lines, unlike an error: the example needs its line breaks.
   console.err << "imptable: "
               << WithoutControls(
                      SourceHint(InstalledDrivers(), EnvironmentVariable("ODBCINI", "~/.odbc.ini"),

@@ -24,7 +24,7 @@ std::optional<Assignment> RequestedAssignment(const HostContext& context,
   return Assignment{*request.name, ReadInputValue(console, context.texts, *request.name)};
 }
 
-/// --delete stands for one name and nothing else.
+/// --delete takes one name and nothing else.
 void RefuseMixedRequest(const CommandRequest& request) {
   if (!request.remove) return;
   if (!request.name || request.value_from_input || AssignmentFrom(*request.name)) {

@@ -43,8 +43,8 @@ class Completion : public testing::Test {
     Command({"variable", "Night", "FOLDER=/in"});
   }
 
-  /// What a real bash is offered at the end of these words, which stand as bash has them: quotes
-  /// and backslashes kept, "=" apart.
+  /// What a real bash offers after these words. The words are split as bash splits them: quotes and
+  /// backslashes are kept, "=" is a word of its own.
   std::vector<std::string> Offered(std::vector<std::string> words) {
     words.insert(words.begin(), IMPTABLE_COMMAND);
     std::vector<std::string> arguments{"/bin/bash", "--norc",      "-c",   std::string(kComplete),

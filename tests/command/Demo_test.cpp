@@ -17,7 +17,7 @@ TEST(Demo, RunsWhereAFolderOfTheSystemMayNotBeRead) {
   std::filesystem::copy(IMPTABLE_TREE "/scripts/demo", folder.path() + "scripts/demo");
   std::filesystem::create_symlink(IMPTABLE_TREE "/resources/demo",
                                   folder.path() + "resources/demo");
-  // Finds what there is and complains at the end, as for a folder that this user may not read.
+  // Finds what there is, but fails at the end, as over a folder that this user may not read.
   folder.Write("path/find", "#!/bin/sh\n/usr/bin/find \"$@\"\necho 'no rights' >&2\nexit 1\n");
   std::filesystem::permissions(folder.path() + "path/find", std::filesystem::perms::owner_all);
   ChildProcess demo({folder.path() + "scripts/demo"}, ChildProcess::Output::kPipe,

@@ -15,7 +15,8 @@ namespace {
 
 using testing::HasSubstr;
 
-/// Tasks "T" and "U" of scenario "S", of the same files, whose table takes its time for each line.
+/// Tasks "T" and "U" of scenario "S", which have the same files. Their table takes its time for
+/// each line.
 class SecondRun : public testing::Test {
  protected:
   SecondRun() {

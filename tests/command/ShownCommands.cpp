@@ -27,7 +27,7 @@ bool IsCommand(std::string_view text) {
   return text.starts_with("imptable ") || text.starts_with("imptable-config ");
 }
 
-/// The command that begins in this line, with the lines that a "\" at their ends joins to it.
+/// The command that begins in this line, with the lines that follow a "\" at a line's end.
 std::string Joined(const std::vector<std::string>& lines, std::size_t at) {
   std::string text = WithoutBlanksBefore(lines[at]);
   while (text.ends_with('\\') && at + 1 < lines.size()) {
@@ -76,7 +76,7 @@ std::string Shown(std::string line) {
   return line;
 }
 
-/// What the manual page shows as it stands, and its sentences in bold.
+/// The commands in the manual page's blocks of code, and those in bold within its sentences.
 void AddManualPage(const std::filesystem::path& page, std::vector<ShownCommand>& commands) {
   std::ifstream file(page);
   std::vector<std::string> lines = LinesOf(file);

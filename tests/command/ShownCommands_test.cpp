@@ -24,15 +24,14 @@ const std::vector<std::pair<std::string, std::string>> kPlaceholders{
     {"SCENARIO", "COMPTA"}, {"TASK", "CLIENTS"},      {"FILE", "compta.reg"},
     {"COMMAND", "run"},     {"NAME=VALUE", "Mode=0"}, {"KEY", "HKLM"}};
 
-/// The code that each command ends with in the folder that is prepared for it. A dialog needs a
-/// screen, which there is none.
+/// Each command's exit code in the prepared folder. There is no screen for the dialog.
 const std::map<std::string, int> kCodes{
     {"run", 0},        {"configure", 4}, {"describe", 0}, {"actions", 0}, {"status", 0},
     {"list", 0},       {"get", 0},       {"set", 0},      {"unset", 0},   {"copy", 0},
     {"rename", 0},     {"delete", 0},    {"variable", 0}, {"sources", 0}, {"reg", 0},
     {"reg import", 0}, {"reg export", 0}};
 
-/// A letter, digit or underscore at a place of the text; none is outside of it.
+/// Whether a letter, digit or underscore is at this place; false outside of the text.
 bool IsPartOfAWord(const std::string& text, std::size_t place) {
   return place < text.size() &&
          (std::isalnum(static_cast<unsigned char>(text[place])) != 0 || text[place] == '_');
@@ -87,7 +86,7 @@ class Surroundings {
     EXPECT_EQ(Run("imptable reg import compta.reg"), 0) << output_;
   }
 
-  /// As after a run that rejected a line, which was mended since.
+  /// Leaves what a run leaves that rejected a line, and mends that line.
   void RejectAndMend(const std::string& scenario, const std::string& task) {
     folder_.Write("in/CLIENTS.CSV", "1001;Durand;15/11/2006\n1001;Garcia;03/01/2007\n");
     EXPECT_EQ(Run("imptable run " + scenario + ' ' + task), 1) << output_;
@@ -144,7 +143,7 @@ class Surroundings {
   std::string output_;
 };
 
-/// The command as somebody types it who reads it on the page: with names of his own.
+/// The command as a reader of the page types it: with the reader's own names.
 std::string Typed(const ShownCommand& shown, const std::string& name, const std::string& home) {
   std::string text = Replaced(shown.text, "/home/me", home);
   for (const auto& [word, own] : kPlaceholders) text = Replaced(text, word, own);
@@ -152,7 +151,7 @@ std::string Typed(const ShownCommand& shown, const std::string& name, const std:
   const std::vector<std::string> words = WordsOf(text);
   const std::size_t length = name.find(' ') == std::string::npos ? 1 : 2;
   if (words.size() == length) return text + " --help";
-  // Options alone: of the page's task.
+  // A command with options alone is about the page's task.
   if (std::all_of(words.begin() + static_cast<std::ptrdiff_t>(length), words.end(), IsOption) &&
       words[length] != "--help") {
     text.insert(text.find(name) + name.size(), " Night Clients");

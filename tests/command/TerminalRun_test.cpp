@@ -14,8 +14,8 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
-/// What stood in the live line, oldest first. Only a drawing that was followed by another one, or
-/// by the removal, is whole.
+/// What stood in the live line, oldest first. A drawing is whole only when another one, or the
+/// line's removal, follows it.
 std::vector<std::string> Drawings(const std::string& output) {
   std::vector<std::string> drawings;
   std::size_t start = output.find("\r\x1b[");
@@ -111,7 +111,7 @@ TEST_F(TerminalRun, FollowsTheWidthOfTheTerminalUntilInterrupted) {
     return !drawings.empty() && Characters(drawings.back()) == 12;
   };
   ASSERT_TRUE(run.ReadUntil(ends_narrow)) << run.output();
-  // The line that the terminal has wrapped by then goes with all its rows.
+  // The terminal has wrapped the wide line by then: all its rows are erased.
   EXPECT_THAT(run.output(), testing::ContainsRegex("\r\x1b\\[[3-6]A\x1b\\[J"));
   run.Resize(100);
   ASSERT_TRUE(run.ReadUntil(ends_wide)) << run.output();

@@ -85,7 +85,7 @@ TEST_P(DialogOverBadInput, KeepsItsColumnsOverAFileThatIsNoText) {
 
 TEST_P(DialogOverBadInput, ReadsOnlyTheStartOfAHugeFile) {
   place_.folder.Write("in/CLIENTS.CSV", "1;2;3\n");
-  // Its other bytes are nowhere on the disk.
+  // The file's other bytes take no room on the disk.
   std::filesystem::resize_file(place_.Files() + "/CLIENTS.CSV", std::uintmax_t{1} << 40U);
   place_.Configure([&](Person& person) {
     person.ClickTab(1);
@@ -130,7 +130,7 @@ TEST_P(DialogOverBadInput, ShowsEachErrorOfTheDataSourceInABox) {
   const auto refusal =
       AllOf(StartsWith(Box("Warn", "", "")), HasSubstr("18456"), HasSubstr("Login failed"));
   place_.Open([&](Person& person) {
-    // The key columns are to be marked.
+    // The dialog connects as it opens, to mark the key columns.
     EXPECT_THAT(place_.boxes().Answer("Return"), refusal);
     person.WaitForDialog("FrmImpTable");
     person.Click("Command1");
@@ -161,8 +161,8 @@ TEST_P(DialogOverBadInput, SavesWhatItShowsOverATaskThatAnotherProcessChanged) {
 }
 
 TEST_P(DialogOverBadInput, SavesTheWholeTaskThatAnotherProcessDeleted) {
-  // A task that exists gets neither "Etat" nor a date of its creation, and another one of its
-  // change.
+  // Leaves out "Etat" and the dates, which are saved differently for a new and for an existing
+  // task.
   const auto settings = [this] {
     std::set<std::string> kept;
     std::istringstream lines(Settings());

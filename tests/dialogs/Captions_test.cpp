@@ -35,7 +35,7 @@ std::string CaptionsName(const testing::TestParamInfo<std::tuple<Language, const
   return name;
 }
 
-/// Opens each dialog and hands it to `look`, with its name and, of the main one, the tab.
+/// Opens each dialog and hands it to `look`, with its name and, for the main dialog, the tab.
 void LookAtEach(Person& person, WatchedBoxes& boxes,
                 const std::function<void(const std::string& dialog)>& look) {
   for (int tab = 0; tab < 4; ++tab) {
@@ -117,7 +117,7 @@ TEST(Letters, MakeTheDialogsGrowWithThem) {
   EXPECT_GT(large.y, small.y);
 }
 
-/// Where the control's window is cut off by those around it, and where the control is.
+/// Whether the whole control can be seen: no window around it cuts it off.
 bool IsInSight(wxWindow& control) {
   wxRect sight = control.GetScreenRect();
   for (wxWindow* around = control.GetParent(); around != nullptr; around = around->GetParent()) {

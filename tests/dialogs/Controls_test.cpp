@@ -48,7 +48,8 @@ TEST(Controls, HaveTheirOwnNames) {
   });
 }
 
-/// The controls that get the focus one after the other by a key, from this one back to it.
+/// The controls that the key moves the focus to, one after the other, from the focused one until
+/// that has it again.
 std::vector<std::string> Stops(Person& person, const std::string& key) {
   std::vector<std::string> stops{person.Focused()};
   while (stops.size() < 60) {

@@ -22,7 +22,7 @@ bool HasCaption(const wxWindow& window) {
          dynamic_cast<const wxStaticText*>(&window) != nullptr;
 }
 
-/// What the control takes at least, asked of the toolkit anew.
+/// The least size that the control needs, asked of the toolkit anew.
 wxSize Wanted(wxWindow& window) {
   window.InvalidateBestSize();
   const wxSize best = window.GetBestSize();
@@ -39,7 +39,7 @@ bool IsCut(wxWindow& window) {
   const wxSize wanted = Wanted(window);
   const wxRect place = window.GetRect();
   const bool is_page = dynamic_cast<const wxNotebook*>(window.GetParent()) != nullptr;
-  if (is_page) return false;  // the toolkit's to place
+  if (is_page) return false;  // the toolkit places it
   const wxSize room = window.GetParent()->GetClientSize();
   return place.width < wanted.x || place.height < wanted.y || place.x < 0 || place.y < 0 ||
          place.GetRight() >= room.x || place.GetBottom() >= room.y;
@@ -49,7 +49,7 @@ void Look(wxWindow& window, std::vector<std::string>& cut) {
   for (wxWindow* const child : window.GetChildren()) {
     if (!child->IsShownOnScreen()) continue;
     if (IsCut(*child)) cut.push_back(child->GetName().utf8_string());
-    // What is in a control of the toolkit is the toolkit's.
+    // Don't look into the toolkit's own controls: it places what is in them.
     const bool is_ours =
         child->GetHandle() != nullptr && dynamic_cast<wxControl*>(child) == nullptr;
     const bool holds_ours =

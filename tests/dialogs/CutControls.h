@@ -10,7 +10,7 @@ namespace imptable {
 /// out of the window that they are in. To be asked on the main thread.
 std::vector<std::string> CutControls();
 
-/// The desktop's font while it lives, as "Sans 20", for the windows that are made meanwhile.
+/// While it lives, windows that are made get this font, such as "Sans 20", as the desktop's.
 class DesktopFont {
  public:
   explicit DesktopFont(const std::string& font);

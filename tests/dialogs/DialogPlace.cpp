@@ -26,8 +26,8 @@ void Dismiss() {
   }
 }
 
-/// The database of every place, anew for each: the driver manager remembers for a while where the
-/// database of a data source is, whatever odbc.ini says meanwhile.
+/// The database's path, the same for every place: the driver manager remembers for a while where a
+/// data source's database is, whatever odbc.ini says meanwhile. Each place makes the database anew.
 const std::string& Database() {
   static const TemporaryFolder folder;
   static const std::string path = folder.path() + "shop.db";
@@ -78,7 +78,7 @@ std::int32_t DialogPlace::Open(const std::function<void(Person&)>& acts) {
   });
   const std::int32_t status = task.ShowWrapper();
   shown = false;
-  // The thread's last question is answered after the dialog is gone.
+  // The person's thread may still ask this thread something when the dialog is gone.
   while (!done) {
     wxTheApp->Yield(true);
     wxMilliSleep(5);

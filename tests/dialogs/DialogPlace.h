@@ -20,9 +20,9 @@ class DialogPlace {
   /// @param schema  SQL that makes the database's tables.
   DialogPlace(const std::string& schema, Language language);
 
-  /// Shows the configuration dialog of task "T1" of scenario "S1" while the person acts, who begins
-  /// when the dialog is there. What the person throws is a failure of the test, and so is a
-  /// complaint of the toolkit.
+  /// Shows the configuration dialog of task "T1" of scenario "S1". The person begins to act when
+  /// the dialog is there. An exception from the person, or a complaint of the toolkit, fails the
+  /// test.
   /// @return what the host gets back from ShowWrapper.
   std::int32_t Configure(const std::function<void(Person&)>& acts);
 
@@ -37,7 +37,7 @@ class DialogPlace {
   std::string Rows(const std::string& query) const;
 
   const TemporaryFolder folder;
-  /// Of the source files, without a separator at its end.
+  /// The folder of the source files, without a separator at its end.
   std::string Files() const { return folder.path() + "in"; }
 
   WatchedBoxes& boxes() { return boxes_; }

@@ -16,7 +16,7 @@
 
 namespace imptable {
 
-/// How long the dialogs may take to answer or to show what is waited for.
+/// How long the dialogs may take to answer, or to show what somebody waits for.
 inline constexpr std::chrono::seconds kPatience{20};
 
 /// Runs a question on the main thread, where the windows live, and hands its answer back.

@@ -24,15 +24,15 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// What a control's place on the screen is; empty while it can't be clicked.
+/// The control's place on the screen; nullopt while it can't be clicked.
 std::optional<wxRect> PlaceOf(const std::string& name) {
   const wxWindow& control = Control(name);
   if (!control.IsShownOnScreen() || !control.IsEnabled()) return std::nullopt;
   return control.GetScreenRect();
 }
 
-/// Words for xdotool. A mouse that is there already moves all the same: what opened under one that
-/// rests doesn't know of it.
+/// Words for xdotool. The mouse moves even when it is there already: a window that opened under a
+/// resting mouse doesn't notice it.
 std::vector<std::string> WordsToMoveTo(const wxPoint& place) {
   const double scale = OnMainThread([] { return FrontDialog()->GetContentScaleFactor(); });
   const wxPoint point(wxRound(place.x * scale), wxRound(place.y * scale));
@@ -54,13 +54,13 @@ void ClickAt(const wxPoint& point, int times) {
 
 /// Where a click on the control goes.
 wxPoint AimAt(const std::string& name) {
-  // A box or option is as wide as its page: its mark is at the left.
+  // A check box or option is as wide as its page, so aim at its mark, which is at the left.
   constexpr int kMark = 12;
   wxRect last;
   const wxRect place = WaitFor(
       [&] {
         auto now = PlaceOf(name);
-        // A dialog that has just come is still put into its place.
+        // A dialog that has just opened may still move.
         const bool rests = now && std::exchange(last, *now) == *now;
         return rests ? now : std::nullopt;
       },
@@ -105,7 +105,7 @@ std::vector<std::string> Person::WaitForMenu() { return WaitFor(OpenMenu, "a men
 void Person::Choose(const std::string& entry) {
   std::string keys;
   for (const std::string& offered : WaitForMenu()) {
-    // Keys pass lines and entries that can't be chosen.
+    // The keys skip lines and entries that can't be chosen.
     if (offered == "-" || offered.starts_with('[')) continue;
     keys += "Down ";
     if (offered == entry) return Press(keys + "Return");
@@ -133,7 +133,7 @@ void Person::ClickBlindly() { RunProgram({"xdotool", "click", "1"}); }
 
 void Person::ClickHalf(const std::string& spinner, bool up) {
   const wxRect place = WaitFor([&] { return PlaceOf(spinner); }, spinner);
-  // They stand side by side, that for less first.
+  // The buttons stand side by side, the one for less at the left.
   const int quarter = place.width / 4;
   ClickAt({place.x + (up ? 3 : 1) * quarter, place.y + place.height / 2}, 1);
 }
@@ -141,7 +141,7 @@ void Person::ClickHalf(const std::string& spinner, bool up) {
 void Person::ClickCell(const std::string& grid, int row, int column) {
   WaitFor([&] { return PlaceOf(grid); }, grid);
   wxRect last;
-  // Its columns get their widths when the grid gets its size.
+  // The cell moves until the grid has its size: only then the columns get their widths.
   const wxRect cell = WaitFor(
       [&] {
         const wxRect place = CellPlace(grid, row, column);
@@ -176,7 +176,7 @@ void Person::OpenList(const std::string& field) {
 
 void Person::ClickEntry(const std::string& list, int entry) {
   const wxRect place = WaitFor([&] { return PlaceOf(list); }, list);
-  // Entries of one height fill the list from its top.
+  // All entries have the same height, from the list's top.
   const int height = Ask(list, [](wxWindow& window) {
     const auto& box = dynamic_cast<wxListBox&>(window);
     int y = 0;
@@ -239,7 +239,7 @@ void Person::GoTo(const std::string& control) {
 }
 
 void Person::Fill(const std::string& field, const std::string& text) {
-  // A busy machine loses a key now and then, when the focus comes late.
+  // On a busy machine the focus now and then comes too late for a key.
   constexpr int kTries = 3;
   constexpr milliseconds kUntilTaken{30};
   for (int tried = 0; tried < kTries; ++tried) {

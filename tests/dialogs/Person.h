@@ -32,7 +32,7 @@ class Person {
   void WaitForText(const std::string& control, const std::string& text);
   void WaitForCell(const std::string& grid, int row, int column, const std::string& text);
 
-  /// Waits until that is true, asked on the main thread.
+  /// Waits until the condition holds. It is asked on the main thread.
   void WaitUntil(const std::function<bool()>& condition, const std::string& what);
 
   void Click(const std::string& control);
@@ -78,7 +78,8 @@ class Person {
   std::string AccessibleName(const std::string& control);
   std::string AccessibleNameOfFocus();
   int FrontTab();
-  /// The name of the control, or of the first of its parents that has one of ours, with the focus.
+  /// The name of the control with the focus. For an inner window of the toolkit's, that of the
+  /// nearest parent with a name of ours.
   std::string Focused();
 
   /// Asks about the control on the main thread.

@@ -25,7 +25,7 @@ void WaitUntil(Condition condition) {
 
 }  // namespace
 
-/// A connection of its own: that of the dialogs is theirs.
+/// A connection to the screen of its own, apart from that of the dialogs.
 struct PointerOnScreen::Screen {
   Display* display = XOpenDisplay(nullptr);
 };

@@ -20,7 +20,8 @@ class PointerOnScreen {
 
   Image Shape() const;
 
-  /// @throws std::runtime_error  when the pointer doesn't become that, or another one.
+  /// Waits until the pointer has this shape, or another one.
+  /// @throws std::runtime_error  when it doesn't get it in time.
   void WaitFor(const Image& shape) const;
   void WaitForOtherThan(const Image& shape) const;
 

@@ -25,7 +25,7 @@ class RulesOfTheTaskDialog : public testing::Test {
     EXPECT_THAT(place_.boxes().unanswered(), IsEmpty());
   }
 
-  /// Those of the controls that can't be used.
+  /// Which of the controls can't be used.
   static std::vector<std::string> Disabled(Person& person, std::vector<std::string> controls) {
     std::erase_if(controls, [&](const std::string& name) { return person.IsEnabled(name); });
     return controls;

@@ -10,7 +10,7 @@
 namespace imptable {
 namespace {
 
-/// What is complained of may come from any thread.
+/// Complaints may come from any thread.
 class Complaints {
  public:
   void Add(std::string text) {

@@ -10,7 +10,7 @@ namespace imptable {
 /// the same. To be called once, before the toolkit starts.
 void KeepToolkitComplaints();
 
-/// Those since the last call.
+/// The complaints since the last call.
 std::vector<std::string> TakeToolkitComplaints();
 
 }  // namespace imptable

@@ -9,19 +9,19 @@
 namespace imptable {
 namespace {
 
-/// A mistake that a person makes in a task that has none, and what Confirm says of it.
+/// A mistake that a person makes in a faultless task, and what Confirm says about it.
 struct Mistake {
   const char* name;
   std::function<void(Person&)> make;
   const char* french;
   const char* english;
   int tab;
-  const char* control;  // that gets the focus
+  const char* control;  // the one that gets the focus
 };
 
 void PrintTo(const Mistake& mistake, std::ostream* out) { *out << mistake.name; }
 
-/// An answer to the box that each choice of a file format brings is part of a mistake.
+/// Choosing a file format opens a box, which has to be answered.
 void ChooseFixedWidth(Person& person) {
   person.ClickTab(1);
   person.Click("optForm(0)");

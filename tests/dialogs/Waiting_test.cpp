@@ -41,7 +41,7 @@ struct Listing {
 
 class SlowListing : public SlowDataSource, public testing::WithParamInterface<Listing> {
  protected:
-  /// Presses the button and waits until the data source is waited for.
+  /// Presses the button and waits until the dialog waits for the data source.
   /// @return the pointer as it usually is.
   static PointerOnScreen::Image Begin(Person& person, const PointerOnScreen& pointer) {
     person.Click("optBCP(1)");

@@ -14,7 +14,7 @@
 namespace imptable {
 namespace {
 
-/// Between a box and the next one, or the dialog if there is any, keys go astray.
+/// Until the next box, or the dialog, has the keyboard, keys get lost.
 void WaitForTheKeyboard() {
   WaitFor(
       [] {
@@ -69,7 +69,7 @@ std::string WatchedBoxes::Answer(const std::string& key) {
   const auto is_open = [&] { return Closed() == before; };
   const auto end = std::chrono::steady_clock::now() + kPatience;
   while (is_open() && std::chrono::steady_clock::now() < end) {
-    // A key that comes before the box is drawn can go astray, so it is pressed until it has worked.
+    // A key that comes before the box is drawn can get lost, so press it until it works.
     RunProgram({"xdotool", "key", key});
     const auto pressed = std::chrono::steady_clock::now();
     while (is_open() && std::chrono::steady_clock::now() < pressed + kUntilClosed) {

@@ -25,7 +25,7 @@ class WatchedBoxes : public DialogBoxes, public WarningBox {
   /// @return what it shows, told as the record. @throws std::runtime_error  when none comes.
   std::string Answer(const std::string& key);
 
-  /// What all the boxes said that nobody answered; to be asked when the dialogs are gone.
+  /// What the boxes said that nobody answered. To be asked when the dialogs are gone.
   std::vector<std::string> unanswered() const { return pending_; }
 
  private:

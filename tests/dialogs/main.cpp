@@ -16,6 +16,6 @@ int main(int argc, char** argv) {
   }
   const int failed = RUN_ALL_TESTS();
   toolkit.reset();
-  // Those of its end, which no test sees.
+  // The toolkit's complaints as it ended, which no test sees.
   return imptable::TakeToolkitComplaints().empty() ? failed : 1;
 }

@@ -158,7 +158,8 @@ TEST_P(RealDriver, GivesTheseCodesForWhatTheDatabaseRefuses) {
             GetParam().null_in_not_null);
   EXPECT_EQ(source_.Do("INSERT INTO client (code, name, small) VALUES (4, 'd', 'abc')"),
             GetParam().no_number);
-  // At once, MariaDB's driver calls it a failure; the import executes what it has prepared.
+  // MariaDB's driver calls this a failure when it is executed at once. The import prepares its
+  // statements.
   EXPECT_EQ(
       source_.DoPrepared("INSERT INTO client (code, name, small) VALUES (5, 'e', ?)", {"12 EUR"}),
       GetParam().number_with_unit);
@@ -212,7 +213,7 @@ TEST_P(RealDriver, ComparesTextsByItsDatabasesRules) {
             GetParam().other_case_and_accent);
 }
 
-/// A file has no server that could go.
+/// Only databases with a server: a file has none that could go away.
 class ServerDriver : public RealDriver {};
 
 TEST_P(ServerDriver, StaysLostOnceItsServerHasGone) {

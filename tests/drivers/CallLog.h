@@ -11,8 +11,8 @@
 
 namespace imptable::scripted {
 
-/// One line a call, appended and flushed, so that a test can read it at any moment and a crash
-/// loses nothing. Closed, it costs a test of a pointer.
+/// One line a call, appended and flushed: a test can read it at any moment, and a crash loses
+/// nothing. A closed log costs the test of a pointer.
 class CallLog {
  public:
   CallLog() = default;

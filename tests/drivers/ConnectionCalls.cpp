@@ -35,7 +35,7 @@ SQLRETURN Connect(Connection& connection, Call call, const std::string& data_sou
       connection, call, {arguments}, [&] { return arguments; }, NoWork);
 }
 
-/// What a data source without a word about it in the script answers.
+/// What a data source answers when its script says nothing about it.
 Script::InfoAnswer UsualInfo(SQLUSMALLINT type, bool& known) {
   known = true;
   switch (type) {

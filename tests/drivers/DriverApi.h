@@ -1,7 +1,8 @@
 #ifndef TESTS_DRIVERS_DRIVERAPI_H_
 #define TESTS_DRIVERS_DRIVERAPI_H_
 
-// The driver is compiled with everything hidden; what these headers declare is its interface.
+// Everything in the driver is hidden by default. Only what these headers declare is visible
+// outside.
 #pragma GCC visibility push(default)
 #include <sql.h>
 #include <sqlext.h>

@@ -38,8 +38,8 @@ std::string SettingOf(const std::string& data_source, const char* key, const cha
   return value;
 }
 
-/// The script that is played until a data source is named. A faulty one is as good as none: the
-/// connection, which reads it again, tells what is wrong with it.
+/// The script to play until a data source is named. A faulty script counts as an empty one: the
+/// connection reads it again and reports the fault.
 std::shared_ptr<const Script> EarlyScript() {
   const std::string path = Variable("SCRIPTED_DRIVER_SCRIPT");
   try {

@@ -50,8 +50,8 @@ struct Environment : Handle {
   std::vector<std::unique_ptr<Connection>> connections;
 };
 
-/// Environments own their connections and these their statements, so that a handle whose release
-/// was refused lasts as long as its parent.
+/// Environments own their connections, and connections own their statements. So a handle whose
+/// release was refused lasts as long as its parent.
 Environment* NewEnvironment();
 void Release(Environment* environment);
 Connection* NewConnection(Environment& environment);

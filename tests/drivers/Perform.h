@@ -11,9 +11,9 @@
 namespace imptable::scripted {
 
 /// Plays one call: counts it, does what the script says about it, logs it.
-/// @param describe  gives the arguments for the log; not asked when there is none
-/// @param work      what the call does when the script doesn't refuse it; gives a return code
-/// @return the script's code, unless the work had more to say than SQL_SUCCESS
+/// @param describe  gives the arguments for the log; not called when the log is closed
+/// @param work  does what the call does when the script doesn't refuse it; gives a return code
+/// @return the script's code, unless the work gives another one than SQL_SUCCESS
 template <typename Describe, typename Work>
 SQLRETURN Perform(Handle& handle, Call call, const Occasion& occasion, Describe describe,
                   Work work) {

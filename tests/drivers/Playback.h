@@ -39,7 +39,7 @@ class Playback {
   /// What SQLRowCount will answer for this execution. The parameters' buffers can't be read
   /// later, so this is asked at each execution; nullptr when no condition holds.
   const RowCountRule* ExecutionRowCount(const Occasion& occasion) const;
-  /// For the SQLRowCount that Next was last called for.
+  /// The answer to the SQLRowCount call that Next has just counted.
   SQLLEN RowCount(const RowCountRule* of_execution) const;
 
  private:

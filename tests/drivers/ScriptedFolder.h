@@ -25,8 +25,8 @@ class ScriptedFolder {
   /// As this program names it.
   const std::filesystem::path& path() const;
 
-  /// The path of a file in it as the driver manager and the driver name it: they are Linux's under
-  /// Wine as well.
+  /// The path of a file in it as the driver manager and the driver name it: under Wine, too, both
+  /// belong to Linux.
   std::string PathForDriver(std::string_view name) const;
 
   static constexpr std::string_view kScript = "script.txt";

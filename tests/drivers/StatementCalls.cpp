@@ -1,4 +1,4 @@
-// Entry points on statements, save the catalogue's.
+// Entry points on statements, except those for the catalogue.
 #include <algorithm>
 
 #include "tests/drivers/Perform.h"

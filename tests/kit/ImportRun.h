@@ -44,7 +44,7 @@ class ImportRun {
   /// Replaces the description of the table and the driver's behaviour.
   void Script(std::string_view script) { script_ = script; }
 
-  /// Adds to it, as "on SQLExecute 2 return -1 diag ...".
+  /// Adds a line to the script, as "on SQLExecute 2 return -1 diag ...".
   void Driver(std::string_view line);
 
   void Set(std::string_view name, std::string_view text);

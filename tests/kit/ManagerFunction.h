@@ -3,8 +3,8 @@
 
 namespace imptable {
 
-/// The driver manager's own function of this name, for a test program that has one of the same name
-/// before it.
+/// The driver manager's own function of this name, for a test program that has put a function of
+/// the same name before it.
 void* ManagerFunction(const char* name);
 
 }  // namespace imptable

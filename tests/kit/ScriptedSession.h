@@ -27,7 +27,7 @@ class ScriptedSession {
     component.state.SetExecutionMode(ExecutionMode::kRun);
   }
 
-  /// Of the table that the run's owner and table name.
+  /// The catalogue of the run's table.
   Catalogue catalogue() { return Catalogue(odbc(), {run().owner, run().table}); }
 
   OdbcSession& odbc() { return component.session(); }

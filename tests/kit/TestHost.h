@@ -45,7 +45,7 @@ class TestHost : public HostLibrary {
   std::vector<ActionEntry> actions;       // of every task
   int writers_made = 0;
 
-  /// Set: a variable can't be looked up.
+  /// When set, no variable can be looked up.
   bool unavailable = false;
 
   /// When not 0, the report's write of this number (from 1) throws.

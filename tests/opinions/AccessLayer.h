@@ -13,7 +13,7 @@
 
 namespace imptable {
 
-/// The component's registry access layer over one registry, on ports that it has no use for.
+/// The component's registry access layer over one registry. It doesn't use the other ports.
 class AccessLayer {
  public:
   explicit AccessLayer(Registry& port) : registry(port) {}

@@ -18,10 +18,9 @@ using namespace std::string_view_literals;
 constexpr int kTexts = 4000;
 constexpr int kDateParts = 1000;
 
-// Windows takes more than this for numbers, and we don't: groups of digits and currencies, which
-// are each user's own; several signs and open parentheses; hexadecimal and octal digits. What is
-// left out here for that reason are "," in front of the decimal separator, blanks between digits,
-// "$", "&H" and "&O".
+// Windows reads more texts as numbers than we do: groups of digits and currencies, which each user
+// sets; several signs and open parentheses; hexadecimal and octal digits. So the cases have no ","
+// in front of the decimal separator, no blanks between digits, and no "$", "&H" or "&O".
 
 struct Frame {
   std::string_view before, after;
@@ -109,7 +108,7 @@ Written Write(Draws& draws, std::string_view decimal_separator) {
 
 void AskForIntegers(Draws& draws, std::ostream& out) {
   Written number = Write(draws, ".");
-  // Wine rounds these by their first digit, wherever it stands: 0.0061 is 1 to it.
+  // Wine rounds such numbers by their first digit, wherever it stands: it reads 0.0061 as 1.
   while (number.IsBetweenZeroAndATenth()) number = Write(draws, ".");
   const std::string text = number.Text();
   out << "int16 " << Printed(text) << " -> " << ReadInt16(text) << '\n';
@@ -123,7 +122,8 @@ void AskForADouble(Draws& draws, std::ostream& out) {
       << Shown(ReadDouble(text, separator)) << '\n';
 }
 
-/// Of anything but digits and blanks a date makes no number, whatever Windows does.
+/// A year in a date is a number only if it has nothing but digits and blanks, whatever Windows
+/// takes.
 void AskForAYear(Draws& draws, std::ostream& out) {
   std::string text;
   while (text.size() < 4) text += draws.OneIn(3) ? draws.Of("  a"sv) : draws.Of("0123456789"sv);

@@ -18,15 +18,15 @@ using namespace std::string_view_literals;
 constexpr int kFiles = 1000;
 constexpr int kQueriesOfAFile = 8;
 
-// Nobody asks for an empty name, or for a key that begins like a comment: Windows would find lines
-// before the first section, and comments.
+// No query has an empty name, or a key that begins like a comment: Windows would find lines before
+// the first section, or comments.
 constexpr std::string_view kSections[] = {"Table01",    "Table02", "Table20", "Table010",
                                           "T\xE9l\xE9", "a]b",     "a b",     "[Table01"};
 constexpr std::string_view kKeys[] = {"01", "02", "10", "1", "Cl\xE9", "a b", "[x", "'01'"};
 constexpr std::string_view kBlanks[] = {"",  "",   "",   "",     "",   "",   "",
                                         " ", "  ", "\t", " \t ", "\v", "\f", "\x1A"};
-// "Non" is what the component passes. Blanks and quotes that end a fallback are Windows' to take
-// away or not.
+// "Non" is what the component passes. No fallback ends with a blank or a quote, because Windows may
+// take those away.
 constexpr std::string_view kFallbacks[] = {"Non", "Non", "", " Non", "N\"on", "\xE9"};
 constexpr std::string_view kPieces[] = {
     "CODE,1,9",  "NOM,'A','M'", "Non",  "Nonce,1,2", "DATE_CDE,2006-01-01,2006-06-30",
@@ -36,7 +36,7 @@ constexpr std::string_view kPieces[] = {
     "\x1A",      "\xA0",        ","};
 constexpr std::string_view kLineEnds[] = {"\r\n", "\n", "\r", "\n\r", "\r\r\n", "\n\n"};
 
-/// Letters of ASCII only: Wine tells the cases of others apart here, unlike Windows.
+/// Changes only letters of ASCII: unlike Windows, Wine tells the cases of other letters apart here.
 std::string InOtherCase(std::string_view name, Draws& draws) {
   std::string text;
   for (const char c : name) {
@@ -71,8 +71,8 @@ std::string Value(Draws& draws) {
   }
 }
 
-/// The text in another encoding, behind its mark. What Latin-1 and code page 1252 read differently
-/// is left out.
+/// The text in another encoding, behind its mark. Leaves out the characters that Latin-1 and code
+/// page 1252 read differently.
 template <typename Encode>
 std::string Marked(std::string mark, std::string_view text, Encode encode) {
   for (const char c : text) {
@@ -180,7 +180,8 @@ void Save(const std::string& path, const std::string& bytes) {
 void AskForProfileStrings(const std::string& folder, std::ostream& out) {
   Draws draws(321);
   for (int number = 1; number <= kFiles; ++number) {
-    // Wine keeps what it has read of a file for as long as its time stays the same.
+    // Wine keeps what it has read of a file until the file's time changes: each case gets another
+    // file.
     const std::string path = folder + "FILE" + std::to_string(number) + ".SUP";
     Sample sample(draws);
     std::string shown = "(no file)";

@@ -94,7 +94,8 @@ std::string Shown(const std::vector<std::string>& names) {
   return text;
 }
 
-/// Wine lists values by name, Windows and we as they were first written.
+/// Wine lists values by name. Windows and we list them in the order in which they were first
+/// written.
 std::vector<std::string> Sorted(std::vector<std::string> names) {
   std::sort(names.begin(), names.end());
   return names;
@@ -122,7 +123,7 @@ std::string Bytes(Draws& draws) {
   }
 }
 
-/// A text that lacks its terminator gets one from the 8-bit functions of Windows, and none from us.
+/// Every text has its terminator: the 8-bit functions of Windows add a missing one, and we don't.
 RegistryValue Value(Draws& draws) {
   const RegistryType type = draws.Of(kTypes);
   std::string data = Bytes(draws);
@@ -130,7 +131,7 @@ RegistryValue Value(Draws& draws) {
   return {type, std::move(data)};
 }
 
-/// A few keys and values to which things are done at random, each written with what came of it.
+/// Does things at random to a few keys and values, and writes each with its result.
 class Round {
  public:
   Round(AccessLayer& layer, Draws& draws) : layer_(layer), draws_(draws) {

@@ -11,8 +11,7 @@
 
 namespace imptable {
 
-// What is asked of both systems. Elsewhere than on Windows the component's own code answers, in
-// code page 1252.
+// Questions to both systems. On Linux the component's own code answers, in code page 1252.
 
 std::string ReadProfileString(const std::string& path, std::string_view section,
                               std::string_view key, std::string_view fallback, std::size_t most);

@@ -14,7 +14,7 @@ namespace {
 constexpr LCID kEnglish = 0x0409;
 constexpr LCID kFrench = 0x040C;
 
-/// One of the system's functions, as the host's language uses them.
+/// A conversion of the system's, as the host's language uses them.
 template <typename Number>
 using Conversion = HRESULT(WINAPI*)(OLECHAR*, LCID, ULONG, Number*);
 
@@ -45,7 +45,7 @@ std::string ReadInteger(Conversion<Number> convert, const std::string& text) {
 
 std::string ReadProfileString(const std::string& path, std::string_view section,
                               std::string_view key, std::string_view fallback, std::size_t most) {
-  // Wine takes away the last byte, too, of a value in quotes that just fits.
+  // Wine cuts the last byte off a quoted value that just fits, so ask for one byte more.
   return SystemProfileFile()->ReadString(path, section, key, fallback, most + 1).substr(0, most);
 }
 

@@ -17,7 +17,7 @@ void ExpectOneErrorLine(const Ending& ending, int code, const std::string& about
   EXPECT_EQ(ending.code, code) << ending.out;
   EXPECT_TRUE(ending.err.starts_with("imptable: ")) << ending.err;
   EXPECT_EQ(std::count(ending.err.begin(), ending.err.end(), '\n'), 1) << ending.err;
-  // The component's host isn't told what it is about.
+  // The component doesn't tell its host the reason.
   if (!TheCommand().is_windows()) {
     EXPECT_THAT(ending.err, HasSubstr(about));
   }

@@ -15,7 +15,7 @@ using std::chrono::seconds;
 using testing::HasSubstr;
 using SteadyClock = std::chrono::steady_clock;
 
-/// Longer than the run takes to be cancelled, and than the machine may be slow.
+/// Longer than a run takes to be cancelled, even on a slow machine.
 constexpr int kHeldSeconds = 12;
 constexpr seconds kCancelledWithin{6};
 

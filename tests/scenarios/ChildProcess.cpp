@@ -59,7 +59,7 @@ ChildProcess::ChildProcess(const Invocation& invocation) {
   Redirect(input, O_RDONLY, STDIN_FILENO);
   Redirect(out, O_WRONLY, STDOUT_FILENO);
   Redirect(err, O_WRONLY, STDERR_FILENO);
-  // Whoever runs the tests may have these ignored, which a program would inherit.
+  // Whoever runs the tests may ignore these signals, and a program would inherit that.
   std::signal(SIGINT, SIG_DFL);
   std::signal(SIGTERM, SIG_DFL);
   std::signal(SIGHUP, SIG_DFL);

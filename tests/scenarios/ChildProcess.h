@@ -30,7 +30,7 @@ struct Ending {
   std::string err;
 };
 
-/// Sole owner of a running program: one that is still there with its owner's end is killed.
+/// Sole owner of a running program, which is killed if it still runs when its owner goes.
 class ChildProcess {
  public:
   explicit ChildProcess(const Invocation& invocation);
@@ -40,7 +40,7 @@ class ChildProcess {
 
   bool Running();
   void Signal(int number) const;
-  /// A program that isn't done by then is killed, and said to be.
+  /// Kills a program that isn't done by then, and says so at the end of its errors.
   Ending Wait(std::chrono::seconds most = std::chrono::seconds(60));
 
  private:

@@ -7,8 +7,8 @@
 
 namespace imptable {
 
-/// The command that the tests run, and how the system that it runs on shows: $IMPTABLE_COMMAND,
-/// else the one just built; where $IMPTABLE_COMMAND_SYSTEM is "windows" it stands for the Windows
+/// The command that the tests run, and the ways of its system. It is $IMPTABLE_COMMAND, else the
+/// one just built. With "windows" as $IMPTABLE_COMMAND_SYSTEM, the command stands for the Windows
 /// component (tests/win32/imptable).
 class CommandUnderTest {
  public:
@@ -20,7 +20,7 @@ class CommandUnderTest {
   /// What it needs of this process's environment besides PATH and HOME.
   Environment Surroundings() const;
 
-  /// A path of this system as that one spells it.
+  /// A path of this system as the command's system spells it.
   std::string Spelt(std::string path) const;
 
   std::string SqliteDriver() const;

@@ -146,7 +146,7 @@ class MariadbDatabase : public ServerDatabase {
       std::string value;
       for (bool first = true; std::getline(values, value, '\t'); first = false) {
         if (!first) rows += '|';
-        // The client writes a null so; a text NULL can't be told from it.
+        // The client writes a null as NULL, which can't be told from the text NULL.
         rows += value == "NULL" ? "<null>" : value;
       }
       rows += '\n';

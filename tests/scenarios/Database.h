@@ -34,7 +34,7 @@ class Database {
   virtual void Execute(const std::string& sql) = 0;
   /// One row a line, values joined by "|", <null> for NULL.
   virtual std::string Rows(const std::string& query) = 0;
-  /// What in texts of this database is never the same twice, and what is compared in its place.
+  /// Texts of this database that differ from run to run, and what is compared in their place.
   virtual std::map<std::string, std::string> PassingTexts() const { return {}; }
 };
 

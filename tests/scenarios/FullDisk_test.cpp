@@ -19,8 +19,8 @@ using testing::HasSubstr;
 constexpr int kLines = 2000;
 constexpr std::uint64_t kRoom = std::uint64_t{128} << 10U;
 
-/// A run's folder with little room: a file system of its own where that may be mounted, else no
-/// file in it may grow beyond what would fit.
+/// A run's folder with little room. Where it may be mounted, that is a file system of its own; else
+/// no file in the folder may grow beyond what would fit.
 class SmallRoom {
  public:
   explicit SmallRoom(const std::string& folder) : folder_(folder) {

@@ -92,7 +92,7 @@ TEST(Killing, LosesNoLineForAResume) {
   EXPECT_EQ(task.Status(), "1");
 
   task.Write("CLIENTS.LER", "1;name 1\n");
-  // The line that was in hand may have reached the table before its trace: its key refuses it.
+  // The line in hand may have reached the table before its trace. Then the table refuses its key.
   const Ending resumed = task.Run({"--resume"});
   EXPECT_THAT(resumed.code, AnyOf(0, 1)) << resumed.err;
   const std::string errors = task.Read("CLIENTS.ERR");
@@ -121,7 +121,7 @@ TEST(Killing, IsGoneOnFromAsTheCommandSaysWhenNoLineWasRejected) {
   const std::vector<std::string> commands = AdvisedCommands(resumed.err);
   ASSERT_EQ(commands.size(), 2U) << resumed.err;
   OutputOf(task.Typed(commands.front()));
-  // The line that was in hand may have reached the table before its trace: its key refuses it.
+  // The line in hand may have reached the table before its trace. Then the table refuses its key.
   EXPECT_THAT(Finish(task.Typed(commands.back())).code, AnyOf(0, 1));
   EXPECT_EQ(task.Rows(kCounts), EveryLineOnce());
 }

@@ -7,7 +7,8 @@
 namespace imptable {
 namespace {
 
-// A 0 stands for a digit, a 9 for one or two. An American Windows user's, which hold others, first.
+// 0 stands for a digit, 9 for one or two. The forms of an American Windows user come first, because
+// a text in such a form may begin like another form.
 constexpr std::array<std::string_view, 4> kDates{"9/9/0000 9:00:00 AM", "9/9/0000 9:00:00 PM",
                                                  "0000-00-00 00:00:00", "00/00/0000 00:00:00"};
 constexpr std::string_view kStrong = "<strong>";
@@ -17,7 +18,7 @@ bool IsDigit(std::string_view text, std::size_t at) {
   return at < text.size() && text[at] >= '0' && text[at] <= '9';
 }
 
-/// How much of the text has that form; 0 when it hasn't.
+/// The length of the form at the text's start; 0 when it isn't there.
 std::size_t LengthOf(std::string_view form, std::string_view text) {
   std::size_t at = 0;
   for (const char wanted : form) {
@@ -37,14 +38,14 @@ std::size_t DateLength(std::string_view text) {
   return 0;
 }
 
-/// Up to where the text of a line begins in an HTML report.
+/// The length of an HTML report's mark-up before the text of a line.
 std::size_t MarkUpLength(std::string_view line) {
   const std::size_t strong = line.substr(0, line.find('\n')).find(kStrong);
   const bool leads = strong == 0 || (strong != std::string_view::npos && line.starts_with("<font"));
   return leads ? strong + kStrong.size() : 0;
 }
 
-/// Of "[ma-3.1.15][10.11.19-MariaDB]", the second part being absent before a connection.
+/// The length of "[ma-3.1.15][10.11.19-MariaDB]". The second part is missing before a connection.
 std::size_t VersionsLength(std::string_view text) {
   const std::size_t end = text.find(']') + 1;
   if (end == 0 || end >= text.size() || text[end] != '[') return end;

@@ -8,7 +8,7 @@
 
 namespace imptable {
 
-/// Names as below `expected/`, and texts.
+/// The files' names below `expected/`, and their texts.
 using ResultFiles = std::map<std::string, std::string>;
 
 /// What the scenario expects of this database.

@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Beside the scenarios: what they take that have no such file.
+/// The folder beside the scenarios with the files for scenarios that have none of their own.
 constexpr const char* kDefaults = "defaults";
 
 std::vector<std::string> WordsOf(const std::string& text) {
@@ -46,7 +46,7 @@ void ReadRun(const std::vector<std::string>& words, ScenarioStep& step) {
   step.words.insert(step.words.end(), rest.begin(), rest.end());
 }
 
-/// One process for all that is set together.
+/// Settings that follow each other are set by one process.
 void AddSetting(ScenarioStep step, std::vector<ScenarioStep>& steps) {
   if (steps.empty() || steps.back().kind != step.kind || steps.back().only != step.only) {
     steps.push_back(std::move(step));

@@ -17,7 +17,7 @@ struct ScenarioStep {
   std::string text;                       ///< the line, for messages
   std::optional<DatabaseKind> only = {};  ///< taken on this database alone
   std::vector<std::string> words =
-      {};  ///< those of a run after the command; else all after the first
+      {};  ///< of a run: those after the command; of others: all after the first
   int exit_code = 0;
 };
 

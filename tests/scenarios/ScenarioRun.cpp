@@ -14,11 +14,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Of the two codes after which the task's status is settled.
+/// After these two codes, the task's status is settled.
 constexpr int kDone = 0;
 constexpr int kRunFailed = 1;
 
-/// A run may warn of what it takes no notice of, one line each before the error.
+/// A run may print warnings, one line each, before its error.
 std::string WithoutWarnings(const std::string& lines) {
   std::string rest = lines;
   while (rest.starts_with("imptable: attention : ") || rest.starts_with("imptable: warning: ")) {

@@ -22,7 +22,8 @@ Workplace::Workplace(DatabaseKind kind)
     environment_["LC_CTYPE"] = "C.UTF-8";
   }
 #ifdef __SANITIZE_ADDRESS__
-  // SQLite's driver loads it and closes it again, with all that it keeps: that looks like a leak.
+  // SQLite's driver loads and closes this library. What the library still holds then looks like a
+  // leak, so keep it loaded.
   environment_["LD_PRELOAD"] = "libodbcinst.so.2";
   environment_["ASAN_OPTIONS"] = "verify_asan_link_order=0";
   // The C library never frees the folders in LOCPATH, nor PostgreSQL's driver a refused statement.

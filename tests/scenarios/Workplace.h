@@ -13,7 +13,7 @@
 
 namespace imptable {
 
-/// Whose name a data source has in every workplace.
+/// The name of the data source in every workplace.
 inline constexpr const char* kSourceName = "ScenarioSource";
 
 /// All that the command needs, and nothing of the machine's: a registry, data sources, a database,

@@ -58,7 +58,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   const int result = RUN_ALL_TESTS();
-  // A scenario that went since the tests were listed must not look as if it had passed.
+  // The scenario may have gone since the tests were listed. That must not look like a pass.
   const auto* const tests = testing::UnitTest::GetInstance();
   if (tests->test_to_run_count() > 0 || GTEST_FLAG_GET(list_tests)) return result;
   std::cerr << "No such test.\n";

@@ -21,7 +21,7 @@ constexpr const char* kSchema =
 
 constexpr int kTabCount = 4;
 
-/// Made by scripts/pictures: what everybody sees in the pictures is no folder of a test.
+/// The folder that the pictures show, so it isn't named like a test's. scripts/pictures makes it.
 constexpr const char* kSources = "/srv/imports";
 
 class Photographer {
@@ -127,6 +127,6 @@ int main(int argc, char** argv) {
   const std::string folder = argv[1];
   imptable::TakePicturesIn(imptable::Language::kFrench, folder + "/fr");
   imptable::TakePicturesIn(imptable::Language::kEnglish, folder + "/en");
-  // What didn't go as it should is recorded as of a test outside of any.
+  // A failure outside of any test is recorded, too.
   return testing::UnitTest::GetInstance()->Failed() ? 1 : 0;
 }

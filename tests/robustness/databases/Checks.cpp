@@ -5,7 +5,7 @@
 namespace imptable {
 namespace {
 
-/// MariaDB's driver refuses it by itself; a row that has it shows what else finds it.
+/// MariaDB's driver refuses to send this value. A row that has it shows which other keys find it.
 constexpr std::string_view kNeverSent = "0000-00-00 00:00:00";
 
 std::string Rows(const std::vector<std::string>& rows) {
@@ -25,7 +25,9 @@ void ExpectCount(Findings& findings, const RunResult& run, const std::string& na
       name + ": " + std::to_string(run.Count(name)) + " said, " + std::to_string(count) + " there");
 }
 
-/// The rejected lines, each once and as it was read, and what every run has in common.
+/// Checks what every run has in common: the counts and the exit code, and that each rejected line
+/// is a line of the source and is rejected once.
+/// @return the rejected lines.
 std::set<std::string> ExpectRejected(Findings& findings, const RunResult& run,
                                      const std::vector<std::string>& lines) {
   const std::set<std::string> source(lines.begin(), lines.end());
@@ -107,7 +109,7 @@ CheckedRun CheckKeys(const ValueTask& task, ImportMode mode, const ColumnType& t
   CheckedRun checked{lines, static_cast<long>(run.rejected.size()), {}};
   Findings& findings = checked.findings;
   const std::set<std::string> rejected = ExpectRejected(findings, run, source);
-  // By the row's id: the number of the line that changed it last.
+  // For each row's id, the number of the line that changed the row last.
   const std::map<long, long> left = task.Pairs("SELECT id, m FROM t WHERE id IS NOT NULL");
   std::size_t changed = 0;
   for (std::size_t id = 0; id < keys.size(); ++id) {

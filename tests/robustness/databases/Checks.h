@@ -16,13 +16,13 @@ struct CheckedRun {
   Findings findings;
 };
 
-/// Lines with a key of their own and a random value: each is in the table or among the rejected
-/// ones, and the counts are the table's.
+/// Imports lines with a key of their own and a random value. Each line must be in the table or
+/// among the rejected ones, and the counts must be those of the table.
 CheckedRun CheckValues(const ValueTask& task, ImportMode mode, const ColumnType& type, int lines,
                        RandomValues& random);
 
-/// Lines with a random key: only rows that a line names are changed, and each line that names one
-/// in so many words changes it.
+/// Imports lines with a random key. Only rows that a line may name are changed, and a line with
+/// exactly a row's key changes that row.
 CheckedRun CheckKeys(const ValueTask& task, ImportMode mode, const ColumnType& type, int lines,
                      bool zero_dates, RandomValues& random);
 

@@ -23,7 +23,8 @@ std::string Folded(std::string text) {
   return text;
 }
 
-/// Only what is a number to the last character; never hexadecimal, which strtod would read.
+/// The whole text as a number, else nullopt. A hexadecimal number, which strtod would read, isn't
+/// one.
 std::optional<double> Number(const std::string& text) {
   const std::string trimmed = Trimmed(text);
   if (trimmed.empty() || trimmed.find_first_not_of("0123456789+-.eE") != std::string::npos) {

@@ -20,14 +20,14 @@ struct ColumnType {
 /// The types that the catalogue of a database tells apart.
 const std::vector<ColumnType>& TypesOf(DatabaseKind kind);
 
-/// Values of rows, each another key, as the import's lines write them.
+/// Keys of rows, all different, as the import's lines write them.
 /// @param zero_dates  whether the database has a date of zeros.
 std::vector<std::string> RowKeys(KeyKind kind, bool zero_dates);
 
-/// Such a value as a literal of SQL.
+/// Such a key as a literal of SQL.
 std::string Literal(KeyKind kind, const std::string& key);
 
-/// Whether a line's key may be read as that of a row, by whatever a database does with blanks,
+/// Whether a line's key may be read as this row's key, whatever the database does with blanks,
 /// signs, zeros, letter case and shorter forms.
 bool MayName(KeyKind kind, const std::string& line_key, const std::string& row_key);
 

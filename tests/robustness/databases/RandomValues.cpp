@@ -152,7 +152,7 @@ std::string RandomValues::Text() {
       text += "é";
     } else {
       const char c = static_cast<char>(' ' + Below(95));
-      // The delimiter makes another line of it: now and then.
+      // The delimiter gives the line another field, so it comes only now and then.
       text += c == ';' && !OneIn(20) ? 'x' : c;
     }
   }

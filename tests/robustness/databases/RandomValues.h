@@ -7,8 +7,8 @@
 
 namespace imptable {
 
-/// Fields of lines, valid for a column or nearly so, or as no column expects them. The same for the
-/// same seed.
+/// Fields of lines: valid for a column, nearly valid, or such as no column expects. The same seed
+/// gives the same fields.
 class RandomValues {
  public:
   explicit RandomValues(std::uint32_t seed) : random_(seed) {}
@@ -16,7 +16,7 @@ class RandomValues {
   /// Any value at all.
   std::string Any();
 
-  /// One of these as it is or in another form, a hostile relative of one, or any value.
+  /// One of these keys, one of them cut or with something added, or any value.
   std::string KeyLike(const std::vector<std::string>& keys);
 
   bool OneIn(int n) { return Below(n) == 0; }

@@ -24,8 +24,8 @@ struct RunResult {
   long Count(const std::string& name) const { return counts.at(name); }
 };
 
-/// Tasks of every mode into a table t, by the key "id" from the lines id;v;m and by the key "v"
-/// from the lines v;m, whose rows keep their id.
+/// Tasks of every mode into a table t. Those with the key "id" read lines id;v;m. Those with the
+/// key "v" read lines v;m, and the rows keep their id.
 class ValueTask : public Workplace {
  public:
   /// @param options  more lines of the data source.
@@ -33,7 +33,8 @@ class ValueTask : public Workplace {
 
   RunResult Run(ImportMode mode, bool by_value, const std::vector<std::string>& lines) const;
 
-  /// The numbers of a query of one column or of two, the second by the first.
+  /// The numbers that a query gives: Numbers those of its one column, Pairs those of its second
+  /// column by those of its first.
   std::set<long> Numbers(const std::string& query) const;
   std::map<long, long> Pairs(const std::string& query) const;
 };

@@ -20,7 +20,7 @@ struct Plan {
   int lines = 1;  // of each run
 };
 
-/// "mariadb_loose" is the one that stores what it can make of a value.
+/// "mariadb_loose" is a MariaDB that stores what it can make of a bad value instead of refusing it.
 Plan PlanFrom(int count, char** words) {
   Plan plan;
   plan.name = count > 1 ? words[1] : "";
@@ -37,7 +37,7 @@ Plan PlanFrom(int count, char** words) {
   return plan;
 }
 
-/// A refused assignment would hide what a key does.
+/// Not a BIT key that the mode assigns: a refused assignment would hide what the key does.
 bool CanBeKeyIn(ImportMode mode, const ColumnType& type) {
   return type.key != KeyKind::kNone &&
          (mode == ImportMode::kDelete || !type.sql.starts_with("BIT"));

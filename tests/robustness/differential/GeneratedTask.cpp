@@ -122,7 +122,7 @@ std::string FixedFormText(Draws& draws) {
   return text;
 }
 
-/// What mostly fits the file column, and the table column of the same place.
+/// A field that mostly fits the file column and the table column at this place.
 std::string Field(const rules::Task& task, std::size_t place, Draws& draws) {
   const std::string& entry = task.layout[place];
   const int sql_type = place < task.columns.size() ? task.columns[place].sql_type : 12;
@@ -143,7 +143,7 @@ std::string Field(const rules::Task& task, std::size_t place, Draws& draws) {
   return PlainText(draws);
 }
 
-/// The type of a column that a file column may feed.
+/// A type for a table column that the file column feeds.
 std::int16_t FedType(const std::string& entry, Draws& draws) {
   constexpr std::array<std::int16_t, 9> kAnyTypes{12, 1, 6, 9, 11, 5, 4, 3, 8};
   constexpr std::array<std::int16_t, 4> kOfDates{9, 11, 11, 12};

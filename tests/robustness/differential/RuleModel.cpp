@@ -103,7 +103,7 @@ std::vector<std::string> FixedFields(const Characters& line, const Task& task) {
 struct Origin {
   bool is_field = false;
   std::size_t field = 0;  // from 0
-  std::string text;       // of anything else
+  std::string text;       // the value, when it isn't a field's
 };
 
 Origin OriginOf(const Task& task, std::size_t column) {
@@ -123,7 +123,7 @@ Origin OriginOf(const Task& task, std::size_t column) {
   return {false, 0, item};
 }
 
-/// A value that is the word for none is none.
+/// The value "Null" stands for no value.
 std::string WithoutNull(const Task& task, const std::string& value) {
   return (task.blanks_are_null ? TrimmedAtTheEnd(value) : value) == "Null" ? "" : value;
 }

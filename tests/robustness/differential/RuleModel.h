@@ -47,7 +47,7 @@ struct Value {
 struct Record {
   enum class Result { kRefusedTask, kFailed, kEmpty, kRecord };
   Result result = Result::kFailed;
-  std::vector<Value> values;  // one a column, of a record
+  std::vector<Value> values;  // one a column; only when the line is a record
 
   bool operator==(const Record&) const = default;
 };
@@ -55,7 +55,7 @@ struct Record {
 /// What a line is by the rules, worked out anew for every line.
 Record RecordByTheRules(const Task& task, const std::string& line);
 
-/// All of it, to be read beside what another one gives.
+/// The whole record as a text, to be compared with another one.
 std::string Described(const Record& record);
 
 }  // namespace imptable::rules

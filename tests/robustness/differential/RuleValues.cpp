@@ -15,7 +15,8 @@ bool Continues(const std::string& text, std::size_t at) {
   return ByteAt(text, at) >= 0x80 && ByteAt(text, at) <= 0xBF;
 }
 
-/// By the table of well-formed byte sequences.
+/// How many bytes the character here has, by the table of well-formed UTF-8; 1 for an invalid byte,
+/// too.
 std::size_t CharacterBytes(const std::string& text, std::size_t at) {
   const unsigned first = ByteAt(text, at);
   const unsigned second = ByteAt(text, at + 1);
@@ -51,7 +52,8 @@ std::string Padded(int number, std::size_t digits) {
   return text;
 }
 
-/// 1-based positions and lengths; a two-digit year stands behind the century.
+/// Where the parts of a date are: positions from 1, and lengths. `century` puts the current century
+/// before a year of two digits.
 struct Row {
   const char* style;
   bool century;
@@ -117,7 +119,7 @@ std::optional<Date> DateByStyle(const Characters& value, const std::string& styl
   for (const Row& row : kRows) {
     if (style != row.style) continue;
     std::string year = TextOf(value, row.year - 1, row.year_length);
-    // A part of blanks, or none, is no number, century or not.
+    // A blank or missing year is no number: it gets no century.
     if (row.century && !Trimmed(year).empty()) {
       year = Padded(current_year, 4).substr(0, 2) + year;
     }

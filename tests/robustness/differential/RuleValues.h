@@ -17,7 +17,7 @@ Characters CharactersOf(const std::string& text, bool utf8);
 std::string TextOf(const Characters& characters, std::size_t from, std::size_t count);
 std::string TextOf(const Characters& characters);
 
-/// Without the blanks (the space alone) around it, or at its end.
+/// Without the spaces around it, or at its end. Other blanks stay.
 std::string Trimmed(const std::string& text);
 std::string TrimmedAtTheEnd(std::string text);
 

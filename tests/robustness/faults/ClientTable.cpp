@@ -8,7 +8,7 @@ namespace imptable {
 namespace {
 
 constexpr std::int16_t kError = -1;
-constexpr std::int32_t kConstraint = 19;  // SQLite's number for one that is broken
+constexpr std::int32_t kConstraint = 19;  // SQLite's number for a broken constraint
 
 Answer Refusal(const std::string& constraint) {
   return {.code = kError, .native = kConstraint, .text = constraint};
@@ -32,7 +32,8 @@ std::string Unquoted(std::string text) {
   return text;
 }
 
-/// What stands between the next two of these. @param at  from where on; then behind them.
+/// The text between the next `start` and the `end` after it.
+/// @param at  where to look from; moved behind the end.
 std::string Between(const std::string& text, std::string_view start, std::string_view end,
                     std::size_t& at) {
   const std::size_t from = text.find(start, at);

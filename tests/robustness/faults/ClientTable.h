@@ -17,9 +17,9 @@ struct Answer {
   std::string text;
 };
 
-/// The rows of the table CLIENT (CODE, NOM), as a database would keep them behind the scripted
-/// driver, which keeps none: executes the statements that the component makes. It refuses the code
-/// kRefusedCode, as a constraint would, and with a unique key a code that it has.
+/// The rows of the table CLIENT (CODE, NOM). It executes the statements that the component makes,
+/// in place of the scripted driver, which keeps no rows. It refuses the code kRefusedCode as a
+/// constraint would, and with a unique key a code that exists already.
 class ClientTable {
  public:
   using Row = std::pair<int, std::string>;

@@ -21,7 +21,8 @@ std::string NameIn(const std::string& path) { return path.substr(path.find_last_
 
 bool IsChain(const Occurrence& hit) { return NameIn(hit.about).find(".REP") != std::string::npos; }
 
-/// Whether it is of the mark that says how a run ended: without one the careful answer is given.
+/// Whether it writes the mark of how the run ended. That may fail: without a mark, the component
+/// takes the careful answer.
 bool IsMark(const Occurrence& hit) {
   const bool adds = hit.operation == Operation::kOpenWrite || hit.operation == Operation::kWrite ||
                     hit.operation == Operation::kClose;
@@ -31,18 +32,19 @@ bool IsMark(const Occurrence& hit) {
 
 Consequence OfFile(const Occurrence& hit) {
   if (IsMark(hit)) return Consequence::kPassedOver;
-  // The work is done, and what can't be deleted is emptied or declared to be over.
+  // The import's work is done by then. A side file that can't be deleted is emptied or declared to
+  // be over.
   if (IsReport(hit) || hit.phase == Phase::kEnding) return Consequence::kPassedOver;
-  // What the import reported decides alone.
+  // Here, only what the import has reported counts.
   if (hit.operation == Operation::kQuery && hit.phase == Phase::kClosing) {
     return Consequence::kPassedOver;
   }
-  // Whether there is a selection can't be told.
+  // The run can't tell whether there is a selection.
   if (hit.operation == Operation::kQuery && hit.phase == Phase::kImportPreparing &&
       NameIn(hit.about).ends_with(".SUP")) {
     return Consequence::kStopped;
   }
-  // It is emptied in place of deleted.
+  // A file that can't be deleted is emptied instead.
   if (hit.operation == Operation::kRemove && !IsChain(hit)) return Consequence::kPassedOver;
   switch (hit.phase) {
     case Phase::kPreparing:
@@ -69,7 +71,7 @@ Consequence OfHost(const Fault& fault, const Occurrence& hit) {
     case Operation::kProfileRead:
       return Consequence::kFaultInDeletion;
     default:
-      // Within the deletion, the report is one of the things that it may fail at.
+      // A single report line that fails within the deletion is a fault of the deletion.
       return hit.about.starts_with(" ---->   ") && !fault.persists ? Consequence::kFaultInDeletion
                                                                    : Consequence::kStopped;
   }
@@ -103,7 +105,8 @@ Consequence OfOdbc(const Fault& fault, const Occurrence& hit, const Workload& wo
     case Operation::kFreeEnv:
       return Consequence::kMentionedAfterwards;
     case Operation::kGetInfo:
-      // The longest names have a default, and so has the dialect of a database without a name (17).
+      // The longest names (30, 35) have defaults. A database without a name (17) has a default
+      // dialect.
       return hit.about == "17" || hit.about == "30" || hit.about == "35" ? Consequence::kPassedOver
                                                                          : Consequence::kMentioned;
     default:
@@ -120,13 +123,13 @@ Consequence OfOdbc(const Fault& fault, const Occurrence& hit, const Workload& wo
     case Phase::kImportPreparing:
       return Consequence::kNoLineRead;
     default:
-      // A row count that can't be had is none: the line is done all the same.
+      // Without a row count, the line is done all the same.
       return hit.operation == Operation::kRowCount ? Consequence::kMentioned
                                                    : Consequence::kLinesRejected;
   }
 }
 
-/// What one run left, as complaints about it are collected.
+/// Reads what one run left, and collects objections to it.
 class Reader {
  public:
   Reader(const RunRecord& run, std::vector<std::string>& objections)
@@ -166,7 +169,8 @@ bool IsPrefix(const std::vector<std::string>& part, const std::vector<std::strin
   return part.size() <= whole.size() && std::equal(part.begin(), part.end(), whole.begin());
 }
 
-/// A run that may not go on with what it is to resume says so in its last line.
+/// Without the last line if it tells a fault, as of a run that may not go on with what it is to
+/// resume.
 std::vector<std::string> WithoutFaultLine(std::vector<std::string> report) {
   if (!report.empty() && report.back().starts_with(kFaultLine)) report.pop_back();
   return report;
@@ -265,8 +269,8 @@ bool IsRelease(Operation operation) {
 
 bool IsCopy(const std::string& path) { return path.ends_with(".LEB") || path.ends_with(".TRB"); }
 
-/// Whether a file may go without being told to close: one that failed itself; those that a run has
-/// open when it stops; one that is made of another that can't be read, and is given up.
+/// Whether a file may go without being told to close: a file that failed itself, a file that is
+/// open when the run stops, or a copy that is given up because its original can't be read.
 bool MayBeDropped(const std::string& path, const std::vector<Occurrence>& hits,
                   Consequence consequence) {
   if (consequence == Consequence::kStopped) return true;
@@ -295,12 +299,12 @@ Consequence ConsequenceOf(const Fault& fault, const Occurrence& hit, const Workl
 
 const Occurrence& DecisiveOf(const Fault& fault, const std::vector<Occurrence>& hits,
                              const Workload& workload) {
-  // What is passed over may go wrong again where it isn't.
+  // A fault that persists may first hit operations that are passed over, and then one that isn't.
   const auto decisive = std::find_if(hits.begin(), hits.end(), [&](const Occurrence& each) {
     return ConsequenceOf(fault, each, workload) != Consequence::kPassedOver;
   });
   if (decisive != hits.end()) return *decisive;
-  // Of what is passed over, the report alone shows that it was struck.
+  // When all hits are passed over, only a hit on the report shows afterwards.
   const auto report = std::find_if(hits.begin(), hits.end(), IsReport);
   return report == hits.end() ? hits.front() : *report;
 }
@@ -358,7 +362,7 @@ std::vector<std::string> Objections(const Fault& fault, const std::vector<Occurr
     reader.Expect(MayBeDropped(path, hits, consequence), path + " isn't told to close");
   }
   ObjectToConsequence(consequence, hit, workload, plain, struck, reader);
-  // Where all fail, the last one is as telling as the first.
+  // When several operations fail, it is enough that one of them is mentioned.
   const bool mentioned = std::any_of(hits.begin(), hits.end(), [&](const Occurrence& each) {
     return struck.Says(MentionOf(fault, each, consequence));
   });

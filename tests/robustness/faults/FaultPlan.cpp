@@ -47,7 +47,8 @@ constexpr std::array<std::string_view, kOperations> kNames{
     "SQLFreeEnv",
 };
 
-/// Far more than any run of these tests needs: one that comes here doesn't end by itself.
+/// Far more than any run of these tests needs: a run that makes so many operations doesn't end by
+/// itself.
 constexpr std::size_t kMostOperations = 100'000;
 
 }  // namespace
@@ -117,7 +118,7 @@ void FaultPlan::Start(std::optional<Fault> fault) {
 std::optional<Effect> FaultPlan::Next(Operation operation, std::string_view about) {
   if (!counting_) return std::nullopt;
   const int count = ++counts_[static_cast<std::size_t>(operation)];
-  // The first thing that goes, once nothing was found.
+  // ".ERR" is the first file to be removed, once the checks have found nothing wrong.
   if (operation == Operation::kRemove && about.ends_with(".ERR")) checked_ = true;
   const bool checking = phase == Phase::kPreparing && !checked_ && source_is_known();
   occurrences_.push_back({operation, checking ? Phase::kChecking : phase, std::string(about)});

@@ -55,7 +55,7 @@ enum class Operation : std::uint8_t {
 
 inline constexpr std::size_t kOperations = static_cast<std::size_t>(Operation::kFreeEnv) + 1;
 
-/// As the figures name it; that of an ODBC function is the function's.
+/// The operation's name in the figures; for an ODBC function, the function's own.
 std::string_view NameOf(Operation operation);
 
 enum class OperationGroup : std::uint8_t { kFiles, kRegistry, kHost, kOdbc };
@@ -118,20 +118,20 @@ class FaultPlan {
   /// @return its effect when the fault hits it.
   std::optional<Effect> Next(Operation operation, std::string_view about);
 
-  /// The operation that was hit last has turned out to have nothing that the fault could spoil.
+  /// Forgets the last hit: there was nothing that the fault could spoil.
   void TakeBack() { hits_.pop_back(); }
 
   int Count(Operation operation) const { return counts_[static_cast<std::size_t>(operation)]; }
 
-  /// In the order of the run.
+  /// All operations, in the order of the run.
   const std::vector<Occurrence>& occurrences() const { return occurrences_; }
 
-  /// Those that the fault hit.
+  /// The operations that the fault hit.
   const std::vector<Occurrence>& hits() const { return hits_; }
 
   const std::optional<Fault>& fault() const { return fault_; }
 
-  /// Told by whoever sees the run get there.
+  /// Set by whoever sees the run reach a phase.
   Phase phase = Phase::kLoading;
 
   /// Whether the run has looked at its source.

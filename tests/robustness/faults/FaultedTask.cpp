@@ -7,7 +7,7 @@
 namespace imptable {
 namespace {
 
-/// Of the task's files; none of a real disk.
+/// Where the task's files are, in memory.
 const std::string kStem = "/data/CLIENTS";
 const std::string kReportPath = "/data/report.txt";
 
@@ -58,7 +58,7 @@ FaultedTask::FaultedTask(ScriptedDataSource& source, const Workload& workload, b
   SetUp(source, traced_resume);
   WriteSource(workload_.SourceLines());
   memory_.files[kStem + ".SUP"] = WithLineFeeds(Workload::Selection());
-  // Of another day.
+  // Files of an earlier run.
   for (const char* extension : {".ERR", ".LER", ".TRC"}) {
     memory_.files[kStem + extension] = "00000009100000001\n";
   }

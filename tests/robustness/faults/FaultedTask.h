@@ -52,8 +52,8 @@ struct RunRecord {
   bool Says(std::string_view text) const;
 };
 
-/// A workload as a task of a loaded component, every port of which a fault plan can break, against
-/// the scripted driver.
+/// A workload as a task of a loaded component, against the scripted driver. A fault plan can break
+/// each of the component's ports.
 class FaultedTask {
  public:
   /// @param source  borrowed; one for all tasks of a program, as making one takes its time.
@@ -66,10 +66,10 @@ class FaultedTask {
   /// Runs the task with this fault. @param request  1, or 2 for a resume.
   RunRecord Run(std::int16_t request, std::optional<Fault> fault);
 
-  /// The run that the workload is about: fresh, or the resume of one that is run first.
+  /// Runs what the workload is about: a fresh run, or the resume of a run that comes first.
   RunRecord RunWorkload(std::optional<Fault> fault);
 
-  /// As the user does between two runs.
+  /// Mends the rejected lines, as a user does between two runs.
   void MendRejectedLines();
 
   /// Lets a trace be enough for a resume.

@@ -17,13 +17,14 @@ constexpr std::string_view kScript =
     "column NOM 12 VARCHAR 30 0 1\n"
     "key CODE 1 PK_CLIENT\n";
 
-/// More than any fault needs until its run's work is complete.
+/// More runs than any fault needs until the work is complete.
 constexpr int kMostRounds = 4;
 
 /// After so many findings the rest would tell nothing new.
 constexpr int kMostFindings = 5;
 
-/// One operation of a kind in so many is hit. Under the sanitizers all would take minutes.
+/// Hits one operation in so many of each kind: under the sanitizers, all of them would take
+/// minutes.
 int Stride() {
 #ifdef __SANITIZE_ADDRESS__
   return std::getenv("IMPTABLE_ROBUSTNESS_LONG") == nullptr ? 3 : 1;
@@ -62,7 +63,7 @@ std::vector<Case> AllCases() {
         cases.push_back({static_cast<int>(cases.size()), workload, group, traced_resume});
       };
       add(false);
-      // Where files are written for a resume, and may be enough for one.
+      // A run with "RecErreurs" 1 writes files for a resume, for which a trace may be enough.
       if (workload.record_errors == 1) add(true);
     }
   }
@@ -74,8 +75,7 @@ std::string NameOf(const testing::TestParamInfo<Case>& info) {
          (info.param.traced_resume ? "Traced" : "");
 }
 
-/// There is nothing to spoil in the answer of a call that fails by itself, or in what is asked of a
-/// file that doesn't exist.
+/// A call may fail by itself, and a file may be missing: then the fault has nothing to spoil.
 bool MayHaveNothingToSpoil(const Fault& fault) {
   return fault.effect == Effect::kInformation || fault.effect == Effect::kAnswerLost ||
          fault.operation == Operation::kOpenRead || fault.operation == Operation::kRemove;
@@ -126,8 +126,8 @@ class EveryFault : public testing::TestWithParam<Case> {
 
   const Workload& workload() const { return GetParam().workload; }
 
-  /// Every fault that can strike a run with these counts, with a stride one in so many: others in
-  /// the next case.
+  /// Every fault that can strike a run with these counts. With a stride, only one operation in so
+  /// many, and others in the next case.
   std::vector<Fault> FaultsOf(const FaultPlan& counted) const {
     std::vector<Fault> faults;
     for (std::size_t number = 0; number < kOperations; ++number) {
@@ -144,21 +144,21 @@ class EveryFault : public testing::TestWithParam<Case> {
     return faults;
   }
 
-  /// How many rows too many a line that is executed twice may leave.
+  /// How many extra rows may be left by lines that are executed twice.
   static int RowsTooMany(const Fault& fault, const std::vector<Occurrence>& hits) {
     if (fault.effect == Effect::kAnswerLost && fault.operation == Operation::kExecute) {
       return static_cast<int>(hits.size());
     }
-    // What was executed when its trace couldn't be written.
+    // A line may have been executed although its trace couldn't be written.
     const bool untraced = std::any_of(hits.begin(), hits.end(), [](const Occurrence& hit) {
       return hit.operation == Operation::kWrite && hit.about.ends_with(".TRC");
     });
     return untraced ? 1 : 0;
   }
 
-  /// What somebody does who sees that a run stopped: begins again where it had not begun to touch
-  /// anything, with the rows as they were where the deletion broke off or nothing was kept for a
-  /// resume; else mends what was rejected and resumes, until the run is a success.
+  /// Does what somebody does who sees that a run stopped. Begins again if the run hadn't touched
+  /// anything. Puts the rows back and begins again if the deletion broke off or nothing was kept
+  /// for a resume. Else mends what was rejected and resumes, until the run is a success.
   void Complete(FaultedTask& task, const RunRecord& struck, Consequence consequence,
                 int rows_too_many, std::vector<std::string>& objections) {
     std::vector<std::string> lines = workload().SourceLines();
@@ -207,7 +207,7 @@ class EveryFault : public testing::TestWithParam<Case> {
     }
   }
 
-  /// Where nobody could store that it is done, a resume finds nothing to do.
+  /// Resumes a run that was done but whose status couldn't be stored: there must be nothing to do.
   void ResumeWhatIsDone(FaultedTask& task, const RunRecord& struck,
                         std::vector<std::string>& objections) const {
     if (struck.etat == static_cast<std::int32_t>(RunStatus::kSucceeded)) return;
@@ -218,8 +218,8 @@ class EveryFault : public testing::TestWithParam<Case> {
     if (again.rows != struck.rows) objections.push_back("its resume did something");
   }
 
-  /// A run that ended accounts for every line that it traced, a success for all: what the line does
-  /// is done, or it is among the rejected ones.
+  /// A run that ended accounts for every line that it traced, and a success for every line: the
+  /// line's work is done, or the line is among the rejected ones.
   void ObjectToAccount(const RunRecord& struck, std::vector<std::string>& objections) const {
     const bool success = struck.status == RunStatus::kSucceeded;
     if (!success && (struck.status != RunStatus::kFailed || workload().resumes > 0)) return;
@@ -228,7 +228,7 @@ class EveryFault : public testing::TestWithParam<Case> {
       for (std::string& line : lines) line = workload().Mended(line);
     }
     std::size_t last = success ? lines.size() : 0;
-    // A run that came to no line may have left the trace of another day.
+    // A run that reached no line may have left an earlier run's trace.
     if (!success && struck.progress.read > 0 && !struck.trace.empty()) {
       last = std::stoul(struck.trace.back().substr(0, 8));
     }
@@ -252,7 +252,7 @@ class EveryFault : public testing::TestWithParam<Case> {
                           : std::find(found.begin(), found.end(), wanted.front()) != found.end();
   }
 
-  /// A resume that is asked for after a success starts afresh with what is there then.
+  /// A resume after a success starts afresh, with the file that is there then.
   void ImportLaterFile(FaultedTask& task, std::vector<std::string>& objections) const {
     task.WriteSource({workload().LaterLine()});
     const RunRecord later = task.Run(2, std::nullopt);

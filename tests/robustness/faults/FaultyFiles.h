@@ -22,8 +22,8 @@ class FaultyFiles : public FileSystem {
 
   int open_files() const { return open_files_; }
 
-  /// The files that were written and went without being told to close, so that nobody learnt
-  /// whether that worked.
+  /// The files that were written but never told to close, so that nobody learnt whether closing
+  /// worked.
   const std::vector<std::string>& dropped() const { return dropped_; }
   void ForgetDropped() { dropped_.clear(); }
 
@@ -44,7 +44,7 @@ class FaultyFiles : public FileSystem {
   /// @return empty when the operation isn't hit.
   std::error_code Next(Operation operation, const std::string& path) const;
 
-  /// The same for one that only has something to do when the file exists.
+  /// The same for an operation that does nothing when the file doesn't exist.
   std::error_code NextOfExisting(Operation operation, const std::string& path) const;
 
   FileSystem& files_;

@@ -13,10 +13,9 @@
 
 namespace imptable {
 
-/// The driver manager's functions as the component of this program finds them, as long as this
-/// object lives: each call is counted by a fault plan and reaches the driver manager, and the
-/// scripted driver behind it, unless the fault hits it. What is executed takes effect on a table.
-/// One at a time.
+/// While it lives, the component of this program finds these functions in place of the driver
+/// manager's. A fault plan counts each call. A call that no fault hits reaches the driver manager,
+/// and the scripted driver behind it. Executed statements take effect on a table. One at a time.
 class OdbcCalls {
  public:
   /// Both are borrowed.

@@ -1,4 +1,5 @@
-// The functions of the driver manager that a run calls. They stand before its own in this program.
+// Stands in for the driver manager's functions that a run calls. In this program these come before
+// the real ones.
 #include <string>
 
 #include "tests/kit/ManagerFunction.h"
@@ -15,7 +16,7 @@ std::string TextOf(const SQLCHAR* text, SQLINTEGER length) {
 /// One call of one function.
 /// @param handle  whose diagnostics the call replaces.
 /// @param about  text for the figures.
-/// @param done  given the driver manager's answer, says what becomes of it.
+/// @param done  takes the driver manager's answer and gives the final one.
 template <typename Function, typename Done, typename... Arguments>
 SQLRETURN Call(Operation operation, SQLHANDLE handle, const std::string& about, Function* own,
                Done done, Arguments... arguments) {

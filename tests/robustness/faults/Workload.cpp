@@ -34,7 +34,7 @@ std::string Workload::Mended(const std::string& line) const {
 std::vector<ClientTable::Row> Workload::RowsBefore() const {
   std::vector<ClientTable::Row> rows{{100, "a"}, {101, "z"}, {250, "q"}, {300, "q"}};
   for (int line = 0; line <= kLines; ++line) {
-    // UPDATE/INSERT finds every other one.
+    // UPDATE/INSERT finds every other row.
     if (mode == kInsert || (mode == kUpdateInsert && line % 2 == 1)) continue;
     rows.emplace_back(FirstCode() + line, "old");
   }

@@ -27,7 +27,7 @@ struct Workload {
   std::int32_t record_errors = 1;  // "RecErreurs"
   bool rejects = false;            // two of its lines are rejected until somebody mends them
   bool stand_alone = false;        // the report is a file of the component's own
-  int resumes = 0;  // its run is the last of them; an error limit stopped those before it
+  int resumes = 0;  // the run is the last of so many; an error limit stopped those before it
 
   /// The first of five codes that the source is about.
   int FirstCode() const { return mode == kInsert || mode == kUpdateInsert ? 11 : 1; }

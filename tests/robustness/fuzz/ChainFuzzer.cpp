@@ -67,7 +67,8 @@ std::string Written(const ChainState& state) {
   return files.files["chain"];
 }
 
-/// A trace as the bytes have it: each one how many lines further, and whether that one failed.
+/// A trace made from the bytes. Each byte tells how many lines further the next one is, and whether
+/// that line failed.
 std::string BuiltTrace(std::string_view bytes) {
   std::string trace;
   std::int32_t number = 0;
@@ -137,7 +138,7 @@ ChainState Merged(const ChainState& chain, const std::vector<SlowTraceLine>& tra
 
 void CheckDecisions(const ResumeChain& chain, const ChainState& state, bool skip_mark) {
   ResumeDecisions decisions(chain.Open(), skip_mark);
-  // Lines are asked for in order, from the first; a chain may be of far more than there is time
+  // Lines are asked for in order, from the first. A chain may have more lines than there is time
   // for.
   const std::int32_t lines = std::min(state.reached, 300) + 2;
   for (std::int32_t number = 1; number <= lines; ++number) {

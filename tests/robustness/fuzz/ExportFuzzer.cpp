@@ -19,7 +19,7 @@ bool Same(const RegistryEdit& one, const RegistryEdit& other) {
          one.key.path == other.key.path && one.name == other.name && one.value == other.value;
 }
 
-/// The keys and values of a file, what it deletes left out.
+/// The keys and values that a file sets, without those that it deletes.
 std::vector<StoredKey> Stored(const std::vector<RegistryEdit>& edits) {
   std::vector<StoredKey> keys;
   for (const RegistryEdit& edit : edits) {

@@ -1,4 +1,4 @@
-// Any bytes as a text file, however few of them a read gives or the memory holds.
+// Any bytes as a text file, with reads and blocks of any size.
 #include <memory>
 #include <string>
 #include <vector>

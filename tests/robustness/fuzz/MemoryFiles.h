@@ -12,8 +12,8 @@
 
 namespace imptable {
 
-/// Files in memory, by their path as it stands. One that is open is neither removed nor replaced,
-/// as on the system that is strictest about that.
+/// Files in memory, found only by exactly their path. An open file can be neither removed nor
+/// replaced, as on the system that is strictest about that.
 class MemoryFiles : public FileSystem {
  public:
   std::map<std::string, std::string> files;

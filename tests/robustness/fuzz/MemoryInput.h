@@ -11,11 +11,11 @@
 
 namespace imptable {
 
-/// A file in memory that gives at most so many bytes a read, the sizes taken in turn.
+/// A file in memory. Each read gives at most the bytes of the next step; the steps repeat.
 class MemoryInput : public InputFile {
  public:
-  /// @param steps  one byte a step: a read gives as many bytes as that byte says and one more; none
-  /// when a read gives all that it is asked for.
+  /// @param steps  one byte a step: the read gives as many bytes as the byte says and one more.
+  /// When empty, a read gives all that it is asked for.
   explicit MemoryInput(std::string bytes, std::string_view steps = {})
       : bytes_(std::move(bytes)), steps_(steps) {}
 

@@ -35,7 +35,7 @@ bool SaysItsEncoding(std::string_view bytes) {
          bytes.starts_with("\xFE\xFF");
 }
 
-/// A text that stands for itself as a name or a value: letters, with blanks within at most.
+/// Makes a text that is a name or a value just as it stands: letters, with blanks only within.
 std::string Plain(std::string_view text) {
   std::string plain;
   for (const char byte : text)
@@ -115,7 +115,7 @@ void CheckProfile(FuzzInput input) {
     Require(value == SlowRead(bytes, section, key), "a value is what a slow reader finds");
   }
 
-  // What stands before a section doesn't hide it, unless it is a section of that name.
+  // Text before a section doesn't hide it, unless the text has a section of that name.
   const std::string own_section = Plain(section);
   const std::string own_key = Plain(key);
   const std::string own_value = Plain(std::string_view(bytes).substr(0, most));

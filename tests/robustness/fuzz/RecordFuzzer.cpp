@@ -1,4 +1,4 @@
-// Any lines in any layout, as the parser has them and as the rules do.
+// Any lines in any layout: compares the parser with the rules.
 #include <array>
 #include <memory>
 #include <string>

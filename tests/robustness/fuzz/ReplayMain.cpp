@@ -1,4 +1,4 @@
-// Without a fuzzer: puts the target to every file of the folders that are named.
+// Takes the fuzzer's place: runs the target on every file of the folders that are named.
 #include <filesystem>
 #include <fstream>
 #include <iostream>

@@ -22,7 +22,7 @@ void CheckTraceLine(std::string_view text) {
           "a trace line is digits and nothing else");
   std::string written;
   AppendTraceLine(*trace, written);
-  // More zeros than the form asks for are the only other way to say the same.
+  // The text can say the same only with more leading zeros.
   Require(written.size() <= text.size(), "a trace line is written in its shortest form");
   Require(written.size() < text.size() || written == text, "a trace line is written as it was");
   const auto again = ParseTraceLine(written);

@@ -47,7 +47,7 @@ constexpr std::uint32_t kWritingFlags = O_WRONLY | O_RDWR | O_CREAT | O_TRUNC;
 
 sock_filter Load(std::uint32_t offset) { return {BPF_LD | BPF_W | BPF_ABS, 0, 0, offset}; }
 sock_filter Return(std::uint32_t action) { return {BPF_RET | BPF_K, 0, 0, action}; }
-/// Goes on with the next statement when the test holds, else beyond `otherwise` of them.
+/// Goes on with the next statement when the test holds, else skips `otherwise` statements.
 sock_filter Test(std::uint16_t test, std::uint32_t operand, std::uint8_t otherwise) {
   return {static_cast<std::uint16_t>(BPF_JMP | test | BPF_K), 0, otherwise, operand};
 }

@@ -13,7 +13,7 @@ constexpr int kHadErrors = 1;
 constexpr int kResumeRefused = 3;
 constexpr int kNotStored = 4;
 
-constexpr const char* kVoid = "VOID";  // of a chain that is over
+constexpr const char* kVoid = "VOID";  // begins the state of a chain that is over
 
 constexpr const char* kSucceeded = "2";
 constexpr const char* kFailed = "3";
@@ -86,7 +86,8 @@ bool Chain::GoThrough(const std::vector<Attempt>& attempts) {
       limit = attempt.error_limit;
       task_.SetErrorLimit(limit);
     }
-    // Another chain's trace goes on only by mistake, unless that chain says that it is over.
+    // Don't resume from another chain's trace. But if that chain says that it is over, a resume
+    // must be refused: try that.
     Ended ended = TryOnce(attempt, !first && (!foreign_ || OtherChainIsOver()));
     if (ended == Ended::kAdvised) ended = TryOnce(attempt, true);
     if (ended == Ended::kRefused) ended = TryOnce(attempt, false);
@@ -106,9 +107,9 @@ void Chain::Mend(const Attempt& attempt) {
   std::vector<std::string> texts = LinesOf(left_.rejected);
   for (std::size_t at = 0; at < texts.size(); ++at) {
     if (!Chance(random_, attempt.mended)) continue;
-    // One more than the trace tells: of the line that was in hand.
+    // A rejected line beyond those of the trace is the line that was in hand.
     const int number = at < numbers.size() ? numbers[at] : known.reached + 1;
-    // Nobody mends what its key refuses because the row is there already.
+    // Nobody mends a line that was refused because its row is there already.
     if (took_effect_.contains(number) || number > static_cast<int>(source_->texts().size())) {
       continue;
     }
@@ -196,7 +197,7 @@ void Chain::Execute(const PlannedLine& line, bool traced) {
 bool Chain::OtherChainIsOver() const { return task_.ChainText().starts_with(kVoid); }
 
 bool Chain::OtherChainStands(const SideTexts& now, bool took_effect) const {
-  // An older state, or that of a chain without a resume, is of no account without its trace.
+  // Another chain without a state, or with the state of a first run, counts only with its trace.
   const bool trace_stands = now.trace == left_.trace && !took_effect;
   const bool first = foreign_->find("\nFIRST\n") != std::string::npos;
   const bool same =
@@ -219,7 +220,7 @@ Chain::Ended Chain::AfterKill(const ExpectedRun& expected, const ChainState& mer
     return Ended::kGoOn;
   }
   if (!foreign_ && now.trace == left_.trace && !now.trace.empty() && effects.empty()) {
-    // The run hadn't come to its own files, unless to the first of them.
+    // The run hadn't come to its own files, or only to the first of them.
     ++figures_.kills_before_lines;
     if (now.rejected != left_.rejected) state_ = merged;
     left_ = now;

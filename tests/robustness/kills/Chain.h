@@ -43,8 +43,8 @@ class ChainFault : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Carries a plan out and compares, after each run, what is traced, what took effect and what is
-/// left with what the model says.
+/// Carries a plan out. After each run, compares what was traced, what took effect and what is left
+/// with what the model says.
 class Chain {
  public:
   /// @param task, random, figures  borrowed.
@@ -54,7 +54,7 @@ class Chain {
   /// @throws ChainFault  with what is not as it should be.
   void Go(const ChainPlan& plan);
 
-  /// Whether the attempt of that index, of the plan's own, was killed.
+  /// Whether the attempt of this index was killed. The chain before doesn't count.
   bool WasKilled(std::size_t attempt) const { return killed_.contains(attempt); }
 
   /// What was done, for whoever looks for the cause of a fault.
@@ -71,7 +71,7 @@ class Chain {
   Ended AfterEnd(const Attempt& attempt, const Fate& fate, const ExpectedRun& expected,
                  const ChainState& merged);
   bool TakeAdvice(const Fate& fate);
-  /// @return effects beyond those of the traced lines: of the line in hand.
+  /// @return how many effects go beyond those of the traced lines: they belong to the line in hand.
   std::size_t TakeEffects(const ExpectedRun& expected, std::size_t traced,
                           const std::vector<std::string>& effects);
   Fate Run(const Attempt& attempt, bool resume, const Kill& kill);
@@ -89,10 +89,10 @@ class Chain {
   std::unique_ptr<TableModel> table_;
   ChainState state_;
   SideTexts left_;
-  std::optional<std::string> foreign_;  // state of another chain, whose files are those left
+  std::optional<std::string> foreign_;  // the state of another chain, which left the files
   std::string logged_;                  // all that took effect
   std::set<int> took_effect_;
-  std::set<int> untraced_;  // those that did so in hand
+  std::set<int> untraced_;  // lines that took effect in hand, before their trace
   std::int64_t kills_ = 0;
   std::set<std::size_t> killed_;
   std::int64_t twice_ = 0;

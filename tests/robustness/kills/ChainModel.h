@@ -10,7 +10,7 @@
 
 namespace imptable {
 
-/// Without their ends; a last one without an end counts.
+/// The lines without their ends. A last line without an end counts.
 std::vector<std::string> LinesOf(const std::string& text);
 
 /// Each with a line feed.
@@ -47,7 +47,7 @@ struct PlannedLine {
   std::string text;
 };
 
-/// In a fresh run (of an empty state): every line.
+/// The lines that a run will come to: every line when the state is empty, as in a fresh run.
 std::vector<PlannedLine> PlanOf(const ChainState& state, const std::vector<std::string>& source);
 
 /// A line that a run comes to, and what it does.

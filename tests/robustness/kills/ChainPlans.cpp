@@ -33,7 +33,8 @@ std::vector<Attempt> RandomAttempts(const Pace& pace, Random& random, int count,
   return attempts;
 }
 
-/// Seven lines, a third of them bad, and what follows the attempts that a stage is about.
+/// Seven lines, by default a third of them bad. The stage's own attempts come first, then two that
+/// mend.
 ChainPlan SmallPlan(std::vector<Attempt> attempts, double bad_share = 0.35) {
   attempts.push_back({.mended = 0.5});
   attempts.push_back({.mended = 1});

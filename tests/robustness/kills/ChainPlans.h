@@ -15,7 +15,7 @@ namespace imptable {
 /// @param pace, random  borrowed for the plan's life.
 ChainPlan RandomPlan(const Pace& pace, Random& random);
 
-/// A moment in the life of a chain of which every call is to be tried.
+/// A part of a chain's life in which a kill is tried at every call.
 struct Stage {
   std::string name;
   ChainPlan plan;

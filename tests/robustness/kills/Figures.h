@@ -18,7 +18,7 @@ struct Figures {
   std::int64_t kills_before_lines = 0;  ///< nothing of that run was traced or took effect
   std::int64_t kills_after_lines = 0;   ///< every line of that run was traced
   std::int64_t lines = 0;               ///< of the chains' data files
-  std::int64_t rejected = 0;            ///< traced so
+  std::int64_t rejected = 0;            ///< traced as rejected
   std::int64_t mended = 0;
   std::int64_t limit_stops = 0;
   std::int64_t finished = 0;  ///< chains that ended with the status "succeeded"

@@ -32,7 +32,7 @@ class KillTask : public Workplace {
   void HideTable() const;
   void ShowTable() const;
 
-  /// Lets every write to the registry fail, and mends it.
+  /// Makes every write to the registry fail, and undoes that.
   void BreakRegistry() const;
   void MendRegistry() const;
 
@@ -41,10 +41,10 @@ class KillTask : public Workplace {
 
   void Source(const std::string& text) const { folder().Write(kSource, text); }
   Fate Run(bool resume, const Kill& kill) const;
-  /// Afresh and to its end, with its calls and those before its first line's trace.
+  /// Runs afresh and to the end. Counts all calls, and those before the first line's trace.
   Fate CountCalls() const;
 
-  /// An absent file as an empty one.
+  /// The side files' texts. A missing file counts as empty.
   SideTexts Left() const;
   void MendRejected(const std::string& text) const { folder().Write(kRejected, text); }
   /// Which of the files of a chain are there.

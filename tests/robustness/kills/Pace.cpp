@@ -13,7 +13,7 @@ constexpr int kTries = 3;
 constexpr double kAtMoments = 0.4;
 constexpr double kAmidLines = 0.5;
 constexpr double kOutsideLines = 0.25;
-constexpr double kBeforeLines = 0.6;  // about so much of the time of a run without lines
+constexpr double kBeforeLines = 0.6;  // the part of a run without lines where lines would begin
 constexpr double kBeyond = 1.05;
 
 struct WholeRun {

@@ -8,7 +8,8 @@
 
 namespace imptable {
 
-/// How long a whole run of a task takes and how many calls it makes, by its lines: to aim with.
+/// How long a whole run of a task takes and how many calls it makes, by the number of its lines.
+/// Kills are aimed with it.
 struct Pace {
   double calls = 0;
   double calls_before_lines = 0;
@@ -23,7 +24,7 @@ struct Pace {
 /// Runs the task a few times.
 Pace PaceOf(KillTask& task, Random& random);
 
-/// Anywhere in a run of so many lines, its start and its end included, a little beyond its end too.
+/// A kill anywhere in a run of so many lines, from its start to a little beyond its end.
 Kill AimAnywhere(const Pace& pace, std::size_t lines, Random& random);
 
 }  // namespace imptable

@@ -3,7 +3,8 @@
 namespace imptable {
 namespace {
 
-// Codes of rows that no line names at first, of lines that name no row, and of kept rows.
+// Codes of rows that no line names at first, of lines that name no row, and of rows that can't be
+// deleted.
 constexpr int kSpare = 1000;
 constexpr int kUnknown = 5000;
 constexpr int kKeptCode = 9000;

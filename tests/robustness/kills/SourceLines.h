@@ -12,7 +12,7 @@ namespace imptable {
 
 using Random = std::mt19937_64;
 
-/// @param share  of 1: how often the answer is yes.
+/// @param share  how often the answer is yes, from 0 to 1.
 bool Chance(Random& random, double share);
 /// Both included.
 int Between(Random& random, int low, int high);
@@ -21,18 +21,19 @@ int Between(Random& random, int low, int high);
 /// tells its number: its name is "line NUMBER vVERSION".
 class SourceLines {
  public:
-  /// @param bad_share  of lines that are refused as they stand: days that are none, a value that a
-  ///     check refuses, a missing name or key, one field too many, a row that can't be deleted.
+  /// @param bad_share  of lines that are refused as they stand, for an impossible date, a value
+  /// that a check refuses, a missing name or key, one field too many, or a row that can't be
+  /// deleted.
   SourceLines(Random& random, Work work, int count, double bad_share);
 
   const std::vector<std::string>& texts() const { return texts_; }
   const TableModel& table() const { return table_; }
 
-  /// A later text of the line, nothing wrong with it or something else.
+  /// A new text for the line: a good one, or else (badly) one that is refused again.
   std::string Mended(Random& random, int number, bool badly);
 
-  /// Numbers of lines with nothing wrong that change the table, and what is logged of each: a text
-  /// that no other line's log begins with.
+  /// A good line that changes the table: its number, and the start of what is logged of it. No
+  /// other line's log begins so.
   struct Sure {
     int number;
     std::string log;

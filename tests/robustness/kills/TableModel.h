@@ -12,7 +12,7 @@ namespace imptable {
 /// What a task does with its table.
 enum class Work {
   kInsert,          // into a table with a primary key
-  kInsertIgnoring,  // the same, a refusal of the database is an ignorable duplicate
+  kInsertIgnoring,  // the same, but a row that the database refuses is a duplicate to ignore
   kInsertUnkeyed,   // into a table without any key: a line executed twice is there twice
   kUpdate,
   kUpdateInsert,

@@ -58,7 +58,7 @@ END $$;
 CREATE TRIGGER deleted AFTER DELETE ON client FOR EACH ROW EXECUTE FUNCTION deleted();
 )";
 
-/// Of a value that holds no quote.
+/// The value in quotes. It holds no quote itself.
 std::string Quoted(const std::string& text) {
   return text == "<null>" ? "NULL" : '\'' + text + '\'';
 }

@@ -8,16 +8,16 @@
 
 namespace imptable {
 
-/// Waits for what a server still does for a process that is gone; nothing in SQLite.
+/// SQL that waits for what a server still does for a dead process; it does nothing in SQLite.
 std::string WaitSql(DatabaseKind kind);
 
-/// Tables client and executions, anew and empty.
+/// SQL that makes the tables client and executions anew and empty.
 std::string TableSql(DatabaseKind kind, Work work);
 
 std::string RowsSql(const TableModel& table);
 
-/// What logs, in table executions, each row of client that is inserted, changed or deleted, and
-/// refuses the deletion of kept ones.
+/// SQL of triggers that log, in table executions, each row of client that is inserted, changed or
+/// deleted. They refuse to delete kept rows.
 std::string TriggerSql(DatabaseKind kind, Work work);
 
 }  // namespace imptable

@@ -14,16 +14,15 @@ struct Kill {
   enum class At { kNever, kMoment, kCall, kBytes };
   At at = At::kNever;
   std::chrono::microseconds moment{0};  ///< after its start
-  int call = 0;  ///< from 1: before it enters that call of those that the world can see
-  std::uintmax_t bytes =
-      0;  ///< before the first such call after the watched file has grown to them
+  int call = 0;  ///< from 1: before it enters this one of the calls that the world can see
+  std::uintmax_t bytes = 0;  ///< before the first such call once the watched file has this size
 };
 
 struct Fate {
-  bool killed = false;   ///< else it had ended before
-  int code = -1;         ///< of one that ended
+  bool killed = false;   ///< false: it had ended before
+  int code = -1;         ///< the exit code, if it ended by itself
   int calls = 0;         ///< seen; only where calls are counted
-  int calls_before = 0;  ///< those until the watched file held something
+  int calls_before = 0;  ///< those before the watched file held something
   std::chrono::microseconds lasted{0};
   std::string said;  ///< on standard error
 };

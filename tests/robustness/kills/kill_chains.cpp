@@ -21,14 +21,14 @@ constexpr std::int64_t kMostFaults = 10;
 
 struct Options {
   DatabaseKind database = DatabaseKind::kSqlite;
-  std::int64_t kills = 0;  ///< of random chains: at least so many
-  std::int64_t every = 0;  ///< of the calls of each stage, every so many are tried; 0: none
+  std::int64_t kills = 0;  ///< of random chains, at least
+  std::int64_t every = 0;  ///< tries one call in so many of each stage; 0: none
   std::uint64_t seed = 0;
-  int work = -1;            ///< the only one; -1: all
-  int trace = -1;           ///< the only "RecTrace"; -1: both
-  std::int64_t chain = -1;  ///< the only random one
-  std::string stage;        ///< the only one
-  int call = 0;             ///< the only one of the stages
+  int work = -1;            ///< only this one; -1: all
+  int trace = -1;           ///< only this "RecTrace"; -1: both
+  std::int64_t chain = -1;  ///< only this random one; -1: all
+  std::string stage;        ///< only this one; empty: all
+  int call = 0;             ///< only this one of the stages' calls; 0: all
   std::string keep;         ///< where the files of faults go
 };
 
@@ -118,7 +118,7 @@ class Program {
 
   bool Enough() const { return faults_ >= kMostFaults; }
 
-  /// @return whether the attempt of that index was killed, or anything is wrong.
+  /// @return whether the attempt of this index was killed, or anything went wrong.
   bool Carry(Bench& bench, const ChainPlan& plan, Random& random, const std::string& which,
              std::size_t attempt = 0) {
     Chain chain(bench.task, random, bench.figures);
@@ -152,7 +152,7 @@ class Program {
     }
   }
 
-  /// Data with which the chain comes to the stage, found by trying.
+  /// A seed of data with which the chain reaches the stage, found by trying.
   std::uint64_t DataFor(Bench& bench, const Stage& stage) {
     constexpr std::uint64_t kMostTries = 30;
     for (std::uint64_t data = options_.seed; data < options_.seed + kMostTries; ++data) {
@@ -162,7 +162,7 @@ class Program {
       try {
         chain.Go(PlanAt(stage, 1));
       } catch (const ChainFault&) {
-        return data;  // for the stage itself to find
+        return data;  // the stage itself will find the fault
       }
       bool comes = chain.WasKilled(stage.killed);
       for (const std::size_t before : stage.killed_before) comes &= chain.WasKilled(before);
@@ -174,7 +174,7 @@ class Program {
   void GoThrough(Bench& bench, const Stage& stage) {
     const std::uint64_t data = DataFor(bench, stage);
     const auto every = static_cast<int>(options_.every);
-    // Somewhere within what every run does, elsewhere in each stage.
+    // Begin at another call in each stage, but within the calls that every run makes.
     constexpr std::int64_t kSurelyCalled = 50;
     Random offset(data + stages_++);
     int call = Between(offset, 1, static_cast<int>(std::min(options_.every, kSurelyCalled)));

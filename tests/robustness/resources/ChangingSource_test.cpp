@@ -58,7 +58,7 @@ TEST_P(ShrinkingSource, IsNamedNoTornLineIsImportedAndAResumeOfTheWholeLosesNoth
   task.CompleteAndCheck(kLines, 0);
 }
 
-// Bytes: the first block that is read ends at 262144.
+// Sizes in bytes. The first block that is read ends at 262144.
 INSTANTIATE_TEST_SUITE_P(ToBytes, ShrinkingSource,
                          testing::ValuesIn(InLongForm()
                                                ? std::vector<std::size_t>{0, 100000, 262143, 262144,
@@ -94,7 +94,7 @@ TEST(RemovedSource, IsReadAsItWas) {
   task.CheckDone(kLines, 0);
 }
 
-/// What isn't a file of data can't be imported; the table must not be emptied for it either.
+/// A source that is no data file can't be imported, and must not cause the deletion either.
 class StrangeSource : public testing::Test {
  protected:
   StrangeSource() {
@@ -110,7 +110,7 @@ class StrangeSource : public testing::Test {
     EXPECT_EQ(task_.Rows("SELECT code, name FROM client"), "7|kept\n");
   }
 
-  // What ".SUP" names is deleted before an import, and for an empty file, too.
+  // The task deletes what ".SUP" names before an import, also for an empty file.
   const CountedTask task_{DatabaseKind::kSqlite,
                           "\"Suppression\"=dword:00000002\n\"SiVide\"=dword:00000001\n"};
   const std::string path_ = task_.RunFolder() + "CLIENTS.CSV";

@@ -17,7 +17,7 @@ enum class SourceKind {
 
 std::string SourceText(SourceKind kind, int lines);
 
-/// The client task on a table without a key: what is executed twice is there twice. A trace is
+/// The client task on a table without a key: a line executed twice is there twice. A trace is
 /// enough for its resumes unless the values say otherwise, and no number of errors stops its runs.
 class CountedTask : public ClientTask {
  public:

@@ -128,7 +128,7 @@ TEST(FullDatabaseFolder, RejectsLinesWithTheDriversMessageAndAResumeCompletes) {
     EXPECT_THAT(task.Read("CLIENTS.ERR"), HasSubstr("full"));
     EXPECT_EQ(task.Status(), "3");
     room.MakeMuchRoom();
-    // What the database refused needs no mending.
+    // The rejected lines need no mending: the database only had no room for them.
     const Ending resumed = task.Run({"--resume"});
     EXPECT_EQ(resumed.code, 0) << Shown(resumed);
     task.CheckDone(lines, 0);

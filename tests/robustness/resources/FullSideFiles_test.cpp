@@ -35,8 +35,8 @@ void ExpectClearAccount(const CountedTask& task, const Ending& ending) {
   EXPECT_EQ(task.Status(), "3");
 }
 
-/// The run's folder has little room for the side files; the source is elsewhere.
-/// A trace is enough for a resume, or isn't: then the command says what to do.
+/// The run's folder has little room for the side files; the source is elsewhere. The flag tells
+/// whether a trace is enough for a resume. When it isn't, the command says what to do.
 class FullSideFiles : public testing::TestWithParam<std::tuple<SourceKind, bool>> {
  protected:
   FullSideFiles() {
@@ -91,7 +91,7 @@ TEST_P(FullSideFiles, GrowByAPageBetweenResumesUntilAllIsDone) {
   }
   EXPECT_THAT(ending.code, AnyOf(0, 1)) << Shown(ending);
   EXPECT_LT(pages, kMostSteps);
-  // What a success left could be taken for a chain to resume, with the next source.
+  // A success must leave no trace: the next source could be taken for its resume.
   EXPECT_EQ(task_.Exists("CLIENTS.TRC"), ending.code == 1);
   Figure("a disk that grows by a page: " + std::to_string(pages) + " runs");
   room_->MakeMuchRoom();

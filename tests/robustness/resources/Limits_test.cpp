@@ -36,7 +36,7 @@ Ending RunWith(const CountedTask& task, int resource, std::uint64_t most) {
   return Finish(run);
 }
 
-/// What the command says goes through a pipe, that has no limit.
+/// Sends the command's output through a pipe, which has no limit.
 Ending RunWithFilesUpTo(const CountedTask& task, std::uint64_t most) {
   Invocation run = task.RunCommand({"--quiet"});
   const std::string limited = "prlimit --fsize=" + std::to_string(most) + " \"$@\" 2>&1 | cat";
@@ -46,8 +46,8 @@ Ending RunWithFilesUpTo(const CountedTask& task, std::uint64_t most) {
   return ending;
 }
 
-/// No file may become longer than so many bytes: the one that grows fastest stops there, at every
-/// place within one of its lines. The registry needs less, and the database is a server's, that has
+/// A file may have about so many bytes. The file that grows fastest stops there, at each byte of
+/// one of its lines in turn. The registry stays smaller, and the database is a server's, which has
 /// no such limit.
 constexpr std::uint64_t kMostBytes = 40000;
 

@@ -26,8 +26,8 @@ class WriteLock {
     if (!Take()) throw std::runtime_error(path + ": " + sqlite3_errmsg(database_.get()));
   }
 
-  /// Between two lines of a run, which has its own lock nearly all the time: it is halted until it
-  /// is found without.
+  /// Takes the lock between two lines of a run. The run has its own lock nearly all the time, so it
+  /// is halted again and again until it has none.
   WriteLock(const std::string& path, ChildProcess& run) : database_(Open(path)) {
     for (bool taken = false; !taken;) {
       if (!run.Running()) throw std::runtime_error("the run ended before " + path + " was locked");
@@ -57,7 +57,7 @@ class WriteLock {
   Database database_;
 };
 
-/// On SQLite, with a driver that waits so long for a lock.
+/// On SQLite, whose driver waits for a lock as long as the data source says.
 class LockedDatabase : public testing::Test {
  protected:
   void UseTimeout(int timeout) {

@@ -19,7 +19,7 @@ using testing::StartsWith;
 constexpr int kLines = 5000;
 constexpr int kLimit = 20;
 
-/// The server of this suite's own, which it may stop. Started again with its owner's end.
+/// The suite's own server, which it may stop. The destructor starts it again.
 class StoppableServer {
  public:
   ~StoppableServer() {
@@ -81,7 +81,7 @@ void ExpectTracedAsRejected(const CountedTask& task, const std::string& source) 
 TEST_P(ServerRestart, RejectsEachFurtherLineUpToTheLimitAndAResumeLosesNothing) {
   const CountedTask task(DatabaseKind::kPostgresql,
                          "\"Erreurs\"=\"" + std::to_string(kLimit) + "\"\n");
-  // A server that dies at once may lose what it only promised to write, and this is not about it.
+  // Else a server that dies at once may lose committed rows, which this test isn't about.
   task.database().Execute(
       "DO $$ BEGIN EXECUTE format('ALTER DATABASE %I SET synchronous_commit = on', "
       "current_database()); END $$;\n");
@@ -102,7 +102,7 @@ TEST_P(ServerRestart, RejectsEachFurtherLineUpToTheLimitAndAResumeLosesNothing) 
   ExpectTracedAsRejected(task, source);
 
   if (!restart_before_the_end) {
-    // Nobody to connect to: what a resume needs stays.
+    // The resume can't connect, and must leave what a later resume needs.
     const std::string trace = task.Read("CLIENTS.TRC");
     const std::string rejected = task.Read("CLIENTS.LER");
     const Ending refused = task.Run({"--resume"});

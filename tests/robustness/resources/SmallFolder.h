@@ -5,7 +5,7 @@
 
 namespace imptable {
 
-/// What such a folder counts its room by.
+/// The unit in which such a folder counts its room.
 inline constexpr int kPageBytes = 4096;
 
 /// A folder with little room: a file system of its own, mounted over it. Empty at first.

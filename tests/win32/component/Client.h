@@ -12,7 +12,7 @@
 
 namespace imptable {
 
-/// The value that a getter of the virtual table gives; the test fails when it fails.
+/// The value that a getter of the virtual table gives. The test fails when the getter does.
 template <typename Result>
 Result Get(const ComPointer<_ImpTable>& task,
            HRESULT (STDMETHODCALLTYPE _ImpTable::*getter)(Result*)) {
@@ -59,7 +59,7 @@ class Arguments {
   std::vector<VARIANT> reversed_;
 };
 
-/// What a late-bound call came to.
+/// The result of a late-bound call.
 struct Outcome {
   HRESULT result = S_OK;
   std::wstring text;        // of the value that was given back

@@ -32,7 +32,7 @@ class TaskOfAHost : public Client {
     keys_.MakeUnreachable(task_, L"T1");
   }
 
-  /// The objects that the task still holds are the host's, which goes first.
+  /// Releases the task while the host's objects, which the task still holds, exist.
   ~TaskOfAHost() override { task_ = {}; }
 
   /// Calls of the report's object since it was made.

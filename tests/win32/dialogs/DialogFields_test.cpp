@@ -27,7 +27,7 @@ class FieldsOfTheDialog : public DialogTest {
     GiveNumber(L"Length", length);
   }
 
-  /// Leaves another source, and chooses the first one of the list.
+  /// Types another source, then chooses the first one of the list.
   void ChooseFirstSource() const {
     person_.Fill(L"Data source name", L"mine");
     person_.GoTo(L"User");

@@ -32,7 +32,7 @@ class DialogTest : public testing::Test {
   /// Goes through the whole dialog for a new task, up to the confirmation.
   void Configure();
 
-  /// The same for what the first tab needs, so that the task can be saved.
+  /// Fills in what the first tab needs, so that the task can be saved.
   void FillFirstTab();
 
   /// Cancels the dialog, which must change nothing. @param outcome  what the host gets.
@@ -47,7 +47,7 @@ class DialogTest : public testing::Test {
   /// Gives the scenario a variable.
   static void StoreVariable(const std::wstring& name, const std::wstring& value);
 
-  /// What that program's thread has as its active window.
+  /// The active window of the host's thread.
   HWND ActiveWindowOfHost() const;
 
   const DialogWords& words_;

@@ -1,5 +1,4 @@
-// The windows themselves, within this process, when what they call fails in a way that nobody
-// foresaw.
+// The dialogs' windows, within this process, when something that they call fails unexpectedly.
 
 #include <gtest/gtest.h>
 
@@ -57,7 +56,7 @@ class FailingDialog : public testing::Test {
         someone.WaitForTaskDialog();
         acts(someone);
       } catch (const std::exception& error) {
-        // Nobody else could end the dialog.
+        // Nothing else could end the dialog.
         std::cerr << error.what() << std::endl;
         std::_Exit(1);
       }

@@ -12,7 +12,7 @@ namespace {
 
 constexpr DWORD kEndTime = 30000;  // milliseconds
 
-/// Ends of a pipe, of which one is handed down.
+/// The two ends of a pipe. One of them is handed down.
 struct Pipe {
   HANDLE read = nullptr;
   HANDLE write = nullptr;

@@ -21,8 +21,8 @@ constexpr std::wstring_view kTabs = L"_wx_SysTabCtl32";
 constexpr std::wstring_view kSpinner = L"msctls_updown32";
 constexpr std::wstring_view kMenu = L"#32768";
 
-/// Says with each event where it happens: a pointer that is put somewhere may be put back by what
-/// the screen tells late.
+/// Gives each event its place. A pointer that was only moved there before may be moved back by a
+/// late message of the screen.
 void MouseAt(const POINT& point, DWORD event) {
   constexpr LONG kAll = 0x10000;  // stands for the whole screen
   const auto part = [](LONG at, int size) {
@@ -49,7 +49,8 @@ void SendKey(WORD key, WORD scan, DWORD flags) {
   SendInput(1, &input, sizeof input);
 }
 
-/// Those between letters and numbers, not those of the number pad.
+/// Marks the keys between the letters and the number pad. Unmarked, they are those of the number
+/// pad.
 DWORD KeyFlags(WORD key) {
   const bool is_extended = key >= VK_PRIOR && key <= VK_DOWN;
   return is_extended ? KEYEVENTF_EXTENDEDKEY : 0;
@@ -70,7 +71,7 @@ bool IsMarked(HWND button) {
          kind == BS_AUTORADIOBUTTON;
 }
 
-/// A window with the frame of openbox.
+/// Where the window is, with the frame of openbox.
 RECT FrameOf(HWND window) {
   constexpr LONG kLine = 1;
   constexpr LONG kTitle = 20;

@@ -73,7 +73,8 @@ class ScreenPerson {
 
   bool IsChecked(const std::wstring& caption) const;
 
-  /// Clicks the button "@" beside a field, which has the focus then, but for that of the sources.
+  /// Clicks the button "@" beside a field. The field then has the focus, except that of the
+  /// sources.
   void ClickVariableButton(const std::wstring& label) const;
 
   /// Whether letters that are typed into the field can't be read.

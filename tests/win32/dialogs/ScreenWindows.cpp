@@ -16,7 +16,7 @@ BOOL CALLBACK Collect(HWND window, LPARAM list) {
   return TRUE;
 }
 
-/// A rectangle within another process, for messages whose pointers go there as they are.
+/// A rectangle in another process's memory, for messages that hand on pointers unchanged.
 class RemoteRectangle {
  public:
   explicit RemoteRectangle(HWND window) {

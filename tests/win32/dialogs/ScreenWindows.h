@@ -27,7 +27,7 @@ std::vector<HWND> WindowsIn(HWND parent);
 /// The first visible one of a class; null when there is none.
 HWND FindIn(HWND parent, std::wstring_view kind);
 
-/// The same, with this caption, marks of access keys and blanks at its end left aside.
+/// The same with this caption. Marks of access keys and blanks at its end don't count.
 HWND FindIn(HWND parent, std::wstring_view kind, std::wstring_view caption);
 
 /// The field right of a label or option, on its line.

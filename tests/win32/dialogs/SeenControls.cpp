@@ -15,7 +15,8 @@ std::uint32_t SystemColour(int number) {
          GetBValue(colour);
 }
 
-/// Where the lines between the cells are, along a line across a grid's window or down it.
+/// Where the lines between the cells are. They are looked for on one line of pixels, across a
+/// grid's window or down it.
 std::vector<int> LinesOf(const ScreenPicture& picture, bool is_across, int along) {
   const std::uint32_t line = SystemColour(COLOR_BTNFACE);
   std::vector<int> lines;

@@ -56,7 +56,7 @@ TEST_F(DialogOfTheComponent, IsCancelledOverASavedTaskAndLeavesItAsItWas) {
   EXPECT_EQ(Stored(L"Login"), L"me");
 }
 
-/// The stand-in in the place of the system's ODBC administrator.
+/// Puts the stand-in in the place of the system's ODBC administrator.
 class Administrator {
  public:
   Administrator() {

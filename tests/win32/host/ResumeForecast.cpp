@@ -9,7 +9,7 @@
 namespace imptable {
 namespace {
 
-/// A setting with the scenario's variable in its place when it names one.
+/// A setting's text, or the value of the scenario's variable that it names.
 std::string Resolved(const std::string& scenario, const std::string& task,
                      const std::string& setting) {
   std::string text = ReadShown(TaskKey(scenario, task), setting);

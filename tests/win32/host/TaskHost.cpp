@@ -145,7 +145,8 @@ void ShowStatus(const std::string& scenario, const std::string& task) {
   std::cout << (status.empty() ? "0" : status) << '\n' << ReadShown(key, "ExecuteLe") << '\n';
 }
 
-/// Either way a host may go: all at once, or member by member with the language left as it is.
+/// Tells the object its task, in one of a host's two ways: all at once, or member by member, which
+/// leaves the language as it is.
 void Describe(LateBoundTask& object, const Request& request, const std::string& scenario,
               const std::string& task) {
   if (request.language) {
@@ -237,7 +238,7 @@ Words CommandLineWords() {
 }  // namespace imptable
 
 int main() {
-  // Line feeds as they are, as the command's.
+  // Writes line feeds unchanged, like the command.
   _setmode(_fileno(stdout), _O_BINARY);
   _setmode(_fileno(stderr), _O_BINARY);
   CoInitialize(nullptr);

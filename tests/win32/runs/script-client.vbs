@@ -64,7 +64,7 @@ Sub Configure(TaskName)
   Shell.RegWrite Key & "Colonnes\3", "7,7,,/,"
 End Sub
 
-' The rejected line with a code that is free.
+' Gives the rejected line a code that is free.
 Sub Mend
   Dim Files, Stream, Text
   Set Files = CreateObject("Scripting.FileSystemObject")

@@ -13,7 +13,7 @@ void LineReader::Start(HWND window, UINT message) {
   }).detach();
 }
 
-// Not by the run-time library, whose streams the end of the process would wait for.
+// Reads without the streams of the run-time library: the end of the process would wait for them.
 void LineReader::Read(HWND window, UINT message) {
   std::string line;
   char next = 0;

@@ -17,7 +17,7 @@ class LineReader {
   /// a request to quit, with 0.
   void Start(HWND window, UINT message);
 
-  /// The next line that a message has told of: its words, which tabs part.
+  /// The words of the next line that a message has told of. Tabs part them.
   std::vector<std::string> Take();
 
  private:

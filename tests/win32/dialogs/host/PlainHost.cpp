@@ -1,6 +1,7 @@
 // A host of the plainest kind, which knows the component by its contract alone: one window with a
-// class and a message loop of its own, and one task. It does what the lines of its standard input
-// say, as at the press of a button, and answers each by one line; also while a dialog is open.
+// class and a message loop of its own, and one task. It does what each line of its standard input
+// says, as at the press of a button, and answers by one line. It does so while a dialog is open,
+// too.
 
 #include <memory>
 #include <sstream>
@@ -36,7 +37,7 @@ std::string Failed(HRESULT result) {
   return text.str();
 }
 
-/// As long as the process, as their reader does.
+/// Lives as long as the process, because the thread that reads does.
 LineReader& Lines() {
   static LineReader lines;
   return lines;
@@ -62,7 +63,7 @@ class PlainHost {
   PlainHost& operator=(const PlainHost&) = delete;
   ~PlainHost() { DestroyWindow(window_); }
 
-  /// @return what the request to quit said.
+  /// @return the exit code that the request to quit gave.
   int HandleMessages() {
     Say("window " + std::to_string(reinterpret_cast<std::uintptr_t>(window_)));
     Lines().Start(window_, kLine);
@@ -172,7 +173,8 @@ class PlainHost {
   }
 
   /// library title TEXT: an object library of this host, which has a title for the dialog.
-  /// library no-title REASON, library no-variables REASON: one that fails at these.
+  /// library no-title REASON, library no-variables REASON: one that fails to give the title or the
+  /// variables.
   void MakeLibrary(const std::vector<std::string>& words) {
     library_ = std::make_unique<StandInHost>();
     const std::string& text = words.at(2);
@@ -200,7 +202,7 @@ class PlainHost {
     return result;
   }
 
-  /// Lets everything go. @return what the DLL said of it, and whether it went.
+  /// Releases everything. @return whether the DLL said that it may go, and whether it went.
   std::string Unload() {
     task_ = {};
     const std::string said = dll_->CanUnloadNow() ? "may" : "may not";
