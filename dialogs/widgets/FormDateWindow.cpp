@@ -8,10 +8,9 @@
 #include <wx/textctrl.h>
 
 #include "dialogs/columns/DatePattern.h"
-#include "dialogs/widgets/AccessibleName.h"
 #include "dialogs/widgets/DialogFrame.h"
-#include "dialogs/widgets/DialogIcon.h"
 #include "dialogs/widgets/FieldSize.h"
+#include "dialogs/widgets/SystemWidgets.h"
 
 namespace imptable {
 namespace {

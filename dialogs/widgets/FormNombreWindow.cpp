@@ -3,11 +3,10 @@
 #include <wx/sizer.h>
 #include <wx/textctrl.h>
 
-#include "dialogs/widgets/AccessibleName.h"
 #include "dialogs/widgets/DialogFrame.h"
-#include "dialogs/widgets/DialogIcon.h"
 #include "dialogs/widgets/FieldSize.h"
 #include "dialogs/widgets/Spinner.h"
+#include "dialogs/widgets/SystemWidgets.h"
 
 namespace imptable {
 namespace {

@@ -6,9 +6,8 @@
 #include <algorithm>
 #include <string>
 
-#include "dialogs/widgets/AccessibleName.h"
 #include "dialogs/widgets/DialogFrame.h"
-#include "dialogs/widgets/DialogIcon.h"
+#include "dialogs/widgets/SystemWidgets.h"
 
 namespace imptable {
 namespace {

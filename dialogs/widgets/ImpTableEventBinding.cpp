@@ -13,8 +13,8 @@
 #include "dialogs/ImpTableControls.h"
 #include "dialogs/widgets/AccessKey.h"
 #include "dialogs/widgets/ImpTableWindow.h"
-#include "dialogs/widgets/InputTime.h"
 #include "dialogs/widgets/PasswordField.h"
+#include "dialogs/widgets/SystemWidgets.h"
 
 namespace imptable {
 namespace {

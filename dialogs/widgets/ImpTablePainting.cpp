@@ -12,10 +12,9 @@
 #include <array>
 
 #include "dialogs/ImpTableControls.h"
-#include "dialogs/widgets/AccessibleName.h"
-#include "dialogs/widgets/DialogIcon.h"
 #include "dialogs/widgets/ImpTableWindow.h"
 #include "dialogs/widgets/PasswordField.h"
+#include "dialogs/widgets/SystemWidgets.h"
 
 namespace imptable {
 namespace {

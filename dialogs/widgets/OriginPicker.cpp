@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "dialogs/widgets/FieldSize.h"
-#include "dialogs/widgets/Overlay.h"
+#include "dialogs/widgets/SystemWidgets.h"
 
 namespace imptable {
 namespace {

@@ -5,9 +5,9 @@
 #include <wx/textctrl.h>
 #include <wx/wrapsizer.h>
 
-#include "dialogs/widgets/OneStop.h"
 #include "dialogs/widgets/Pages.h"
 #include "dialogs/widgets/PasswordField.h"
+#include "dialogs/widgets/SystemWidgets.h"
 
 namespace imptable {
 namespace {

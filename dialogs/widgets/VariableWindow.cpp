@@ -3,9 +3,8 @@
 #include <wx/sizer.h>
 #include <wx/treectrl.h>
 
-#include "dialogs/widgets/AccessibleName.h"
 #include "dialogs/widgets/DialogFrame.h"
-#include "dialogs/widgets/DialogIcon.h"
+#include "dialogs/widgets/SystemWidgets.h"
 
 namespace imptable {
 namespace {
