@@ -35,34 +35,20 @@ enum class FileFormat : std::int16_t { kFixedWidth = 0, kDelimited = 1 };
 /// A setting that is on or off.
 enum class Flag : std::int16_t { kOff = 0, kOn = 1 };
 
-/// One task's parameters as stored; "@" references are not resolved.
+/// One task's parameters as stored, a member for each setting of core/Settings.inc; "@" references
+/// are not resolved. `record_errors` and `primary_key` are on for any value but kOff.
 struct ImportSettings {
-  std::string data_source;                           // "Base Cible"
-  std::string login;                                 // "Login"
-  std::string password;                              // "Password"
-  std::string owner;                                 // "Owner"
-  std::string table;                                 // "Table"
-  std::string alias;                                 // "Alias"
-  std::string comment;                               // "Comment"
-  std::string directory;                             // "Dir"
-  ImportMode mode = ImportMode::kInsert;             // "Mode"
-  Deletion deletion = Deletion::kNone;               // "Suppression"
-  std::string error_limit;                           // "Erreurs", default "100"
-  Flag record_errors = Flag::kOn;                    // "RecErreurs": anything but kOff is on
-  std::string key_or_index;                          // "Cle/Index"
-  Flag primary_key = Flag::kOff;                     // "PrimKey": anything but kOff is on
-  Flag duplicate_key = Flag::kOff;                   // "DupKey"
-  std::string error_code;                            // "CodErr"
-  Flag empty_file_policy = Flag::kOff;               // "SiVide"
-  Flag separator_option = Flag::kOff;                // "SepDec"
-  Flag null_option = Flag::kOff;                     // "Null"
-  Flag parameter_option = Flag::kOff;                // "Param"
-  std::int16_t column_count = 0;                     // "NombreColonnes"
-  std::string delimiter;                             // "DelimiteurFile", default ";"
-  FileFormat file_format = FileFormat::kFixedWidth;  // "FormatFile"
-  std::vector<std::string> column_layout;            // subkey "Colonnes": value n at index n - 1
-  Flag full_file_name = Flag::kOff;                  // "UseAlias"
-  Flag trace_option = Flag::kOff;  // "RecTrace": a trace alone is enough for a resume
+#define TEXT_SETTING(id, name, member, text, fallback, whose) std::string member;
+#define NUMBER_SETTING(id, name, type, member, least, most, fallback, whose) \
+  type member = static_cast<type>(fallback);
+#define TEXT_ENTRY(id, name)
+#define NUMBER_ENTRY(id, name, least, most)
+#include "core/Settings.inc"
+#undef TEXT_SETTING
+#undef NUMBER_SETTING
+#undef TEXT_ENTRY
+#undef NUMBER_ENTRY
+  std::vector<std::string> column_layout;  // subkey "Colonnes": value n at index n - 1
 };
 
 /// One value of "Champs": where a table column's value comes from.

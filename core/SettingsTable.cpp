@@ -10,35 +10,7 @@
 namespace imptable {
 namespace {
 
-constexpr NumberRange kOnOrOff{0, 1};
 constexpr std::int32_t kMostColumns = 32767;  // what a run can count
-
-using Texts = std::string ImportSettings::*;
-using S = ImportSettings;
-
-constexpr Setting Text(SettingId id, std::string_view name, Texts member,
-                       SettingText text = SettingText::kReferable,
-                       std::string_view default_text = "") {
-  return {.id = id,
-          .name = name,
-          .type = RegistryType::kText,
-          .text = text,
-          .range = {},
-          .default_text = default_text,
-          .text_member = member,
-          .number_member = {}};
-}
-
-constexpr Setting Number(SettingId id, std::string_view name, NumberMember member,
-                         NumberRange range = kOnOrOff, std::int16_t default_number = 0) {
-  return {.id = id,
-          .name = name,
-          .type = RegistryType::kNumber,
-          .range = range,
-          .default_text = {},
-          .default_number = default_number,
-          .number_member = member};
-}
 
 /// Of a member that is a number or an enumeration.
 template <auto member>
@@ -51,51 +23,32 @@ constexpr NumberMember Of() {
       }};
 }
 
-constexpr SettingText kAny = SettingText::kAny;
-
-// Names and types are what the component and the host read: never change.
 constexpr auto kSettings = std::to_array<Setting>({
-    Text(SettingId::kDataSource, "Base Cible", &S::data_source),
-    Text(SettingId::kLogin, "Login", &S::login),
-    Text(SettingId::kPassword, "Password", &S::password),
-    Text(SettingId::kOwner, "Owner", &S::owner),
-    Text(SettingId::kTable, "Table", &S::table),
-    Text(SettingId::kAlias, "Alias", &S::alias),
-    Text(SettingId::kComment, "Comment", &S::comment, kAny),
-    Text(SettingId::kDirectory, "Dir", &S::directory),
-    Number(SettingId::kMode, "Mode", Of<&S::mode>(), {0, 4}),
-    Number(SettingId::kDeletion, "Suppression", Of<&S::deletion>(), {0, 2}),
-    Text(SettingId::kKeyOrIndex, "Cle/Index", &S::key_or_index),
-    Number(SettingId::kPrimaryKey, "PrimKey", Of<&S::primary_key>()),
-    Number(SettingId::kDuplicateKey, "DupKey", Of<&S::duplicate_key>()),
-    Text(SettingId::kErrorCode, "CodErr", &S::error_code, SettingText::kErrorCode),
-    Text(SettingId::kErrorLimit, "Erreurs", &S::error_limit, SettingText::kErrorLimit, "100"),
-    Number(SettingId::kRecordErrors, "RecErreurs", Of<&S::record_errors>(), kOnOrOff, 1),
-    Number(SettingId::kErrorFile, "FicErr", {}),
-    Number(SettingId::kEmptyFilePolicy, "SiVide", Of<&S::empty_file_policy>()),
-    Number(SettingId::kSeparatorOption, "SepDec", Of<&S::separator_option>()),
-    Number(SettingId::kNullOption, "Null", Of<&S::null_option>()),
-    Number(SettingId::kParameterOption, "Param", Of<&S::parameter_option>()),
-    Number(SettingId::kColumnCount, "NombreColonnes", Of<&S::column_count>(), {0, kMostColumns}),
-    Text(SettingId::kDelimiter, "DelimiteurFile", &S::delimiter, kAny, ";"),
-    Number(SettingId::kFileFormat, "FormatFile", Of<&S::file_format>()),
-    Number(SettingId::kFullFileName, "UseAlias", Of<&S::full_file_name>()),
-    Number(SettingId::kTraceOption, "RecTrace", Of<&S::trace_option>()),
-    Number(SettingId::kStatus, "Etat", {}, {0, 3}),
-    Text(SettingId::kEnded, "ExecuteLe", nullptr, kAny),
-    Text(SettingId::kCreated, "CréeLe", nullptr, kAny),
-    Text(SettingId::kModified, "ModifiéLe", nullptr, kAny),
-    Number(SettingId::kType, "Type", {}, {}),
+#define TEXT_SETTING(id, name, member, text, fallback, whose)                              \
+  {SettingId::id,           name, RegistryType::kText, SettingText::text, {}, fallback, 0, \
+   &ImportSettings::member, {},   SettingOrigin::whose},
+#define NUMBER_SETTING(id, name, type, member, least, most, fallback, whose)                      \
+  {SettingId::id, name,    RegistryType::kNumber,         SettingText::kAny,   {least, most}, "", \
+   fallback,      nullptr, Of<&ImportSettings::member>(), SettingOrigin::whose},
+#define TEXT_ENTRY(id, name) \
+  {SettingId::id, name, RegistryType::kText, SettingText::kAny, {}, "", 0, nullptr, {}, {}},
+#define NUMBER_ENTRY(id, name, least, most) \
+  {SettingId::id,                           \
+   name,                                    \
+   RegistryType::kNumber,                   \
+   SettingText::kAny,                       \
+   {least, most},                           \
+   "",                                      \
+   0,                                       \
+   nullptr,                                 \
+   {},                                      \
+   {}},
+#include "core/Settings.inc"
+#undef TEXT_SETTING
+#undef NUMBER_SETTING
+#undef TEXT_ENTRY
+#undef NUMBER_ENTRY
 });
-
-constexpr bool EachStandsAtItsId() {
-  for (std::size_t i = 0; i < kSettings.size(); ++i) {
-    if (kSettings[i].id != static_cast<SettingId>(i)) return false;
-  }
-  return true;
-}
-static_assert(EachStandsAtItsId());
-static_assert(kSettings.back().id == SettingId::kType);
 
 /// A subkey with one text per column.
 struct ColumnSubkey {

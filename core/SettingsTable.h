@@ -19,37 +19,15 @@ inline constexpr std::string_view kFieldsSubkey = "Champs";
 
 /// The values of a task's key, in the order in which they are listed.
 enum class SettingId : std::uint8_t {
-  kDataSource,
-  kLogin,
-  kPassword,
-  kOwner,
-  kTable,
-  kAlias,
-  kComment,
-  kDirectory,
-  kMode,
-  kDeletion,
-  kKeyOrIndex,
-  kPrimaryKey,
-  kDuplicateKey,
-  kErrorCode,
-  kErrorLimit,
-  kRecordErrors,
-  kErrorFile,
-  kEmptyFilePolicy,
-  kSeparatorOption,
-  kNullOption,
-  kParameterOption,
-  kColumnCount,
-  kDelimiter,
-  kFileFormat,
-  kFullFileName,
-  kTraceOption,
-  kStatus,
-  kEnded,
-  kCreated,
-  kModified,
-  kType,
+#define TEXT_SETTING(id, name, member, text, fallback, whose) id,
+#define NUMBER_SETTING(id, name, type, member, least, most, fallback, whose) id,
+#define TEXT_ENTRY(id, name) id,
+#define NUMBER_ENTRY(id, name, least, most) id,
+#include "core/Settings.inc"
+#undef TEXT_SETTING
+#undef NUMBER_SETTING
+#undef TEXT_ENTRY
+#undef NUMBER_ENTRY
 };
 
 /// What a setting's text has to be for a run to take it.
@@ -60,6 +38,12 @@ enum class SettingText : std::uint8_t {
   kErrorLimit,  // a number of errors
   kColumn,      // of the data file
   kField,       // of the table
+};
+
+/// Whose a setting is, which says when a run reads it.
+enum class SettingOrigin : std::uint8_t {
+  kHost,  // the host's registry sees it read at its place in a fixed order
+  kOwn,   // read after those
 };
 
 /// The whole numbers that a setting may have.
@@ -85,6 +69,7 @@ struct Setting {
   std::int16_t default_number = 0;  // the same
   std::string ImportSettings::*text_member = nullptr;
   NumberMember number_member;
+  SettingOrigin origin = SettingOrigin::kHost;
 };
 
 const Setting& SettingOf(SettingId id);

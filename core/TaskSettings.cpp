@@ -109,7 +109,10 @@ ImportSettings Load(const ModuleCommun& module, std::string_view task,
 std::string TransformPassword(std::string password) { return password; }
 
 void LoadOwnSettings(const ModuleCommun& module, std::string_view task, ImportSettings& settings) {
-  SettingReader(module, task, nullptr).Into(settings, SettingId::kTraceOption);
+  const SettingReader read(module, task, nullptr);
+  for (const Setting& setting : Settings()) {
+    if (setting.origin == SettingOrigin::kOwn) read.Into(settings, setting.id);
+  }
 }
 
 std::vector<StoredAssignment> LoadAssignments(const ModuleCommun& module, std::string_view task) {

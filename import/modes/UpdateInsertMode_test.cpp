@@ -38,16 +38,6 @@ TEST(UpdateInsertMode, InsertsALineThatChangedNoRow) {
   }
 }
 
-TEST(UpdateInsertMode, TakesAnyOtherRowCountForChanged) {
-  KeyedRun run(kByUpdateInsert);
-  run.Driver("rowcount at 1 = 10");
-  run.Driver("rowcount at 2 = -2");
-  run.Source({"1;a", "2;b"});
-  EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().lines[Outcome::kModified], 2);
-  EXPECT_EQ(run.progress().lines[Outcome::kInserted], 0);
-}
-
 TEST(UpdateInsertMode, ReportsBothCountsOnOneLine) {
   KeyedRun run(kByUpdateInsert);
   run.Driver("rowcount where 3 = \"3\" = 0");

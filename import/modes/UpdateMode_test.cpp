@@ -112,77 +112,13 @@ TEST(UpdateMode, ReportsInEnglish) {
   EXPECT_THAT(OwnLines(run), ElementsAre("  -->   Process OK :  1 Record(s) edited"));
 }
 
-TEST(UpdateMode, TracesALineThatChangedNothingAsDone) {
-  for (const char* answer : {"rowcount 0", "rowcount -1"}) {
-    KeyedRun run(kByUpdate);
-    run.Driver(answer);
-    run.Driver("on SQLExecute 2 return -1 diag S1000 7 \"no\"");
-    run.Source({"1;a", "2;b"});
-    EXPECT_EQ(run.Go(), 3);
-    EXPECT_EQ(run.progress().lines[Outcome::kModified], 0) << answer;
-    EXPECT_EQ(run.progress().lines[Outcome::kRejected], 1);
-    EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Rejected(2)));
-    EXPECT_THAT(run.Rejected(), ElementsAre("2;b"));
-    EXPECT_THAT(run.Report(), Contains(" ----->    0 Enregistrement(s) modifié(s)"));
-  }
-}
-
-TEST(UpdateMode, CountsALineOnceHoweverManyRowsItChanged) {
+TEST(UpdateMode, EndsWithSuccessWhenACountAloneIsRefused) {
   KeyedRun run(kByUpdate);
-  run.Driver("rowcount 10");
-  run.Driver("rowcount at 2 = -2");
+  run.Driver("on SQLRowCount 1 return -1 diag S1000 7 \"no count\"");
   run.Source({"1;a", "2;b"});
-  EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().lines[Outcome::kModified], 2) << "any count but 0 and -1";
-}
-
-TEST(UpdateMode, TakesSuccessWithInformationForDone) {
-  KeyedRun run(kByUpdate);
-  run.Driver("on SQLExecute return 1 diag 01004 5 \"cut\"");
-  run.Source({"1;a"});
-  EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().lines[Outcome::kModified], 1);
-  EXPECT_THAT(run.Errors(), IsEmpty());
-}
-
-TEST(UpdateMode, ReportsARowCountThatFailsAndCountsTheLineNowhere) {
-  for (const char* failure : {"on SQLRowCount 1 return -1 diag S1000 7 \"no count\"",
-                              "on SQLRowCount 1 return 1 diag 01000 7 \"no count\""}) {
-    KeyedRun run(kByUpdate);
-    run.Driver(failure);
-    run.Source({"1;a", "2;b"});
-    EXPECT_EQ(run.Go(), 3);
-    EXPECT_EQ(run.progress().lines[Outcome::kModified], 1);
-    EXPECT_EQ(run.progress().lines[Outcome::kRejected], 0);
-    EXPECT_THAT(run.Errors(), ElementsAre(ErrorLine(1, 7, "no count")));
-    EXPECT_THAT(run.Trace(), ElementsAre(Done(1), Done(2)));
-    EXPECT_THAT(run.Rejected(), IsEmpty());
-    EXPECT_THAT(OwnLines(run),
-                ElementsAre("  -->   Traitement OK :  1 Enregistrement(s) modifié(s)"));
-  }
-}
-
-TEST(UpdateMode, CountsADuplicateThatTheTaskIgnoresAsAnError) {
-  KeyedRun run(kByUpdate);
-  run.Set("DupKey", 1);
-  run.Set("CodErr", "2627");
-  run.Driver("on SQLExecute 1 return -1 diag 23000 2627 \"duplicate\"");
-  run.Driver("on SQLExecute 3 return -1 diag S1000 7 \"no\"");
-  run.Source({"1;a", "2;b", "3;c"});
   EXPECT_EQ(run.Go(), 3);
-  EXPECT_EQ(run.progress().lines[Outcome::kRejected], 2);
-  EXPECT_EQ(run.progress().lines[Outcome::kIgnored], 0);
-  EXPECT_THAT(run.Rejected(), ElementsAre("1;a", "3;c"));
-  EXPECT_THAT(run.Trace(), ElementsAre(Rejected(1), Done(2, 1), Rejected(3, 2)));
-}
-
-TEST(UpdateMode, TakesACodeThatIsNoNumberWithoutAFault) {
-  KeyedRun run(kByUpdate);
-  run.Set("DupKey", 1);
-  run.Set("CodErr", "none");
-  run.Source({"1;a"});
-  EXPECT_EQ(run.Go(), 2);
-  EXPECT_EQ(run.progress().lines[Outcome::kModified], 1);
+  EXPECT_THAT(OwnLines(run),
+              ElementsAre("  -->   Traitement OK :  1 Enregistrement(s) modifié(s)"));
 }
 
 TEST(UpdateMode, KeepsNoResumeFilesWhenTheTaskWantsNone) {

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 
-#include "platform/text/UpperCase.h"
 #include "platform/text/Utf8.h"
 
 namespace imptable {

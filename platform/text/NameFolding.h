@@ -11,6 +11,10 @@ namespace imptable {
 /// locale.
 std::string FoldName(std::string_view name);
 
+/// The upper-case form of a character by the system's table, whatever the locale; the character
+/// itself when it has none.
+char32_t UpperCase(char32_t character);
+
 }  // namespace imptable
 
 #endif  // PLATFORM_TEXT_NAME_FOLDING_H_

@@ -3,7 +3,7 @@
 
 #include <stdexcept>
 
-#include "platform/text/UpperCase.h"
+#include "platform/text/NameFolding.h"
 
 namespace imptable {
 namespace {

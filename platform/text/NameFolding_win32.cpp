@@ -1,6 +1,6 @@
 #include <array>
 
-#include "platform/text/UpperCase.h"
+#include "platform/text/NameFolding.h"
 #include "platform/text/Utf16_win32.h"
 #include "platform/windows/Windows_win32.h"
 
