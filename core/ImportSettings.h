@@ -8,8 +8,8 @@
 
 namespace imptable {
 
-// The values of settings that have few: never change. A registry may hold any other number, which
-// is kept: it is none of the names.
+// Settings with a short list of values. The numbers are stored in the registry: never change. A
+// registry may hold a number that has no name here. Such a number is kept as it is.
 
 /// "Mode".
 enum class ImportMode : std::int16_t {
@@ -62,7 +62,7 @@ struct ImportSettings {
   FileFormat file_format = FileFormat::kFixedWidth;  // "FormatFile"
   std::vector<std::string> column_layout;            // subkey "Colonnes": value n at index n - 1
   Flag full_file_name = Flag::kOff;                  // "UseAlias"
-  Flag trace_option = Flag::kOff;  // "RecTrace": a trace alone is enough for a resume
+  Flag trace_option = Flag::kOff;  // "RecTrace": when on, a trace alone is enough to resume
 };
 
 /// One value of "Champs": where a table column's value comes from.

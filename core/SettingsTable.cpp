@@ -11,7 +11,7 @@ namespace imptable {
 namespace {
 
 constexpr NumberRange kOnOrOff{0, 1};
-constexpr std::int32_t kMostColumns = 32767;  // what a run can count
+constexpr std::int32_t kMostColumns = 32767;  // the most that a run can count
 
 using Texts = std::string ImportSettings::*;
 using S = ImportSettings;
@@ -40,7 +40,7 @@ constexpr Setting Number(SettingId id, std::string_view name, NumberMember membe
           .number_member = member};
 }
 
-/// Of a member that is a number or an enumeration.
+/// Access to a member that is a number or an enumeration.
 template <auto member>
 constexpr NumberMember Of() {
   return {
