@@ -77,8 +77,8 @@ TEST(SqliteCatalogue, QuotesAndEscapesAndLimitsNames) {
   EXPECT_THAT(base.session.Boxes(), IsEmpty());
 }
 
-// Nothing reads the size of a decimal from its declaration: the driver takes it for a text whose
-// size is the number of decimals. Sizes do not limit what SQLite stores.
+// The driver doesn't read the size of a decimal from its declaration: it takes the column for a
+// text whose size is the number of decimals. Sizes do not limit what SQLite stores.
 TEST(SqliteCatalogue, GivesEachDeclaredTypeAsAnOdbcType) {
   SqliteDatabase base;
   base.Execute(
