@@ -45,8 +45,8 @@ class ModuleCommun {
 
   RunState run;
 
-  /// A task that was read before its run, by the code that has locked its files. The next run uses
-  /// it instead of reading the settings again, provided that it runs this task.
+  /// A task that was read already, before its run. The next run uses it instead of reading the
+  /// settings again, provided that it runs this task.
   std::optional<OpenedTask> opened_task;
 
   /// One character; "P" makes modes and deletions show the hourglass. The host's display owns it:
