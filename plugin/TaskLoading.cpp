@@ -29,7 +29,7 @@ class References {
     text = std::move(value).value_or("");
   }
 
-  /// Without the option only "Ignore" counts.
+  /// Without the option the assignments have no origins to resolve: only "Ignore" counts.
   void ResolveAssignments() {
     if (task_.parameter_option != Flag::kOn) return;
     for (const StoredAssignment& assignment : task_.assignments) {
