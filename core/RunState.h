@@ -49,7 +49,7 @@ struct OpenedTask : ImportSettings {
   std::string task;
   std::int32_t most_errors = 0;               // the number in `error_limit`
   std::vector<StoredAssignment> assignments;  // "Champs", in the order of the registry
-  std::map<std::string, std::string, std::less<>> variables;  // those that the assignments name
+  std::map<std::string, std::string, std::less<>> variables;  // by name; the assignments use them
 
   /// Why no run of this task may begin: a reference names a variable that isn't set, or the data
   /// source is empty.

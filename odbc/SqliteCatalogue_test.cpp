@@ -138,7 +138,7 @@ TEST(SqliteCatalogue, GivesAccentsAndBlanksInNamesAsTheyAre) {
   EXPECT_THAT(base.Names("été 1"), ElementsAre("prénom du client", "a\"b"));
 }
 
-// The members of a key come in the order of the table's columns, not in that of the key.
+// The members of a key come in the order of the table's columns, not in the key's own order.
 TEST(SqliteCatalogue, GivesThePrimaryKey) {
   SqliteDatabase base;
   base.Execute("CREATE TABLE ONE (CODE INTEGER PRIMARY KEY, NOM TEXT)");

@@ -234,7 +234,7 @@ TEST_F(RunFailures, ATraceThatCanNeitherBeDeletedNorEmptiedAfterASuccessIsDeclar
 TEST_F(RunFailures, AChainThatCannotBeDeclaredOverAfterASuccessIsDeletedAllTheSame) {
   run_.Set("RecTrace", 1);
   run_.folder.Write("CLIENTS.TRC", TextFile({Done(1)}));
-  // The first flush is that of the chain's state at the start.
+  // The first flush is of the chain's file, at the start.
   run_.component.files.Fail(FileOperation::kFlush, 2, std::make_error_code(std::errc::io_error));
   EXPECT_EQ(run_.Go(kResumeRequest), 2);
   EXPECT_THAT(run_.Executed(), ElementsAre("1='2' 2='b'"));

@@ -12,7 +12,7 @@
 namespace imptable {
 namespace {
 
-/// Looks variables up for one task, and notes those that aren't set.
+/// Looks variables up for one task, and notes which aren't set.
 class References {
  public:
   /// Both are borrowed.

@@ -37,8 +37,7 @@ struct ChainIdentity {
 /// @throws RuntimeFault  the file fault, naming the source.
 ChainIdentity IdentityOf(FileSystem& files, const RunState& run);
 
-/// Whether the file begins with the contents of the known source: it has the same contents, or
-/// more.
+/// Whether the file begins with the contents of the known source, and may go on with more.
 /// @throws RuntimeFault  the file fault, naming the file.
 bool GoesOnFrom(FileSystem& files, const SourceIdentity& known, const std::string& path);
 

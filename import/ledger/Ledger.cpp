@@ -11,7 +11,7 @@
 namespace imptable {
 namespace {
 
-/// Ends the name of a side file that is being put back, until it is complete.
+/// The suffix of a side file that is being put back, until it is complete.
 constexpr std::string_view kNewSuffix = ".NEW";
 
 /// A longer line is written apart from its end, which takes two calls but no copy.

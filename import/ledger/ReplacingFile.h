@@ -13,7 +13,8 @@ namespace imptable {
 /// A file that takes another's place once it is complete and on the disk; removed otherwise.
 class ReplacingFile {
  public:
-  /// @param files  borrowed. @param path  of this file until then, in the directory of the other.
+  /// @param files  borrowed. @param path  where this file is until then; in the directory of the
+  /// other.
   /// @throws RuntimeFault  the file fault, as all members.
   ReplacingFile(FileSystem& files, const std::string& path);
   ReplacingFile(const ReplacingFile&) = delete;

@@ -17,7 +17,7 @@ class ResumeChain {
  public:
   enum class State : std::uint8_t {
     kNone,     // no file: the chain is the last run's trace alone
-    kFirst,    // the same, but the file names the task and the source
+    kFirst,    // likewise, but the file names the task and the source
     kOpen,     // there are lines to do (or the file is damaged: Advance says so)
     kVoid,     // over; what the last run left isn't to be resumed
     kForeign,  // the file isn't a chain's: it must not be touched
@@ -51,8 +51,8 @@ class ResumeChain {
   void Advance(const std::string& trace, const std::string& rejected,
                const ChainIdentity& identity);
 
-  /// Notes how the run has ended. When that can't be written, the run counts as one that was
-  /// killed, which is the careful answer.
+  /// Notes how the run has ended. When that can't be written, the run counts as one that didn't
+  /// come to its end, which is the careful answer.
   void Mark(ChainMark mark);
 
   /// The chain's rejected lines; null without a file. @throws RuntimeFault  as Reached.

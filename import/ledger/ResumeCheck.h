@@ -36,7 +36,7 @@ struct ChainFindings {
   /// after it emptied its rejected lines and before it emptied its trace.
   bool rejected_lines_are_in_chain = false;
 
-  std::optional<ChainIdentity> identity;  // the chain's; one of an older version has none
+  std::optional<ChainIdentity> identity;  // nullopt for a chain that an older version began
 };
 
 /// @throws RuntimeFault  for a damaged chain or trace, naming file and line; for a file that isn't

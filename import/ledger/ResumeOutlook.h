@@ -19,7 +19,7 @@ enum class ResumeAnswer : std::uint8_t {
   kNeedsTraceOption,    // lines are traced and none rejected: the trace option is needed
   kNoSource,            // there is no data file
   kEmptySource,         // the data file is empty
-  kModeImportsNothing,  // the task's mode is one that imports nothing
+  kModeImportsNothing,  // the task's mode imports nothing
   kObstacle,            // see ResumeOutlook::obstacle
 };
 

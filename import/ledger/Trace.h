@@ -12,7 +12,7 @@
 
 namespace imptable {
 
-/// The least digits of a line's number in the side files. A larger number takes more.
+/// A line's number has at least this many digits in the side files. A larger number takes more.
 inline constexpr std::size_t kLineNumberDigits = 8;
 
 /// Appends a number that isn't negative, zero-padded.
