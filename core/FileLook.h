@@ -8,13 +8,14 @@
 
 namespace imptable {
 
-/// What a run decides by must not be taken for absent because it couldn't be looked at.
+/// Looks at a file that a run's decision depends on: a file that can't be looked at must not pass
+/// for a missing one.
 /// @return nullopt when there is no such file.
-/// @throws RuntimeFault  the file fault, when it can't be looked at.
+/// @throws RuntimeFault  the file fault, when the file can't be looked at.
 std::optional<FileInfo> LookAt(const FileSystem& files, const std::string& path);
 
-/// @return why the file couldn't be deleted; no error when there is none, or can be none of this
-/// name.
+/// @return why the file couldn't be deleted; no error when there is no such file, or when no file
+/// can have this name.
 std::error_code RemoveIfAny(FileSystem& files, const std::string& path);
 
 }  // namespace imptable

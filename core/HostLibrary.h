@@ -47,7 +47,7 @@ class ReportWriter {
 /// Type numbers of scenario actions, as the host numbers them: never change.
 enum class ActionType : std::int16_t { kOnError = 0, kOnDecision = 1, kConditional = 2, kJump = 3 };
 
-/// One scenario action of a task. The assignment is empty where it has none.
+/// One scenario action of a task. `variable` and `value` are empty when it assigns nothing.
 struct ActionEntry {
   ActionType type = ActionType::kOnError;
   std::string variable;

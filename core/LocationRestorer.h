@@ -7,7 +7,7 @@
 
 namespace imptable {
 
-/// Puts the current registry location back when it goes.
+/// Puts the current registry location back when it is destroyed.
 class LocationRestorer {
  public:
   /// @param location  borrowed.

@@ -13,7 +13,7 @@ namespace imptable {
 inline constexpr std::int32_t kFrenchOffset = 0;
 inline constexpr std::int32_t kEnglishOffset = 10000;
 
-/// The texts by their names; the value is the number of the French one.
+/// A name for every text. Its value is the number of the French text.
 enum class Message : std::int32_t {
 #define MESSAGE(name, number, french, english) name = (number),
 #include "resources/Messages.inc"

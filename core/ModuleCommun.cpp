@@ -7,7 +7,7 @@
 namespace imptable {
 namespace {
 
-/// The access layer's read buffer: a longer value can't be read, on any system.
+/// The size of the access layer's read buffer. A longer value can't be read, on any system.
 constexpr std::size_t kReadBufferBytes = 65536;
 
 struct HtmlStyle {
@@ -43,7 +43,7 @@ void ShowOnDisplay(HostForm& form, const std::string& line) {
   }
 }
 
-/// A longer decimal separator isn't taken.
+/// A longer decimal separator is ignored.
 constexpr std::size_t kSeparatorBytes = 255;
 
 std::string_view WithoutTerminators(std::string_view text) {

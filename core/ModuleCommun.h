@@ -19,8 +19,8 @@ namespace imptable {
 /// A value as the registry access layer gives it: a text or a 32-bit number.
 using SettingValue = std::variant<std::string, std::int32_t>;
 
-/// The state that all objects of one loaded component share, and what every part of it uses: the
-/// registry access layer, the messages and the report lines. The last writer wins.
+/// What all objects of one loaded component share: their state, the registry access layer, the
+/// messages and the report lines. The last object to write a value wins.
 class ModuleCommun {
  public:
   /// @param platform, host  borrowed; must outlive the module.
@@ -45,8 +45,8 @@ class ModuleCommun {
 
   RunState run;
 
-  /// A task that was read before its run, by whoever holds its files: the next run takes it when it
-  /// is of that task, and reads nothing again.
+  /// A task that was read already, before its run. The next run uses it instead of reading the
+  /// settings again, provided that it runs this task.
   std::optional<OpenedTask> opened_task;
 
   /// One character; "P" makes modes and deletions show the hourglass. The host's display owns it:
@@ -61,7 +61,7 @@ class ModuleCommun {
   SettingValue ReadValue(std::string_view relative_path, std::string_view name,
                          SettingValue fallback = std::string()) const;
 
-  /// Writes a text; an empty one is stored as a lone terminator.
+  /// Writes a text. An empty text is stored as a lone terminator.
   /// @return the system result code, 0 = success.
   std::int32_t WriteText(std::string_view relative_path, std::string_view name,
                          std::string_view text);

@@ -9,7 +9,7 @@
 namespace imptable {
 namespace {
 
-/// Far beyond what any digits could make up for.
+/// A larger exponent counts as this one: no text has enough digits to make up for it.
 constexpr std::int32_t kMostExponent = 1'000'000;
 
 /// Takes a text apart from left to right.

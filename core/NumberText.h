@@ -10,17 +10,17 @@ namespace imptable {
 /// A decimal number as it stands in a text: whole.fraction times ten to the exponent.
 struct NumberText {
   bool negative = false;
-  std::string_view whole;     // digits; either may be empty, not both
+  std::string_view whole;     // digits; `whole` or `fraction` may be empty, not both
   std::string_view fraction;  // digits
-  std::int32_t exponent = 0;  // one beyond any use comes out as large as that, not as written
+  std::int32_t exponent = 0;  // cut to a million, which is beyond any use
 
   bool operator==(const NumberText&) const = default;
 };
 
-/// Reads a number as the host's system does, as far as that is the same for each user: white space
-/// around it, one sign before or behind it, parentheses for a minus. Groups of digits, currencies
-/// and hexadecimal digits make a text no number: they are likelier a mistake.
-/// @return views into `text`; nullopt when it is anything else.
+/// Reads a number by those rules of the host's system that are the same for every user: white space
+/// around it, one sign before or behind it, parentheses for a minus. A text with groups of digits,
+/// a currency or hexadecimal digits is no number: it is more likely a mistake.
+/// @return views into `text`; nullopt when `text` is no such number.
 std::optional<NumberText> ParseNumberText(std::string_view text,
                                           std::string_view decimal_separator);
 

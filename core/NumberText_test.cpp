@@ -7,7 +7,7 @@
 namespace imptable {
 namespace {
 
-/// The number as sign, whole, ".", fraction, "e", exponent; "<none>" for a text that is none.
+/// The number as sign, whole, ".", fraction, "e", exponent; "<none>" for a text that is no number.
 std::string Parsed(std::string_view text, std::string_view separator = ".") {
   const auto number = ParseNumberText(text, separator);
   if (!number) return "<none>";

@@ -9,8 +9,8 @@
 
 namespace imptable {
 
-/// A file that a run writes. Nothing is buffered, and nothing that fails is passed over: every
-/// failure is a file fault that names the path.
+/// A file that a run writes, without a buffer. Every failure throws a file fault that names the
+/// path.
 class RunFile {
  public:
   /// Creates the file, or empties it.

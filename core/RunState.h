@@ -22,10 +22,10 @@ enum class RunStatus : std::int16_t { kNone = 0, kRunning = 1, kSucceeded = 2, k
 /// Value of the run request that asks for a resume.
 inline constexpr std::int16_t kResumeRequest = 2;
 
-/// What a run has done so far, for whoever watches it. Lines, but for the bytes.
+/// What a run has done so far, for whoever watches it. `read` and `lines` count source lines.
 struct RunProgress {
   std::int64_t read = 0;
-  OutcomeCounts lines = {};  // by outcome; those that were read
+  OutcomeCounts lines = {};  // the lines read, by outcome
   /// Rows deleted before the import; nullopt when the data source didn't count them.
   std::optional<std::int64_t> deleted_before = 0;
   std::uint64_t bytes_read = 0;
@@ -35,27 +35,27 @@ struct RunProgress {
 /// What a run found in the place of its source.
 enum class SourceState : std::uint8_t { kUnknown, kMissing, kEmpty, kPresent };
 
-/// A setting without a value to run with.
+/// A setting for which a run has no value.
 struct MissingValue {
   std::string setting;
   std::string stored;    // what the registry has
-  std::string variable;  // that it names and that isn't set; empty when it names none
+  std::string variable;  // the unset variable that it names; empty when it names none
 };
 
-/// A task as one run takes it: read once, with every "@" reference resolved and its folder ending
-/// with the path separator. The alias is as stored, trailing blanks included.
+/// A task as one run uses it: read once, with every "@" reference resolved. Its folder ends with
+/// the path separator. Its alias keeps its trailing blanks.
 struct OpenedTask : ImportSettings {
   std::string scenario;
   std::string task;
   std::int32_t most_errors = 0;               // the number in `error_limit`
   std::vector<StoredAssignment> assignments;  // "Champs", in the order of the registry
-  std::map<std::string, std::string, std::less<>> variables;  // that the assignments name
+  std::map<std::string, std::string, std::less<>> variables;  // by name; the assignments use them
 
   /// Why no run of this task may begin: a reference names a variable that isn't set, or the data
   /// source is empty.
   std::optional<MissingValue> refusal;
 
-  /// Whoever opened it has found out that it can be resumed.
+  /// The code that opened the task has found that it can be resumed.
   bool resumes = false;
 
   /// The assignments whose variable isn't set: their columns get null.
@@ -68,29 +68,30 @@ struct RunState : OpenedTask {
   bool resume = false;
   SourceState source_state = SourceState::kUnknown;
 
-  /// Set before a run: a resume takes whatever source there is for that of the chain.
+  /// Set before a run: a resume accepts the source that it finds, even when the chain was begun
+  /// with another one.
   bool takes_changed_source = false;
-  bool requires_file = false;  // a data file that is missing fails the run
+  bool requires_file = false;  // a missing data file fails the run
 
   bool pre_deletion_failed = false;
-  bool deletion_faulted = false;  // rows are left that were to go; the import went on
+  bool deletion_faulted = false;  // a fault ended the deletion early; the import went on
   RunStatus status = RunStatus::kNone;
-  bool error_reported = false;     // something is to be found in the report or in ".ERR"
-  bool status_stored = false;      // the registry has that of the run's end
+  bool error_reported = false;     // the report or ".ERR" tells of an error
+  bool status_stored = false;      // the registry has the run's final status
   HostDisplay* display = nullptr;  // borrowed from the host for the length of the run
   RunProgress progress;
 
-  /// Of the source line at hand. A run that comes to no line leaves the former run's: the host's
-  /// report shows it.
+  /// The number of the current source line. A run that comes to no line may keep the number of the
+  /// run before: the host's report shows it.
   std::int32_t line_number = 0;
 
-  /// The user's; the last one that could be read.
+  /// The user's separator: the last one that could be read.
   std::string decimal_separator = ".";
 
   /// The fault that ended the last run or one of its modes; empty when there was none.
   std::optional<RuntimeFault> fault;
 
-  /// The run ended before its last line because that was asked for.
+  /// The run was asked to stop and ended before its last line.
   bool interrupted = false;
 
   /// Set from a signal handler or another thread: the run ends after the current line.

@@ -36,11 +36,11 @@ enum class FaultNumber : std::int32_t {
 enum class FaultRemedy : std::uint8_t {
   kNone,
   kRemoveLink,
-  kMoveForeignChain,       // the file is none of a chain of runs
-  kResumeOtherTask,        // that has begun the chain
-  kPutOtherSourceBack,     // that the chain was begun with
-  kPutRejectedLinesRight,  // as many as the trace has rejections
-  kGiveColumns,            // that a line can have a value for
+  kMoveForeignChain,       // the file isn't a chain of runs
+  kResumeOtherTask,        // the task that has begun the chain
+  kPutOtherSourceBack,     // the source that the chain was begun with
+  kPutRejectedLinesRight,  // as many lines as the trace has rejections
+  kGiveColumns,            // columns that a line can have a value for
 };
 
 /// A run-time fault: ends the routine it happens in. `detail` names the file, value or message

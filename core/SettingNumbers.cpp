@@ -12,7 +12,8 @@ std::string Quoted(std::string_view name, std::string_view text) {
   return '"' + std::string(name) + "\" = \"" + std::string(text) + '"';
 }
 
-/// The number rounded half to even, by its digits; nullopt when it has more than 18 of them.
+/// The number rounded half to even, worked out from its digits; nullopt when its whole part has
+/// more than 18 digits.
 std::optional<std::int64_t> Rounded(const NumberText& number) {
   constexpr std::int64_t kMostDigits = 18;
   std::string digits = std::string(number.whole).append(number.fraction);

@@ -30,14 +30,14 @@ enum class SettingId : std::uint8_t {
 #undef NUMBER_ENTRY
 };
 
-/// What a setting's text has to be for a run to take it.
+/// Which texts a run accepts for a setting.
 enum class SettingText : std::uint8_t {
   kAny,
   kReferable,   // any, or "@" and the name of a variable
   kErrorCode,   // a number, or "@" and the name of a variable
   kErrorLimit,  // a number of errors
-  kColumn,      // of the data file
-  kField,       // of the table
+  kColumn,      // the description of a column of the data file
+  kField,       // the origin of a table column's value
 };
 
 /// Whose a setting is, which says when a run reads it.
@@ -58,15 +58,15 @@ struct NumberMember {
   void (*set)(ImportSettings& settings, std::int16_t number) = nullptr;
 };
 
-/// One value of a task's key. A value that is no part of ImportSettings has no member.
+/// One value of a task's key. Both members are empty for a value that isn't in ImportSettings.
 struct Setting {
   SettingId id = SettingId::kDataSource;
   std::string_view name;  // in UTF-8
   RegistryType type = RegistryType::kText;
   SettingText text = SettingText::kAny;
   NumberRange range;                // of a number
-  std::string_view default_text;    // of one that is absent or empty
-  std::int16_t default_number = 0;  // the same
+  std::string_view default_text;    // when the stored text is absent or empty
+  std::int16_t default_number = 0;  // when the stored number is absent or empty
   std::string ImportSettings::*text_member = nullptr;
   NumberMember number_member;
   SettingOrigin origin = SettingOrigin::kHost;
@@ -74,10 +74,10 @@ struct Setting {
 
 const Setting& SettingOf(SettingId id);
 
-/// All of them, in the order of SettingId.
+/// All settings, in the order of SettingId.
 std::span<const Setting> Settings();
 
-/// Where a setting is stored, as what, and what it may be.
+/// Where a setting is stored, its type, and which values it may have.
 struct SettingPlace {
   std::string subkey;  // of the task's key; empty for the task's key itself
   std::string name;

@@ -10,7 +10,7 @@ namespace {
 
 class SettingReader {
  public:
-  /// @param faults  borrowed; null: a faulty number is thrown.
+  /// @param faults  borrowed; receives the faults of bad numbers. When it is null they are thrown.
   SettingReader(const ModuleCommun& module, std::string_view path,
                 std::vector<RuntimeFault>* faults)
       : module_(module), path_(path), faults_(faults) {}
@@ -77,8 +77,8 @@ std::vector<std::string> LoadColumnLayout(const ModuleCommun& module, std::strin
   return layout;
 }
 
-// The order in which the host's registry sees them read: never change. The columns of the file come
-// after their format.
+// The host's registry sees the settings read in this order: never change. The columns of the file
+// are read between the two lists.
 constexpr auto kReadBeforeColumns = std::to_array<SettingId>(
     {SettingId::kDataSource,      SettingId::kLogin,      SettingId::kPassword,
      SettingId::kOwner,           SettingId::kTable,      SettingId::kAlias,

@@ -17,13 +17,13 @@ namespace imptable {
 /// "NombreColonnes" is negative.
 ImportSettings LoadSettings(const ModuleCommun& module, std::string_view task);
 
-/// The same for whoever can mend the task: a faulty number takes its default and its fault is added
-/// to `faults`.
+/// The same for a caller who can mend the task: a faulty number takes its default and its fault is
+/// added to `faults`.
 /// @throws RuntimeFault  device error, when the registry can't be read.
 ImportSettings LoadSettings(const ModuleCommun& module, std::string_view task,
                             std::vector<RuntimeFault>& faults);
 
-/// Reads the settings that a run knows beyond those of the host ("RecTrace").
+/// Reads the settings that a run has beyond those of the host ("RecTrace").
 /// @throws RuntimeFault  as LoadSettings.
 void LoadOwnSettings(const ModuleCommun& module, std::string_view task, ImportSettings& settings);
 
@@ -31,7 +31,7 @@ void LoadOwnSettings(const ModuleCommun& module, std::string_view task, ImportSe
 /// @throws RuntimeFault  device error, when the registry can't be read.
 std::vector<StoredAssignment> LoadAssignments(const ModuleCommun& module, std::string_view task);
 
-/// Where the password would be decoded; stored in clear, it is passed on unchanged.
+/// The place to decode a stored password. Passwords are stored in clear, so it changes nothing.
 std::string TransformPassword(std::string password);
 
 }  // namespace imptable

@@ -11,7 +11,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// As the registry has it.
+/// The number that the registry stores for the value.
 template <typename Value>
 std::int16_t Number(Value value) {
   return static_cast<std::int16_t>(value);

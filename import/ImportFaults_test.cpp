@@ -71,7 +71,7 @@ TEST(ImportFaults, TellThatTheSourceFailsInItsMiddle) {
   ImportRun run;
   std::vector<std::string> lines(20'000, "1;" + std::string(20, 'a'));
   run.Source(lines);
-  // Sixteen reads are of what says which source it is.
+  // The first sixteen reads find out which source it is.
   run.component.files.Fail(FileOperation::kRead, 18, std::make_error_code(std::errc::io_error));
   EXPECT_EQ(run.Go(), 3);
   ExpectFault(run,
@@ -91,7 +91,7 @@ TEST(ImportFaults, TellThatTheSourceBecameShorterAndImportNoTornLine) {
     const std::string path = run.folder.path() + "CLIENTS.CSV";
     int milestones = 0;
     run.events.listener = [&](const std::string& event) {
-      // Between the look at the file and its first line.
+      // The third milestone lies between the look at the file and its first line.
       if (event == "Progress" && ++milestones == 3) std::filesystem::resize_file(path, size);
     };
     EXPECT_EQ(run.Go(), 3);
@@ -194,7 +194,7 @@ TEST(ImportFaults, TellWhichSideFileCannotBeClosed) {
   for (std::size_t n = 0; n < names.size(); ++n) {
     ImportRun run;
     run.Source({"1;a"});
-    // The state of the chain is closed before, at its beginning and when it is marked.
+    // The chain's file is closed before: once at its beginning and once when it is marked.
     run.component.files.Fail(FileOperation::kClose, static_cast<int>(n) + 3, kDiskFull);
     EXPECT_EQ(run.Go(), 3) << names[n];
     ExpectFault(run, "61 ,Disque plein : " + run.folder.path() + names[n]);

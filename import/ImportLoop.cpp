@@ -14,10 +14,11 @@ namespace {
 constexpr std::string_view kStepPrefix = " -->   ";
 constexpr std::string_view kCountPrefix = " ----->   ";
 
-/// A block is executed and settled together. Each of its records has the buffers to itself.
+/// A block is executed and settled as a whole. It has one record, because the buffers hold the
+/// values of one.
 constexpr std::size_t kRecordsOfABlock = 1;
 
-/// The number of errors that a run may have, as the modes hold it.
+/// The number of errors that a run may have, in the 16 bits that the modes use.
 /// @throws RuntimeFault  overflow when it is negative or doesn't fit 16 bits.
 std::int16_t ErrorLimitOf(const RunState& run) {
   if (run.most_errors < 0) {
@@ -29,7 +30,7 @@ std::int16_t ErrorLimitOf(const RunState& run) {
 
 }  // namespace
 
-/// Keeps report lines until their place in the report has come.
+/// Keeps report lines back until it is their turn in the report.
 class ImportLoop::HeldReport : public ReportWriter {
  public:
   void SetScenario(const std::string&) override {}
@@ -38,7 +39,7 @@ class ImportLoop::HeldReport : public ReportWriter {
     lines_.push_back({text, kind});
   }
 
-  /// Takes the report's place while it lives.
+  /// Replaces the report writer while it lives.
   class Scope {
    public:
     Scope(ModuleCommun& module, HeldReport& held)
@@ -103,7 +104,7 @@ bool ImportLoop::Check() {
     const RunState& run = module_.run;
     error_limit_ = ErrorLimitOf(run);
     ParseColumnLayout(run.column_layout, run.file_format != FileFormat::kDelimited);
-    // A code that is no number would let every duplicate count as an error: say so at once.
+    // With a code that is no number every duplicate would count as an error: fail at once.
     if (mode_.ignores_duplicates) static_cast<void>(IgnorableCode(run));
     OpenSource();
     ledger_.TakeChain();
@@ -117,7 +118,7 @@ bool ImportLoop::Prepare() {
     ledger_.Open();
     return steps_->Prepare();
   });
-  // The deletion that comes next has no line of the source: it complains to the report.
+  // The deletion comes next. It works on no source line, so its failures go to the report.
   ledger_.TakeFailures(false);
   return ready_;
 }
@@ -176,8 +177,8 @@ void ImportLoop::ReadLines() {
   ledger_.End(source_->path(), number, all);
 }
 
-/// A source that was cut since it was looked at: its last line may be half a line, and those
-/// after it were never seen.
+/// Throws when the source became shorter after it was looked at: its last line may be half a line,
+/// and the lines after it were never seen.
 void ImportLoop::RequireWhole() const {
   if (source_->bytes_taken() < module_.run.progress.bytes_in_file) {
     throw RuntimeFault(FaultNumber::kInputPastEnd, source_->path());

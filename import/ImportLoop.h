@@ -14,10 +14,10 @@
 
 namespace imptable {
 
-/// One import mode at work. Its steps are apart, so that the run can delete what is to go first
-/// once nothing that can be known stands against the import. What the steps before Run have to
-/// report comes after the mode's banner. A fault inside the mode is reported and the mode goes on
-/// with its closing step.
+/// One import mode at work. It has separate steps, so that the run can check all that can be known
+/// before it deletes rows. The steps before Run keep their report lines back until Run has written
+/// the mode's banner. A fault inside the mode is reported, and the mode goes on with its closing
+/// step.
 class ImportLoop {
  public:
   /// @param module, session  borrowed.
@@ -27,23 +27,25 @@ class ImportLoop {
   ~ImportLoop();
 
   /// Checks the settings, opens the source and, in a resumed run, takes the state of its chain;
-  /// empties nothing. @return false when that failed; Run then reports why.
+  /// empties no file. @return false when that failed; Run then reports why.
   bool Check();
 
   /// Opens the side files and prepares the mode: columns, key, statements. To be called after a
-  /// Check that found nothing. @return as Check.
+  /// Check that returned true. @return as Check.
   bool Prepare();
 
-  /// From the banner to the closing counts; reads the lines when the steps before found nothing.
+  /// Runs from the banner to the closing counts. Reads the lines only when the steps before
+  /// succeeded.
   void Run();
 
-  /// In place of Run: closes everything and leaves no side file behind that this run made.
+  /// To be called instead of Run: closes everything and leaves no side file of this run behind.
   void Abandon();
 
  private:
   class HeldReport;
 
-  /// @param steps  give what Guarded gives; a fault in them is reported and gives false.
+  /// @param steps  returns what Guarded is to return. A fault in it is reported, and Guarded
+  /// returns false.
   template <typename Steps>
   bool Guarded(Steps steps);
   /// Opens the data file.
@@ -52,11 +54,11 @@ class ImportLoop {
   /// Reads the source's lines and sees each to its outcome.
   void ReadLines();
 
-  /// @param line  the next of the source. @return its record, with a result unless it is to be
-  /// executed: its values are in the buffers then.
+  /// @param line  the next source line. @return its record. A record that is to be executed has no
+  /// result yet, and its values are in the buffers.
   Record Take(std::string_view line);
 
-  /// Executes what is to be executed of the block and hands all of it to the ledger.
+  /// Executes the block's records that are to be executed and hands the whole block to the ledger.
   void FinishBlock();
 
   void RequireWhole() const;
@@ -72,10 +74,10 @@ class ImportLoop {
   std::unique_ptr<HeldReport> held_;
   std::unique_ptr<LineReader> source_;
   Ledger ledger_;
-  std::vector<Record> block_;  // of records that are on their way
+  std::vector<Record> block_;  // the records that the ledger doesn't have yet
   std::int16_t error_limit_ = 0;
-  bool ready_ = false;    // nothing stands against reading the lines
-  bool reading_ = false;  // the mode has come to its lines
+  bool ready_ = false;    // Prepare succeeded: the lines can be read
+  bool reading_ = false;  // the mode has come to its first line
 };
 
 }  // namespace imptable

@@ -27,7 +27,7 @@ class ResumedImport : public testing::Test {
   ImportRun run_;
 };
 
-/// A run's files as an earlier run left them.
+/// Writes the files that an earlier run has left.
 void Left(ImportRun& run, const std::string& trace, const std::string& rejected) {
   run.folder.Write("CLIENTS.TRC", trace);
   run.folder.Write("CLIENTS.LER", rejected);

@@ -125,7 +125,8 @@ class DeletionRun {
     return false;
   }
 
-  /// Reads the whole file once: some readers take one that can't be read for one without sections.
+  /// Reads the whole file once: some profile readers take an unreadable file for one without
+  /// sections.
   void CheckSelection() {
     FileSystem& files = module_.platform.files;
     path_ = files.Locate(SideFilePath(module_.run, kSelectionExtension));
@@ -137,7 +138,8 @@ class DeletionRun {
     if (error) throw FileFault(error, path_);
   }
 
-  /// A key that can't be read isn't a missing one: without its condition too much would go.
+  /// A key that can't be read must not count as missing: without its condition the DELETE would
+  /// remove too many rows.
   std::string ReadValue(const std::string& section, const std::string& key) const {
     try {
       return module_.platform.profile_file.ReadString(
@@ -156,8 +158,8 @@ class DeletionRun {
     return value;
   }
 
-  /// @param conditions  the section's conditions joined by " AND "; none when it has no value.
-  /// @return false when a column isn't the table's: that ends the whole deletion.
+  /// @param conditions  the section's conditions joined by " AND "; nullopt when it has no value.
+  /// @return false when the table lacks a column: that ends the whole deletion.
   bool ReadConditions(const std::string& section, std::optional<std::string>& conditions) {
     for (int key = 1; key <= kKeys; ++key) {
       const std::string value = ReadRange(section, TwoDigits(key));
@@ -207,7 +209,7 @@ class DeletionRun {
 
   ModuleCommun& module_;
   OdbcSession& session_;
-  Statement statement_;  // the session's is the import's, which is prepared by now
+  Statement statement_;  // not the import's, which is prepared by now
   std::vector<TableColumn> columns_;
   std::string path_;
 };

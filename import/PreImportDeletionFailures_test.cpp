@@ -29,7 +29,7 @@ class DeletingRun : public KeyedRun {
     if (!selection.empty()) folder.Write("CLIENTS.SUP", selection);
   }
 
-  /// The report's lines of the deletion, when the import follows or doesn't.
+  /// The report's lines of the deletion, whether or not the import follows.
   KindLines DeletionLines() {
     KindLines lines = ModeLines();
     for (std::size_t n = 0; n < lines.size(); ++n) {
@@ -66,7 +66,7 @@ TEST(DeletionFailures, ByTheDriverSkipTheImport) {
     const char* failure;
     bool query;
   };
-  // The import is prepared by then, with statements, columns and fetches of its own.
+  // The import is prepared before, with statements, columns and fetches of its own.
   for (const Case& each : {Case{"on SQLAllocStmt 4 return -1 diag S1000 7 \"no\"", false},
                            {"on SQLColumns 2 return -1 diag S1000 7 \"no\"", false},
                            {"on SQLBindCol 8 return -1 diag S1000 7 \"no\"", false},
@@ -171,7 +171,7 @@ TEST(DeletionFailures, ByASelectionFileThatCannotBeReadLetTheImportRun) {
                            {FileOperation::kOpenRead, std::errc::io_error, "57"},
                            {FileOperation::kRead, std::errc::io_error, "57"}}) {
     DeletingRun run(2, kTwoSections);
-    // The data file comes first: it is opened, and looked into at both ends.
+    // The data file comes before the selection: it is opened, and read at both ends.
     const int nth = each.operation == FileOperation::kOpenRead ? 4 : 3;
     run.component.files.Fail(each.operation, nth, std::make_error_code(each.error));
     run.ExpectImport();
@@ -182,8 +182,8 @@ TEST(DeletionFailures, ByASelectionFileThatCannotBeReadLetTheImportRun) {
 }
 
 TEST(DeletionFailures, ByAConditionThatCannotBeReadDeleteNothingWithoutIt) {
-  // After the data file, which is opened three times, it is looked at once as a whole and then
-  // once for each key.
+  // The data file is opened three times first. Then the selection is opened once to read it as a
+  // whole, and once for each key.
   DeletingRun run(2, "[Table01]\n01=CODE,1,9\n02=NOM,A,M\n");
   run.component.files.Fail(FileOperation::kOpenRead, 6, std::make_error_code(std::errc::io_error));
   run.ExpectImport();

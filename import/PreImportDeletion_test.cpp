@@ -13,7 +13,7 @@ using testing::SizeIs;
 constexpr const char* kGlobal = " -->   Suppression Globale des données";
 constexpr const char* kSelective = " -->   Suppression Sélective des données";
 
-/// A run of a mode without an import, so that the mode's lines are the deletion's.
+/// A run of a mode without an import, so that all lines of the mode are the deletion's.
 class Deleting : public KeyedRun {
  public:
   explicit Deleting(std::int32_t deletion, std::string_view selection = {}) : KeyedRun(2) {
@@ -69,7 +69,7 @@ TEST(GlobalDeletion, TakesAnythingButSuccessForAFailureAndImportsNothing) {
 
 TEST(GlobalDeletion, FailsWithoutAStatement) {
   Deleting run(1);
-  run.Driver("on SQLAllocStmt 4 return -1 diag S1000 7 \"no\"");  // after those of the import
+  run.Driver("on SQLAllocStmt 4 return -1 diag S1000 7 \"no\"");  // the import has three before
   run.Set("Mode", kByUpdate);
   EXPECT_EQ(run.Go(), 3);
   EXPECT_EQ(run.ModeLines(), (KeyedRun::KindLines{Information(kGlobal), Error("( 7) no")}));
@@ -273,7 +273,7 @@ TEST(SelectiveDeletion, TakesNoMoreOfAValueThan254Characters) {
   struct Case {
     std::string long_bound, taken;
   };
-  // "NOM,A," and the bound.
+  // A value has at most 254 characters: "NOM,A," and 248 of the bound.
   for (const Case& each : {Case{std::string(248, 'x'), std::string(248, 'x')},
                            {std::string(249, 'x'), std::string(248, 'x')},
                            {std::string(247, 'x') + "éé", std::string(247, 'x') + "é"}}) {

@@ -17,13 +17,14 @@ using testing::SizeIs;
 
 constexpr std::int16_t kResume = 2;
 
-/// A run that rejects line 2 and what is left of it, by the names of the files.
+/// Makes a run that rejects line 2, then mends that line.
 void LeaveAChain(ImportRun& run) {
   run.Source({"1;a", "2;b;x", "3;c"});
   EXPECT_EQ(run.Go(), 3);
   run.folder.Write("CLIENTS.LER", TextFile({"2;mended"}));
 }
 
+/// The names and contents of the files that are left, without the source.
 std::vector<std::string> Left(const ImportRun& run) {
   std::vector<std::string> left;
   for (const std::string& name : run.FileNames()) {
@@ -32,7 +33,7 @@ std::vector<std::string> Left(const ImportRun& run) {
   return left;
 }
 
-/// A resume ends before it touches anything, and its fault names this.
+/// Expects that a resume ends before it touches anything, and that its fault names `what`.
 void ExpectRefused(ImportRun& run, const std::string& what) {
   const std::vector<std::string> before = Left(run);
   EXPECT_EQ(run.Go(kResume), 1);

@@ -212,7 +212,7 @@ TEST(ResumedRuns, KeepsWhatTheEarlierRunLeftWhenTheFirstLineCannotBeRead) {
   const auto reads_up_to_source = [](ImportRun& run, std::size_t from) {
     const std::vector<std::string>& log = run.component.files.log();
     int count = 0;
-    bool opened = false;  // before, it is read to see whether it is the same
+    bool opened = false;  // reads before only tell whether the source is the same
     for (std::size_t i = from; i < log.size(); ++i) {
       opened = opened || (log[i].starts_with("open write ") && log[i].ends_with("CLIENTS.TRC"));
       if (!log[i].starts_with("read ")) continue;

@@ -11,7 +11,7 @@ Cancellation::Waiting::Waiting(Cancellation& cancellation, SQLHSTMT statement) n
 
 Cancellation::Waiting::~Waiting() {
   cancellation_.waited_for_.store(SQL_NULL_HSTMT);
-  // Whoever has seen the statement may still be at it: it must not be dropped meanwhile.
+  // Another thread may still be cancelling the statement, which must not be dropped meanwhile.
   while (cancellation_.cancelling_.load()) std::this_thread::yield();
 }
 

@@ -10,7 +10,7 @@ namespace imptable {
 /// Lets another thread cancel the statement that the run is waiting for.
 class Cancellation {
  public:
-  /// While it lives, its thread waits for the statement. One at a time.
+  /// Marks a statement as waited for, from construction to destruction. One at a time.
   class Waiting {
    public:
     /// @param statement  borrowed.
@@ -23,8 +23,8 @@ class Cancellation {
     Cancellation& cancellation_;
   };
 
-  /// Cancels the statement that is waited for, if there is one and its driver can. From any thread,
-  /// but not from a signal handler.
+  /// Cancels the statement that is waited for, if there is one and its driver supports that. Can be
+  /// called from any thread, but not from a signal handler.
   void Cancel() noexcept;
 
  private:

@@ -6,7 +6,7 @@ namespace imptable {
 namespace {
 
 constexpr std::size_t kTypeNameBytes = 51;
-constexpr std::size_t kLeastTableNameBytes = 257;  // drivers tell less than they give
+constexpr std::size_t kLeastTableNameBytes = 257;  // drivers give longer names than they announce
 
 /// A text column of a result set: its buffer and its length indicator.
 class TextCell {
@@ -41,7 +41,7 @@ class CatalogueQuery {
 
   bool Ran(SQLRETURN code) { return Succeeded(code) || Fail(); }
 
-  /// @param code  of one binding.
+  /// @param code  the result of one binding.
   bool Bound(SQLRETURN code) { return code == SQL_SUCCESS || Fail(); }
 
   SQLRETURN BindShort(SQLUSMALLINT column, SQLSMALLINT& target) {
@@ -51,7 +51,8 @@ class CatalogueQuery {
     return SQLBindCol(raw(), column, SQL_C_LONG, &target, sizeof target, &scratch_);
   }
 
-  /// @param before  clears the row's buffers: a driver leaves those of a null untouched.
+  /// @param before  clears the row's buffers, because a driver leaves the buffer of a null
+  /// untouched.
   /// @param take  stores the fetched row.
   template <typename Before, typename Take>
   bool FetchAll(Before before, Take take) {

@@ -44,10 +44,10 @@ class Catalogue {
 
   bool GetTableColumns(std::vector<TableColumn>& columns);
 
-  /// The names and types alone of the columns of the table, whose name is taken as it stands.
+  /// Only the names and types of the table's columns. The table's name isn't escaped.
   bool GetColumnTypes(std::vector<TableColumn>& columns);
 
-  /// The names of the columns that the database versions itself.
+  /// The names of the columns that the database sets itself whenever it changes a row.
   bool GetSpecialColumns(std::vector<std::string>& names);
 
   /// Whether the driver has the query of GetPrimaryKeyColumns at all.

@@ -1,5 +1,6 @@
-// What the catalogue functions of the driver manager are called with. Those below stand before its
-// own in this program, note their arguments and pass everything on.
+// The arguments that the driver manager's catalogue functions are called with. The functions below
+// replace the driver manager's own in this program: they note their arguments and pass everything
+// on.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -12,7 +12,7 @@ namespace imptable {
 /// What a driver says about a failure, or about a success.
 struct Diagnostic {
   std::string state = {};      // SQLSTATE, five characters
-  SQLINTEGER native_code = 0;  // the database's own
+  SQLINTEGER native_code = 0;  // the database's own code
   std::string text = {};       // without the connection's password
 };
 
@@ -27,7 +27,7 @@ class FailureListener {
   /// A call failed. @param diagnostics  empty when the driver says nothing about it.
   virtual void OnDiagnostics(const std::vector<Diagnostic>& diagnostics) = 0;
 
-  /// A step of connecting or disconnecting failed. @param message  that names the step.
+  /// A step of connecting or disconnecting failed. @param message  names the step.
   virtual void OnFailedStep(Message message) = 0;
 };
 

@@ -7,7 +7,7 @@
 namespace imptable {
 
 /// The names of the ODBC drivers that the driver manager knows, in its order. A data source may
-/// name its driver by them.
+/// name its driver by one of them.
 std::vector<std::string> InstalledDrivers();
 
 }  // namespace imptable

@@ -1,5 +1,5 @@
-// Answers that the real driver manager can't be brought to give by any driver. The functions below
-// stand before its own in this program: they pass everything on until a test says otherwise.
+// Answers that no driver can make the real driver manager give. The functions below replace the
+// driver manager's own in this program. They pass everything on until a test says otherwise.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

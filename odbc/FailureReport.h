@@ -18,7 +18,7 @@ class FailureBoxes : public FailureListener {
   const ModuleCommun& module_;
 };
 
-/// Writes failures to the execution report: for runs. A diagnostic makes the run one with errors.
+/// Writes failures to the execution report: for runs. A diagnostic counts as an error of the run.
 class FailureReport : public FailureListener {
  public:
   /// @param module  borrowed.

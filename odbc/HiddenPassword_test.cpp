@@ -1,4 +1,4 @@
-// A driver that repeats the password in what it says.
+// A driver that repeats the password in its messages.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

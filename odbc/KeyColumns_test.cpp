@@ -22,7 +22,7 @@ class KeyOfClient {
   bool LoadPrimaryKey() { return catalogue().GetPrimaryKeyColumns(columns); }
   bool LoadUniqueIndexes() { return catalogue().GetUniqueIndexColumns(columns); }
 
-  /// Each as "column position name".
+  /// Each key column as "column position name".
   std::vector<std::string> Columns() const {
     std::vector<std::string> texts;
     for (const KeyColumn& column : columns) {

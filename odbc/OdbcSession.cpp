@@ -57,11 +57,12 @@ bool OdbcSession::ConnectDataSource(const std::string& data_source, const std::s
   connected = false;
   mask_ = PasswordMask(password);
   Release();  // a former connection whose report couldn't be written kept its handles
-  // The driver manager has a driver for no name, too: it may make a file named after the password.
+  // The driver manager finds a driver for an empty name, too. That driver may make a file named
+  // after the password.
   if (data_source.empty()) {
     return CheckOdbcReturn(SQL_ERROR, Message::kSelectDataSource);
   }
-  // Information counts as a failure, but a handle comes with it.
+  // Success with information counts as a failure here, but it comes with a handle.
   SQLRETURN allocated = SQLAllocEnv(&environment);
   if (!Succeeded(allocated)) environment = SQL_NULL_HENV;
   if (!CheckOdbcReturn(allocated, Message::kCannotAllocateEnvironment)) {
@@ -71,7 +72,7 @@ bool OdbcSession::ConnectDataSource(const std::string& data_source, const std::s
   allocated = SQLAllocConnect(environment, &connection);
   if (!Succeeded(allocated)) connection = SQL_NULL_HDBC;
   if (CheckOdbcReturn(allocated, Message::kCannotAllocateConnection)) {
-    // A driver that can't limit its time connects all the same.
+    // A driver without a time limit connects all the same.
     SQLSetConnectOption(connection, SQL_LOGIN_TIMEOUT, kLoginTimeout);
     const std::string request = ConnectionString(data_source, user, password);
     std::array<SQLCHAR, kCompletedStringBytes> completed{};
@@ -133,7 +134,7 @@ void OdbcSession::QueryDialect() {
   SQLSMALLINT length = 0;
   const SQLRETURN code =
       SQLGetInfo(connection, SQL_DBMS_NAME, name.data(), kDbmsNameBytes, &length);
-  // A driver that doesn't tell is one that nothing is known of; why is nobody's matter later.
+  // A driver that doesn't tell counts as unknown. Drop its diagnostics: nobody may read them later.
   if (code != SQL_SUCCESS) TakeDiagnostics(SQL_NULL_HSTMT);
   const std::size_t known = Succeeded(code) ? strnlen(name.data(), name.size()) : 0;
   dialect = &DialectOf({name.data(), known});

@@ -27,13 +27,13 @@ class OdbcSession {
   OdbcSession& operator=(const OdbcSession&) = delete;
   ~OdbcSession();
 
-  /// Connects as ConnectionString says; without a name of a data source nothing is tried. A failure
+  /// Connects as ConnectionString says. Fails at once when the data source has no name. A failure
   /// is reported and leaves no handle behind.
   bool ConnectDataSource(const std::string& data_source, const std::string& user,
                          const std::string& password);
 
   /// Disconnects and frees the handles; a failing step is reported and doesn't stop the others.
-  /// What couldn't be freed is, before the next connection or with the session.
+  /// A handle that can't be freed yet is freed before the next connection or with the session.
   void DisconnectDataSource();
 
   /// @return true only for code 0; for any other code the listener is told the step.
@@ -43,13 +43,13 @@ class OdbcSession {
   /// @param statement  SQL_NULL_HSTMT for the diagnostics of the connection.
   void ReportOdbcError(SQLHSTMT statement = SQL_NULL_HSTMT);
 
-  /// Fetches the diagnostics of a statement, or of the connection; the next call on it loses them.
-  /// The connection's password is hidden in their texts.
-  /// @param last  a native code behind which nothing is read.
+  /// Fetches the diagnostics of a statement, or of the connection. The next call on the same handle
+  /// loses them. The connection's password is hidden in their texts.
+  /// @param last  a native code: reading ends with the diagnostic that has it.
   std::vector<Diagnostic> TakeDiagnostics(SQLHSTMT statement,
                                           std::optional<SQLINTEGER> last = std::nullopt);
 
-  /// Executes a prepared statement, or a text at once; `cancellation` reaches it meanwhile.
+  /// Executes a prepared statement, or a text at once. `cancellation` can cancel it meanwhile.
   SQLRETURN Execute(SQLHSTMT prepared);
   SQLRETURN ExecuteText(SQLHSTMT allocated, const std::string& text);
 
@@ -69,10 +69,11 @@ class OdbcSession {
   std::uint16_t max_table_name_length = 0;
 
  private:
-  /// Gives back every handle that is still held, in silence.
+  /// Frees every handle that is still held. Reports nothing.
   void Release() noexcept;
 
-  /// The connection and the environment are no longer the session's, freed or refused.
+  /// Free the connection and the environment. A handle that can't be freed moves to the refused
+  /// ones.
   /// @return what the driver manager says.
   SQLRETURN FreeConnection();
   SQLRETURN FreeEnvironment();

@@ -16,8 +16,8 @@ bool IsAsciiWordByte(char byte) {
 
 bool IsAsciiByte(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
 
-/// A text's non-ASCII bytes begin or end in a letter, or in a sign such as a quotation mark: in
-/// UTF-8 U+0080 to U+00BF and U+2000 to U+206F are signs, in code pages of one byte 80 to BF.
+/// How signs begin in UTF-8. A non-ASCII character is a letter or a sign such as a quotation mark.
+/// Signs are U+0080 to U+00BF and U+2000 to U+206F; in code pages of one byte they are 80 to BF.
 constexpr std::array<std::string_view, 3> kSignsBegin{"\xC2", "\xE2\x80", "\xE2\x81"};
 
 bool EndsInAWord(std::string_view text) {

@@ -10,19 +10,19 @@ namespace imptable {
 /// What is shown in place of a password.
 inline constexpr std::string_view kHiddenPassword = "******";
 
-/// Hides a password in texts that others made, a driver's messages for one.
+/// Hides a password in texts that come from elsewhere, such as a driver's messages.
 class PasswordMask {
  public:
   /// Hides nothing.
   PasswordMask() = default;
 
-  /// Hides the password as it is and as it stands in a connection string, and each part that a
-  /// driver may take it for that parts the string at every ";".
+  /// Hides the password as it is and as a connection string holds it. Also hides the parts before
+  /// and after each ";": a driver that splits the string there may take a part for the password.
   explicit PasswordMask(const std::string& password);
 
-  /// @param cut  whether the text's end may be missing, and with it that of a password.
-  /// @return the text with kHiddenPassword in place of the password, wherever it is a word of its
-  /// own: neither a letter, a digit nor a "_" may join it.
+  /// @param cut  whether the text may have been cut, perhaps within a password.
+  /// @return the text with kHiddenPassword in place of the password, wherever the password is a
+  /// word of its own: without a letter, a digit or a "_" next to it.
   std::string Masked(std::string_view text, bool cut) const;
 
  private:

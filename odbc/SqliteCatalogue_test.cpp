@@ -77,8 +77,8 @@ TEST(SqliteCatalogue, QuotesAndEscapesAndLimitsNames) {
   EXPECT_THAT(base.session.Boxes(), IsEmpty());
 }
 
-// Nothing reads the size of a decimal from its declaration: the driver takes it for a text whose
-// size is the number of decimals. Sizes do not limit what SQLite stores.
+// The driver doesn't read the size of a decimal from its declaration: it takes the column for a
+// text whose size is the number of decimals. Sizes do not limit what SQLite stores.
 TEST(SqliteCatalogue, GivesEachDeclaredTypeAsAnOdbcType) {
   SqliteDatabase base;
   base.Execute(
@@ -138,7 +138,7 @@ TEST(SqliteCatalogue, GivesAccentsAndBlanksInNamesAsTheyAre) {
   EXPECT_THAT(base.Names("été 1"), ElementsAre("prénom du client", "a\"b"));
 }
 
-// The members of a key come in the order of the table's columns, not in that of the key.
+// The members of a key come in the order of the table's columns, not in the key's own order.
 TEST(SqliteCatalogue, GivesThePrimaryKey) {
   SqliteDatabase base;
   base.Execute("CREATE TABLE ONE (CODE INTEGER PRIMARY KEY, NOM TEXT)");

@@ -18,7 +18,8 @@ SQLRETURN Statement::Allocate(SQLHDBC connection) {
 }
 
 void Statement::Drop() noexcept {
-  // With information it is gone as well: freed once more, the handle may be another one's.
+  // After success with information the statement is gone as well. Freeing its handle again could
+  // free another statement.
   if (raw_ != SQL_NULL_HSTMT && Succeeded(FreeStatement(raw_))) Forget();
 }
 

@@ -22,14 +22,14 @@ class Statement {
   ~Statement() { Drop(); }
 
   /// @param connection  borrowed; must outlive the statement.
-  /// @return the ODBC code; the statement is empty unless it is 0.
+  /// @return the ODBC code; the statement is empty unless the code is 0.
   SQLRETURN Allocate(SQLHDBC connection);
 
   /// Drops the statement if there is one; the handle is forgotten only when the driver manager
   /// confirms.
   void Drop() noexcept;
 
-  /// The statement has gone with its connection.
+  /// Empties the object without a call: the statement is gone already, say with its connection.
   void Forget() noexcept { raw_ = SQL_NULL_HSTMT; }
 
   SQLHSTMT raw() const noexcept { return raw_; }

@@ -22,7 +22,7 @@ class TableListing {
 
   bool Load() { return session.catalogue().GetTables(tables); }
 
-  /// Each as "owner.name".
+  /// Each table as "owner.name".
   std::vector<std::string> Names() const {
     std::vector<std::string> names;
     for (const TableName& table : tables) names.push_back(table.owner + '.' + table.name);

@@ -15,7 +15,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-/// A reason for which nothing can be imported, known before the first line.
+/// A reason why nothing can be imported, known before the first line.
 struct Obstacle {
   const char* name;
   std::function<void(ImportRun&)> raise;

@@ -105,7 +105,7 @@ TEST_F(Heartbeat, IsANewOneForEachRun) {
 }
 
 TEST_F(Heartbeat, LetsTheHostStartASecondRunFromWithinATick) {
-  // Nothing is promised for the first run but that it ends.
+  // The only promise for the first run is that it ends.
   run_.GoBy([this](ImpTable& task) {
     bool nested = false;
     loop().AtYield(3, [this] { loop().Tick(); });

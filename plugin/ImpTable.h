@@ -20,14 +20,14 @@ class ImpTableEvents {
   virtual void Complete() = 0;
 };
 
-/// One import task, as the host drives it. Members and their meaning are the host's contract; the
-/// automation face only translates. All members are called on one thread.
+/// One import task, as the host drives it. The host's contract sets its members and their meaning;
+/// the automation layer only translates. All members are called on one thread.
 /// Errors: a RuntimeFault leaves any member that fails; the object stays usable.
 class ImpTable {
  public:
   /// Reads the language offset from the registry and creates the report writer.
   /// @param state, events  borrowed; must outlive the object. events may be null.
-  /// @param dialogs  borrowed; null where nobody shows any.
+  /// @param dialogs  borrowed; null when no dialog can be shown.
   ImpTable(ModuleState& state, ImpTableEvents* events, TaskDialogFactory* dialogs = nullptr);
   ImpTable(const ImpTable&) = delete;
   ImpTable& operator=(const ImpTable&) = delete;
@@ -58,8 +58,8 @@ class ImpTable {
   /// The task's settings as an HTML fragment.
   std::string GetTaskDescription();
 
-  /// The scenario actions of the task of this name at the current registry location, which a
-  /// description, a dialog or a run has set and this leaves alone; empty when it has none.
+  /// The scenario actions of the task of this name; empty when it has none. The task is looked for
+  /// at the current registry location, as a description, a dialog or a run has set it.
   std::string GetActions();
 
   bool IsTrigger() const { return false; }
@@ -89,7 +89,7 @@ class ImpTable {
   void InitializeProperties(const std::string& name, const std::string& scenario,
                             std::int32_t language);
 
-  /// The tick handlers of the heartbeat and of the second timer member, which nothing arms.
+  /// The tick handlers of the heartbeat and of the second timer, which nothing starts.
   void mwTimer_Tick();
   void mwTimer1_Tick();
 

@@ -108,8 +108,8 @@ void RunDriver::RunTask() {
   DecideResume();  // while everything is as the last run left it
   const DataFile file = LookAtDataFile();
   const std::unique_ptr<ImportLoop> import = MakeImport(file.state);
-  // All that can be known is checked before the step that it would spoil: the settings and the
-  // source before a side file goes, the table and its statement before a row goes.
+  // Check all that can be known before the step that an error would spoil: the settings and the
+  // source before a side file is deleted, the table and its statement before a row is deleted.
   bool sound = !import || import->Check();
   if (sound) PrepareSideFiles();
   Report(module_.MessageText(Message::kProcessTable) + run_.table, ReportKind::kInformation);
@@ -175,7 +175,7 @@ RunDriver::DataFile RunDriver::LookAtDataFile() {
     }
     run_.source_state = SourceState::kMissing;
   } else if (!info->is_file) {
-    // The import is to complain about it; for what can't be imported nothing is deleted.
+    // The import will complain about it. Nothing is deleted for a source that can't be imported.
     file.state = FileState::kNoFile;
   } else {
     const bool empty = HasNoLine(files, located, info->size, module_.platform.encoding.IsUtf8());
@@ -226,7 +226,7 @@ void RunDriver::DeleteBeforeImport(FileState state) {
 
 void RunDriver::RecordOutcome() {
   module_.platform.message_loop.Yield();
-  // When it can't be looked at, what the import reported decides alone.
+  // When the error file can't be looked at, only what the import reported counts.
   if (IsNotEmpty(module_.platform.files, SideFilePath(run_, kErrorExtension))) {
     run_.error_reported = true;
   }
@@ -249,13 +249,13 @@ void RunDriver::Finish() {
   if (!run_.status_stored || run_.status != RunStatus::kSucceeded) return;
   // A resume that came to no line has done nothing of its chain.
   if (run_.resume && run_.progress.read == 0) return;
-  // Only now: once the trace is gone nothing but the status tells a run that is done.
+  // Only now: once the trace is gone, nothing but the stored status says that the run is done.
   EndDoneChain(module_.platform.files, run_);
 }
 
 void RunDriver::Disconnect() {
   OdbcSession& odbc = state_.odbc;
-  // The flag outlives the connection until the next connect; the handle doesn't.
+  // `connected` may still be set when the connection is gone; the handle is null then.
   if (!odbc.connected || odbc.connection == SQL_NULL_HDBC) return;
   try {
     odbc.DisconnectDataSource();

@@ -39,7 +39,7 @@ class RunDriver {
  private:
   enum class FileState : std::uint8_t { kPresent, kEmpty, kMissing, kNoFile };
 
-  /// The data file, as it was looked at.
+  /// What a look at the data file found.
   struct DataFile {
     std::string path;  // as the settings have it
     FileState state = FileState::kMissing;
@@ -47,7 +47,7 @@ class RunDriver {
 
   void ClearRun();
   void Announce();
-  /// Takes the task as whoever opened it has read it, or opens it.
+  /// Takes the task that was read before the run, or reads it.
   void LoadTask();
   void RunTask();
   /// @throws RuntimeFault  when there is a chain to resume that this run may not go on with; the
@@ -62,7 +62,7 @@ class RunDriver {
   std::unique_ptr<ImportLoop> MakeImport(FileState state);
   void DeleteBeforeImport(FileState state);
   void RecordOutcome();
-  /// @return whether it is stored.
+  /// @return whether the status is stored.
   bool WriteStatus();
   /// Stores the status, then ends the chain that is done.
   void Finish();

@@ -22,7 +22,8 @@ class RunFailures : public testing::Test {
 
   std::optional<RuntimeFault>& fault() { return run_.component.module().run.fault; }
 
-  /// Complete was raised once, last; the timer is gone and so is a connection that was made.
+  /// Expects that Complete was raised once, last, and that neither the timer nor a connection is
+  /// left.
   void ExpectOneEnd() {
     EXPECT_EQ(std::count(run_.events.raised.begin(), run_.events.raised.end(), "Complete"), 1);
     ASSERT_FALSE(run_.events.raised.empty());
@@ -110,7 +111,8 @@ TEST_F(RunFailures, AReportThatFailsAtAnyLineEndsTheRunWithTheStatusReached) {
     EXPECT_THAT(run_.Report(), SizeIs(line - 1)) << line;
     EXPECT_THAT(run_.source.LogLines("SQLDriverConnect"), SizeIs(line > 2 ? 1 : 0)) << line;
     ExpectOneEnd();
-    // "Etat" before and after, and nothing else: the time of the end belongs to the end.
+    // Only "Etat" is written, before and after. The time of the end belongs to a run that came to
+    // it.
     EXPECT_EQ(run_.component.registry.writes().size(), writes + 2) << line;
     ASSERT_TRUE(fault()) << line;
     EXPECT_EQ(fault()->number(), FaultNumber::kNoHostObject);
@@ -205,7 +207,7 @@ TEST_F(RunFailures, ADataFileWhoseNameNoFileCanHaveIsNotTakenForAMissingOne) {
 
 TEST_F(RunFailures, ATraceThatCannotBeDeletedAfterASuccessIsNotResumed) {
   run_.Set("RecTrace", 1);
-  // The first five are at the start.
+  // The first five removals are at the start.
   run_.component.files.Fail(FileOperation::kRemove, 6,
                             std::make_error_code(std::errc::permission_denied));
   EXPECT_EQ(run_.Go(), 2);
@@ -232,7 +234,7 @@ TEST_F(RunFailures, ATraceThatCanNeitherBeDeletedNorEmptiedAfterASuccessIsDeclar
 TEST_F(RunFailures, AChainThatCannotBeDeclaredOverAfterASuccessIsDeletedAllTheSame) {
   run_.Set("RecTrace", 1);
   run_.folder.Write("CLIENTS.TRC", TextFile({Done(1)}));
-  // The first flush is that of the chain's state at the start.
+  // The first flush is of the chain's file, at the start.
   run_.component.files.Fail(FileOperation::kFlush, 2, std::make_error_code(std::errc::io_error));
   EXPECT_EQ(run_.Go(kResumeRequest), 2);
   EXPECT_THAT(run_.Executed(), ElementsAre("1='2' 2='b'"));

@@ -32,7 +32,7 @@ class RunFiles : public testing::Test {
     Write(alias + ".LER", kOldRejected);
   }
 
-  // A mode without an import leaves the files as the driver has them.
+  // In a mode without an import only the driver touches the files.
   void ImportNothing() { run_.Set("Mode", 2); }
 
   ImportRun run_;

@@ -7,9 +7,9 @@
 
 namespace imptable {
 
-/// The scenario actions of a task, as the host walks them, as one text that the host parses: tags,
-/// CR LF between the lines of an entry, and "#" after each. English when the language offset isn't
-/// 0, else French. Empty when the task has none.
+/// The scenario actions of a task, in the host's order, as one text that the host parses: tags, CR
+/// LF between the lines of an entry, and "#" after each tag and each entry. English when the
+/// language offset isn't 0, else French. Empty when the task has none.
 std::string DescribeActions(const ModuleCommun& module, const std::string& task);
 
 }  // namespace imptable

@@ -7,8 +7,8 @@
 
 namespace imptable {
 
-// Where a scenario is kept in the registry. Names are taken as they are, in whatever code page the
-// registry they are for takes.
+// Where a scenario is kept in the registry. Names aren't converted: they have to be in the code
+// page of the registry that they are for.
 
 KeyPath ScenariosKey();
 KeyPath ScenarioKey(const std::string& scenario);

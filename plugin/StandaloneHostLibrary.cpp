@@ -13,7 +13,7 @@
 namespace imptable {
 namespace {
 
-// By their type numbers: never reorder.
+// The index is the action's type number: never reorder.
 constexpr std::array<std::string_view, 4> kActionKeys{"OnErr", "OnDec", "ExeIf", "Goto"};
 
 char Folded(char letter) {
@@ -38,7 +38,7 @@ class StandaloneHostLibrary::Writer : public ReportWriter {
  public:
   explicit Writer(StandaloneHostLibrary& library) : library_(library) {}
 
-  void SetScenario(const std::string&) override {}  // the report names none
+  void SetScenario(const std::string&) override {}  // the report names no scenario
 
   void SetReportPath(const std::string& path) override { library_.Module().report_path = path; }
 

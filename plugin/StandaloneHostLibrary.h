@@ -16,7 +16,8 @@ namespace imptable {
 /// component's own line writer, scenario variables come from the scenario's registry keys.
 class StandaloneHostLibrary : public HostLibrary {
  public:
-  /// The module is made with the library, hence after it. Until it is attached every member fails.
+  /// The module needs the library when it is made, so it is attached later. Until then every member
+  /// fails.
   /// @param module  borrowed; must outlive the library's use.
   void Attach(ModuleCommun& module) { module_ = &module; }
 

@@ -5,7 +5,7 @@
 namespace imptable {
 namespace {
 
-// By the values of "Mode" and of "Suppression".
+// The index is the value of "Mode" and of "Suppression".
 constexpr std::array<Message, 5> kModeMessages{Message::kUsingInsert, Message::kUsingUpdate,
                                                Message::kUsingInsertUpdate,
                                                Message::kUsingUpdateInsert, Message::kUsingDelete};
@@ -25,7 +25,7 @@ class Rows {
     html_ += "<tr><td class=\"i\">" + label + "</td><td class=\"j\">" + value + "</td></tr>";
   }
 
-  /// Adds the message of this index; no row when there is none.
+  /// Adds the message of this index; adds no row when there is no such message.
   template <std::size_t count>
   void AddChoice(Message label, const std::array<Message, count>& messages, int index) {
     if (index < 0 || static_cast<std::size_t>(index) >= count) return;

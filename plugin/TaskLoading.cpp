@@ -12,7 +12,7 @@
 namespace imptable {
 namespace {
 
-/// Looks variables up for one task, and notes those that aren't set.
+/// Looks variables up for one task, and notes which aren't set.
 class References {
  public:
   /// Both are borrowed.
@@ -30,7 +30,7 @@ class References {
     text = std::move(value).value_or("");
   }
 
-  /// Without the option only "Ignore" counts.
+  /// Without the option the assignments have no origins to resolve: only "Ignore" counts.
   void ResolveAssignments() {
     if (task_.parameter_option != Flag::kOn) return;
     for (const StoredAssignment& assignment : task_.assignments) {

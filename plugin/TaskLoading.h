@@ -13,7 +13,7 @@ namespace imptable {
 OpenedTask OpenTask(const ModuleCommun& module, const std::string& scenario,
                     const std::string& task);
 
-/// Makes it the task of the next run, or of whoever looks at what a run would do.
+/// Makes `task` the current one, for the next run or for a look at what a run would do.
 void TakeTask(ModuleCommun& module, OpenedTask task);
 
 }  // namespace imptable

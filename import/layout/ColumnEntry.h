@@ -24,14 +24,15 @@ enum class FileColumnType : std::uint8_t {
   kBoolean = 8,
 };
 
-/// Whether the file may leave out the decimal separator of such a column, as item 2 says.
+/// Whether the file may leave out the decimal separator of such a column: item 2 then says where it
+/// belongs.
 constexpr bool MayImplyDecimals(FileColumnType type) {
   return type == FileColumnType::kInteger || type == FileColumnType::kSingle ||
          type == FileColumnType::kDouble;
 }
 
-/// One value of "Colonnes" in its items, which are separated by ",": the type, the implied decimals
-/// or the style of a date, the width, the separator of a date, the code of its time.
+/// One value of "Colonnes", split into its items at each ",": the type, the implied decimals or the
+/// date style, the width, the date separator, the time code.
 class ColumnEntry {
  public:
   static constexpr std::size_t kItems = 5;
@@ -39,23 +40,23 @@ class ColumnEntry {
   /// @param text  must outlive the entry.
   explicit ColumnEntry(std::string_view text);
 
-  /// Whether the text has more items than an entry has a use for.
+  /// Whether the text has more items than an entry has.
   bool has_too_many_items() const { return too_many_; }
 
-  /// nullopt for a code that is none.
+  /// nullopt when the item is no type code.
   std::optional<FileColumnType> type() const;
 
-  // Items as they stand; empty past the end.
+  // Items as the text has them; empty when it has fewer.
 
   std::string_view decimals() const { return items_[1]; }
   std::string_view width() const { return items_[2]; }
   std::string_view date_separator() const { return items_[3]; }
   std::string_view time_item() const { return items_[4]; }
 
-  /// The number of a date style, from 1; 0 for an item that is none of them.
+  /// The number of a date style, from 1; 0 when the item is no such number.
   std::uint8_t date_style() const;
 
-  /// None for an item that isn't the code of a time.
+  /// kNone when the item is no time code.
   TimeCode time() const;
 
  private:
@@ -63,7 +64,7 @@ class ColumnEntry {
   bool too_many_ = false;
 };
 
-/// The code of a time as an entry has it.
+/// The item that stands for a time in an entry.
 std::string_view TimeItem(TimeCode time);
 
 }  // namespace imptable

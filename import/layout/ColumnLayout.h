@@ -21,7 +21,7 @@ struct ColumnDefinition {
 };
 
 /// Reads the entries of "Colonnes": items separated by ",", by position.
-/// A date column of a fixed-width file without a width takes that of its format.
+/// A date column of a fixed-width file takes the width of its format when its entry has no width.
 /// @throws RuntimeFault  type mismatch, naming the entry, when the decimals or (in a fixed-width
 /// file) the width is no whole number, or the width is missing.
 std::vector<ColumnDefinition> ParseColumnLayout(const std::vector<std::string>& entries,
@@ -29,7 +29,7 @@ std::vector<ColumnDefinition> ParseColumnLayout(const std::vector<std::string>& 
 
 // Words of "Champs": never change.
 
-/// The value that stands for none: an origin, and any value that is the same text.
+/// Stands for a null: as an origin, and as any value that has this text.
 inline constexpr std::string_view kNullText = "Null";
 
 /// The start of an origin that names a column of the file; its number from 1 follows.
@@ -47,12 +47,12 @@ struct ColumnOrigin {
 };
 
 /// Reads one value of "Champs": its last item, after the last ",", is the origin.
-/// @param name  of the value, for the fault.
+/// @param name  the value's name, for the fault.
 /// @throws RuntimeFault  type mismatch when "(Col)" is followed by no number; index out of range
 /// when that number is 0.
 ColumnOrigin ParseColumnOrigin(std::string_view value, std::string_view name);
 
-/// The variable, without "@", that a value of "Champs" takes its origin from; nullopt for another
+/// The variable, without "@", that is the origin in a value of "Champs"; nullopt for any other
 /// origin.
 std::optional<std::string> VariableOfOrigin(std::string_view value);
 

@@ -11,7 +11,7 @@ namespace imptable {
 enum class TimeCode : std::uint8_t { kNone, kMinutes, kSeconds };  // none, hh:mm, hh:mm:ss
 
 /// Where one date style keeps its parts: 1-based character positions. Months and days take two
-/// characters, years two or four; a two-digit year takes the century.
+/// characters, years two or four. A two-digit year gets the current century.
 struct DateStyle {
   std::uint8_t year_at, year_digits, month_at, day_at;
 };
@@ -36,7 +36,8 @@ inline constexpr std::array<DateStyle, 16> kDateStyles{{
     {1, 4, 6, 9},  // 16  yyyy?mm?dd
 }};
 
-/// How a date column of the file is written. style 0: none of the sixteen, which reads as zeros.
+/// How a date column of the file is written. With style 0, none of the sixteen, a date is read as
+/// zeros.
 struct DateFormat {
   std::uint8_t style = 0;
   TimeCode time = TimeCode::kNone;

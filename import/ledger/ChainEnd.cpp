@@ -11,11 +11,11 @@
 namespace imptable {
 namespace {
 
-/// Deletes a side file, or empties it where it can't be deleted. @return whether one of these did.
+/// Deletes a side file, or empties it when it can't be deleted. @return whether either worked.
 bool Discard(FileSystem& files, const OpenedTask& task, std::string_view extension) {
   const std::string path = files.Locate(SideFilePath(task, extension));
   if (!RemoveIfAny(files, path)) return true;
-  // Emptied it is as good as deleted.
+  // An empty file is as good as a deleted one.
   std::error_code opening;
   const auto file = files.OpenForWriting(path, WriteMode::kTruncate, opening);
   return file && !file->Close();
@@ -25,7 +25,7 @@ void DeleteChain(FileSystem& files, const OpenedTask& task) {
   ResumeChain chain(files, SideFilePath(task, kChainExtension));
   const bool trace_is_gone = Discard(files, task, kTraceExtension);
   Discard(files, task, kRejectedExtension);
-  // With the trace option that trace alone would be resumed.
+  // With the trace option, the trace that is left would be enough for a resume.
   if (!trace_is_gone && task.trace_option == Flag::kOn) {
     chain.Void();
   } else {
@@ -37,7 +37,8 @@ void DeleteChain(FileSystem& files, const OpenedTask& task) {
 
 void EndChain(FileSystem& files, const OpenedTask& task) {
   ResumeChain chain(files, SideFilePath(task, kChainExtension));
-  // First of all, in one step: whenever the run dies, nothing half deleted is resumed.
+  // Declare the chain over first, in one step: a run that dies later leaves no half-deleted chain
+  // to resume.
   if (chain.state() == ResumeChain::State::kOpen) chain.Void();
   DeleteChain(files, task);
 }
@@ -47,7 +48,7 @@ void EndDoneChain(FileSystem& files, const OpenedTask& task) noexcept {
     EndChain(files, task);
     return;
   } catch (const std::exception&) {
-    // Deleting may do where declaring it over didn't.
+    // The chain couldn't be declared over, but deleting it may still work.
   }
   try {
     DeleteChain(files, task);

@@ -6,17 +6,16 @@
 
 namespace imptable {
 
-/// Declares the chain of a task's resumes over, then deletes its files: a run afresh is about to
+/// Declares the chain of a task's resumes over, then deletes its files: a fresh run is about to
 /// begin.
-/// @throws RuntimeFault  the file fault, when what is left could be resumed.
+/// @throws RuntimeFault  the file fault, when files are left that could be resumed.
 void EndChain(FileSystem& files, const OpenedTask& task);
 
-/// The same after a run that has done all. What can't be deleted is left to the next run, which
-/// ends the chain or says why it can't.
+/// The same after a run that has done every line. Files that can't be deleted are left to the next
+/// run, which ends the chain or says why it can't.
 void EndDoneChain(FileSystem& files, const OpenedTask& task) noexcept;
 
-/// Deletes the former run's ".ERR". One that can't be deleted is the import's to complain about,
-/// when it opens it.
+/// Deletes the former run's ".ERR". When that fails, the import complains when it opens the file.
 void DeleteErrorFile(FileSystem& files, const OpenedTask& task);
 
 }  // namespace imptable

@@ -38,7 +38,7 @@ constexpr std::size_t kBlockBytes = std::size_t{64} << 10U;
 
 constexpr std::string_view kTimeForm = "0000-00-00T00:00:00Z";
 
-/// @return false when the text is no such number, all of it.
+/// @return false unless the whole text is such a number.
 template <typename Number>
 bool ReadDigits(std::string_view digits, Number& number) {
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);

@@ -33,7 +33,8 @@ namespace imptable {
 //   READ             the last run read the source to its end; STOP: it ended before. Neither: it
 //                    was killed, or a fault ended it
 //
-// A chain without a resume so far is its run's trace alone. Then the identity is followed by
+// Until the first resume, the trace of the chain's only run says all. The identity is then followed
+// by
 //
 //   FIRST            in the place of the lines up to END
 //
@@ -41,7 +42,8 @@ namespace imptable {
 //
 //   VOID
 
-/// One rejected line of a chain. `text`: nullopt for the source's own; valid until the next read.
+/// One rejected line of a chain. `text` is nullopt when the source's own text counts; it is valid
+/// until the next read.
 struct ChainEntry {
   std::int32_t line_number = 0;  // of the source, from 1
   std::optional<std::string_view> text;
@@ -49,9 +51,9 @@ struct ChainEntry {
 
 /// How the last run of a chain ended.
 enum class ChainMark : std::uint8_t {
-  kNone,     // it didn't come to its end
-  kStopped,  // as it should, before the end of its source
-  kRead,     // at the end of its source
+  kNone,     // killed, or ended by a fault
+  kStopped,  // in good order, before the end of its source
+  kRead,     // in good order, at the end of its source
 };
 
 class ChainReader {
@@ -74,7 +76,8 @@ class ChainReader {
   /// The last source line that the chain reached.
   std::int32_t reached() const { return reached_; }
 
-  /// Whether the chain has had no resume: it has no entries, and its run's trace says all.
+  /// Whether the chain was never resumed: it has no entries, and the trace of its only run says
+  /// all.
   bool is_first() const { return first_; }
 
   /// A torn mark counts as none.
@@ -100,19 +103,20 @@ class ChainReader {
   bool at_end_ = false;
 };
 
-/// Writes such a file, in blocks.
+/// Writes the file of a chain, in blocks.
 class ChainWriter {
  public:
   /// @param file  borrowed.
   ChainWriter(RunFile& file, const ChainIdentity& identity);
 
-  /// @param entry  its number above the one before. @throws RuntimeFault  the file fault.
+  /// @param entry  its line number is above that of the entry before. @throws RuntimeFault  the
+  /// file fault.
   void Add(const ChainEntry& entry);
 
   /// @param reached  at least the last entry's number. @throws RuntimeFault  the file fault.
   void End(std::int32_t reached);
 
-  /// In the place of entries and their end. @throws RuntimeFault  the file fault.
+  /// To be called instead of Add and End. @throws RuntimeFault  the file fault.
   void First();
 
  private:
@@ -125,11 +129,12 @@ class ChainWriter {
 /// The whole content of a chain that is over.
 std::string VoidChainText();
 
-/// What is put to the end of a chain's file when a run of it ends; empty for kNone.
+/// The text to append to a chain's file when a run of the chain ends; empty for kNone.
 std::string MarkText(ChainMark mark);
 
-/// Whether a file that begins so can be a chain's, be it torn or of a newer version.
-/// @param beginning  its first bytes, kChainBeginning of them where there are so many.
+/// Whether a file with this beginning can be a chain's, even one that is torn or of a newer
+/// version.
+/// @param beginning  its first kChainBeginning bytes, or the whole of a shorter file.
 bool MayBeChain(std::string_view beginning);
 inline constexpr std::size_t kChainBeginning = 4;
 

@@ -11,13 +11,13 @@
 namespace imptable {
 namespace {
 
-// What a stored identity was made with: never change.
+// Stored identities were made with these sizes: never change.
 constexpr std::uint64_t kHeadBytes = std::uint64_t{1} << 20U;
 constexpr std::uint64_t kTailBytes = std::uint64_t{64} << 10U;
 
 constexpr std::size_t kBlockBytes = std::size_t{64} << 10U;
 
-/// The last second of the year 9999: what a text of fixed width can tell.
+/// The last second of the year 9999: TimeText has room for four digits of a year.
 constexpr std::int64_t kLastSecond = 253'402'300'799;
 
 /// Digests of the first `size` bytes of a file.

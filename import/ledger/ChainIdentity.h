@@ -10,8 +10,8 @@
 
 namespace imptable {
 
-/// A source file as it was at some time. Its contents decide whether another one is the same; path
-/// and time only tell a person which one is meant.
+/// A source file as it was at some time. Another file is the same source when it has the same
+/// contents. Path and time only tell a person which file is meant.
 struct SourceIdentity {
   std::string path = {};
   std::uint64_t size = 0;     // bytes
@@ -32,19 +32,19 @@ struct ChainIdentity {
   bool operator==(const ChainIdentity&) const = default;
 };
 
-/// Of the run's task and of its source as it is now; that of a missing file is empty but for its
-/// path.
+/// The identity of the run's task and of its source as it is now. For a missing source only its
+/// path is set.
 /// @throws RuntimeFault  the file fault, naming the source.
 ChainIdentity IdentityOf(FileSystem& files, const RunState& run);
 
-/// Whether the file begins with what the known one held: the same contents, or more.
+/// Whether the file begins with the contents of the known source, and may go on with more.
 /// @throws RuntimeFault  the file fault, naming the file.
 bool GoesOnFrom(FileSystem& files, const SourceIdentity& known, const std::string& path);
 
-/// As a line of text can hold it: control characters are blanks.
+/// The text as one line: control characters become blanks.
 std::string OneLine(std::string_view text);
 
-/// As "2006-11-15T08:30:00Z".
+/// The time as "2006-11-15T08:30:00Z".
 std::string TimeText(std::int64_t seconds_since_1970);
 
 }  // namespace imptable

@@ -3,7 +3,7 @@
 namespace imptable {
 namespace {
 
-/// What is wrong with the value of a column; of no other complaint.
+/// Says what is wrong with a column's value; only for complaints about such a value.
 ComponentText ValueText(Complaint complaint) {
   switch (complaint) {
     case Complaint::kTooLong:

@@ -10,17 +10,17 @@
 
 namespace imptable {
 
-/// The ".ERR" file: a line for each thing that is wrong with a record, whoever found it. What makes
-/// a line makes the run one with errors.
+/// The ".ERR" file: a line for each thing that is wrong with a record, whether this component or
+/// the driver found it. Whatever is written here counts as an error of the run.
 class ErrorFile : public FailureListener {
  public:
   /// Creates the file, or empties it.
-  /// @param module  borrowed. @throws RuntimeFault  the file fault, as all others.
+  /// @param module  borrowed. @throws RuntimeFault  the file fault, as all other members do.
   ErrorFile(ModuleCommun& module, const std::string& path);
 
   void Write(std::int32_t line_number, const RecordDiagnostic& diagnostic);
 
-  /// Of a call that is made for no record: with the number of the line at hand.
+  /// For a call that isn't made for a record: its lines have the number of the current source line.
   void OnDiagnostics(const std::vector<Diagnostic>& diagnostics) override;
   void OnFailedStep(Message message) override;
 

@@ -25,7 +25,7 @@ class OpenErrorFile {
     file.emplace(session.component.module(), folder_.path() + "T.ERR");
   }
 
-  /// Has a statement refused and its diagnostics told to whoever listens.
+  /// Lets the driver refuse a statement and reports its diagnostics to the listener.
   void Refuse() {
     Statement statement;
     ASSERT_EQ(statement.Allocate(session.odbc().connection), SQL_SUCCESS);

@@ -11,13 +11,14 @@
 namespace imptable {
 namespace {
 
-/// What a side file is put back under until it is complete.
+/// The suffix of a side file that is being put back, until it is complete.
 constexpr std::string_view kNewSuffix = ".NEW";
 
-/// A longer line isn't copied just to save one call.
+/// A longer line is written apart from its end, which takes two calls but no copy.
 constexpr std::size_t kMostJoinedBytes = std::size_t{64} << 10U;
 
-/// How the run before this one ended, by what the source holds now.
+/// How the run before this one ended. When the source's size has changed since, its end counts as a
+/// stop.
 ChainMark MarkOf(const ResumeChain& chain, const SourceIdentity& source) {
   const auto lines = chain.Open();
   while (lines && lines->Next()) {
@@ -85,7 +86,8 @@ void Ledger::Open() {
   if (run.record_errors == Flag::kOff) return;
   rejected_ = RunFile::Create(files, SideFilePath(run, kRejectedExtension));
   trace_ = RunFile::Create(files, SideFilePath(run, kTraceExtension));
-  // Only now: a chain that is over may have said so of an older trace, which is empty by now.
+  // Not before the trace is empty: the chain's file may have kept an older trace from being
+  // resumed.
   if (!run.resume) BeginChain();
 }
 
@@ -145,7 +147,8 @@ void Ledger::End(const std::string& source, std::int32_t lines, bool all) {
   if (all && resume_ && resume_->MissesLines(lines)) {
     throw RuntimeFault(FaultNumber::kInputPastEnd, source);
   }
-  // Where a run came to no line, what the one before it left is put back, its mark with it.
+  // A run that came to no line leaves no mark: the previous run's files are put back, with their
+  // mark.
   if (trace_ && lines > 0) MarkChain(all ? ChainMark::kRead : ChainMark::kStopped);
 }
 
@@ -166,13 +169,13 @@ void Ledger::RestoreFile(std::string_view copy, std::string_view extension) {
 
 void Ledger::RestorePrevious() {
   if (!previous_copied_) return;
-  // Some systems replace no open file.
+  // Some systems can't replace an open file.
   for (std::optional<RunFile>* file : {&rejected_, &trace_}) {
     if (*file) (*file)->Close();
     file->reset();
   }
-  // The trace first: a run that dies in between leaves it without rejected lines, as one does that
-  // has just emptied them, and never rejected lines that belong to no trace.
+  // The trace first. A run that dies in between then leaves a trace without rejected lines, as a
+  // run does that has just emptied them. It never leaves rejected lines without their trace.
   RestoreFile(kTraceCopyExtension, kTraceExtension);
   RestoreFile(kRejectedCopyExtension, kRejectedExtension);
   MarkChain(previous_mark_);
@@ -184,7 +187,7 @@ void Ledger::Discard() {
   for (const std::optional<RunFile>* file : {&rejected_, &trace_}) {
     if (*file) made.push_back((*file)->path());
   }
-  // What can't be closed or deleted is empty, and the next run's to complain about.
+  // A file that can't be closed or deleted is empty, and the next run complains about it.
   static_cast<void>(Close());
   if (module_.run.resume) return;
   FileSystem& files = module_.platform.files;

@@ -16,31 +16,31 @@
 
 namespace imptable {
 
-/// What is done of an import, in the task's side files: the diagnostics (".ERR"), and with the
-/// resume option the rejected lines (".LER") and the trace (".TRC"); in a resumed run also the
-/// copies of the previous run's (".LEB", ".TRB") and the state of the whole chain (".REP"). Every
-/// write has reached the operating system when it returns, a rejected line before its trace line.
-/// Nobody else writes a line of these files.
+/// Keeps record, in the task's side files, of what an import has done. ".ERR" has the diagnostics.
+/// With the resume option, ".LER" has the rejected lines, ".TRC" the trace and ".REP" the state of
+/// the whole chain. A resumed run also keeps copies of the previous run's lines and trace (".LEB",
+/// ".TRB"). Every write has reached the operating system when it returns. A rejected line is
+/// written before its trace line. Nobody else writes a line of these files.
 /// @throws RuntimeFault  the file fault, from any member.
 class Ledger {
  public:
-  /// @param module, session  borrowed; must outlive the ledger. The session's failures go where
-  /// they go now, but while the ledger takes them.
+  /// @param module, session  borrowed; must outlive the ledger. The session's present listener gets
+  /// its failures whenever the ledger doesn't take them.
   Ledger(ModuleCommun& module, OdbcSession& session)
       : module_(module), session_(session), listener_(session.listener) {}
   Ledger(const Ledger&) = delete;
   Ledger& operator=(const Ledger&) = delete;
   ~Ledger() { TakeFailures(false); }
 
-  /// In a resumed run, takes what the last run left into the chain's state. Empties nothing: a
-  /// damaged chain or trace is found while all is as it was.
+  /// In a resumed run, merges what the last run left into the chain's state. Empties no file, so
+  /// that a damaged chain or trace is found while everything is as it was.
   void TakeChain();
 
   /// Opens the files: the diagnostics, and with the resume option the rejected lines and the trace,
   /// all emptied. To be called after TakeChain.
   void Open();
 
-  /// Whether failures of the data source go to ".ERR", which has to be open.
+  /// Says whether failures of the data source go to ".ERR". They don't while it isn't open.
   void TakeFailures(bool taken);
 
   /// What a resumed run does with this source line; always kTake in a fresh run.
@@ -48,29 +48,30 @@ class Ledger {
     return resume_ ? resume_->Decide(line_number, line) : ResumeDecision::kTake;
   }
 
-  /// Takes down what became of records, in their order, and counts them in the run's progress: what
-  /// there is to say about a record, its text when it is rejected, and its trace.
+  /// Writes down what became of records, in their order: the diagnostics of each, its text when it
+  /// is rejected, and its trace. Counts them in the run's progress.
   void Settle(std::span<const Record> block);
 
   /// To be called when the run takes no more lines.
-  /// @param source  its path. @param lines  that it had. @param all  whether it has no more.
+  /// @param source  the source's path. @param lines  how many of its lines were read. @param all
+  /// whether it has no more.
   /// @throws RuntimeFault  input past end, naming the source, when it has no more but an earlier
-  /// run had come further, or has rejected lines of it left.
+  /// run came further or rejected a line beyond them.
   void End(const std::string& source, std::int32_t lines, bool all);
 
-  /// Puts the previous run's rejected lines and trace back, for a resumed run that came to no line:
-  /// emptied, there would be nothing to mend. Nothing in a fresh run.
+  /// For a resumed run that came to no line: puts the previous run's rejected lines and trace back,
+  /// so that the user can still mend the lines. Does nothing in a fresh run.
   void RestorePrevious();
 
-  /// Closes everything and deletes the files that a fresh run has made, which are empty.
+  /// Closes everything. In a fresh run, deletes the files that it has made, which are empty.
   void Discard();
 
-  /// Closes everything, whatever fails.
+  /// Closes every file, even when closing another one fails.
   /// @return the first fault, empty when there was none.
   std::optional<RuntimeFault> Close();
 
  private:
-  /// Nothing when there is no such file.
+  /// Does nothing when there is no such file.
   void CopyFile(const std::string& from, const std::string& to);
   void BeginChain();
   void MarkChain(ChainMark mark);

@@ -16,7 +16,7 @@ ReplacingFile::ReplacingFile(FileSystem& files, const std::string& path)
     : files_(files), file_(RunFile::Create(files, path)), path_(file_->path()) {}
 
 ReplacingFile::~ReplacingFile() {
-  file_.reset();  // some systems delete no open file
+  file_.reset();  // some systems can't delete an open file
   if (!done_) static_cast<void>(files_.Remove(path_));
 }
 

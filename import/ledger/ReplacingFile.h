@@ -13,7 +13,8 @@ namespace imptable {
 /// A file that takes another's place once it is complete and on the disk; removed otherwise.
 class ReplacingFile {
  public:
-  /// @param files  borrowed. @param path  its own until then, in the directory of the other.
+  /// @param files  borrowed. @param path  where this file is until then; in the directory of the
+  /// other.
   /// @throws RuntimeFault  the file fault, as all members.
   ReplacingFile(FileSystem& files, const std::string& path);
   ReplacingFile(const ReplacingFile&) = delete;
@@ -22,7 +23,8 @@ class ReplacingFile {
 
   RunFile& file() { return *file_; }
 
-  /// @param path  of the file to replace, which nobody has open: some systems replace no other.
+  /// @param path  of the file to replace. Nobody has it open: some systems can't replace an open
+  /// file.
   void Replace(const std::string& path);
 
  private:
@@ -32,7 +34,7 @@ class ReplacingFile {
   bool done_ = false;
 };
 
-/// A file to copy: opened before that which is to receive it is made.
+/// A file to copy. It is opened before the file that receives the copy is made.
 class CopiedFile {
  public:
   /// @throws RuntimeFault  the file fault, naming the file, as all members.

@@ -15,13 +15,13 @@ namespace {
 
 constexpr std::string_view kNewSuffix = ".NEW";
 
-/// Of memory for each file: three are open at a time, and as a rule they are short.
+/// The memory for each file. Three files are open at a time, and most are short.
 constexpr std::size_t kChainBlockBytes = std::size_t{16} << 10U;
 
-/// The lines of an earlier run, taken one by one beside the chain's entries.
+/// Merges the lines of the last run with the chain's entries, line by line.
 class ChainMerge {
  public:
-  /// @param chain, trace, rejected  borrowed; null for what doesn't exist.
+  /// @param chain, trace, rejected  borrowed; null for a file that doesn't exist.
   ChainMerge(ChainReader* chain, TraceReader* trace, LineReader* rejected, ChainWriter& out)
       : chain_(chain), trace_(trace), rejected_(rejected), out_(out) {}
 
@@ -29,7 +29,7 @@ class ChainMerge {
     TakeEntry();
     std::int32_t last = 0;
     for (std::optional<TraceLine> line; (line = NextTraced());) {
-      // The last run came past these and left no trace of them: as mended, they held no record.
+      // The last run passed these lines without tracing them: as mended, they held no record.
       while (entry_ && entry_->line_number < line->line_number) TakeEntry();
       const bool known = entry_ && entry_->line_number == line->line_number;
       if (line->failed) Reject(line->line_number, known);
@@ -142,7 +142,7 @@ void ResumeChain::Advance(const std::string& trace, const std::string& rejected,
   ReplacingFile next(files_, new_path_);
   ChainWriter writer(next.file(), identity);
   ChainMerge(chain.get(), trace_lines.get(), rejected_lines.get(), writer).Run();
-  chain.reset();  // some systems replace no open file
+  chain.reset();  // some systems can't replace an open file
   next.Replace(path_);
 }
 
@@ -158,8 +158,8 @@ void ResumeChain::Void() {
 }
 
 void ResumeChain::VoidInPlace() {
-  // Cut, the file makes the room that its new text needs. A run that dies in between leaves an
-  // empty one, that is refused as damaged: neither is resumed.
+  // Emptying the file makes the room for its new text. A run that dies in between leaves it empty.
+  // An empty file is refused as damaged, so it isn't resumed either.
   RunFile over = RunFile::Create(files_, path_);
   over.Write(VoidChainText());
   over.Flush();

@@ -11,16 +11,16 @@
 namespace imptable {
 
 /// The side file that holds the state of a chain of resumed runs. It is only ever replaced as a
-/// whole, by a file that has reached the disk, so that a run that dies at any moment leaves the old
+/// whole, by a file that has reached the disk. So a run that dies at any moment leaves the old
 /// state or the new one.
 class ResumeChain {
  public:
   enum class State : std::uint8_t {
     kNone,     // no file: the chain is the last run's trace alone
-    kFirst,    // the same, and it is known of which task and source
-    kOpen,     // lines are to be done (or the file is damaged, which Advance says)
+    kFirst,    // likewise, but the file names the task and the source
+    kOpen,     // there are lines to do (or the file is damaged: Advance says so)
     kVoid,     // over; what the last run left isn't to be resumed
-    kForeign,  // the file is none of a chain: it isn't to be touched
+    kForeign,  // the file isn't a chain's: it must not be touched
   };
 
   /// @param files  borrowed. @param path  of the chain's file.
@@ -29,36 +29,37 @@ class ResumeChain {
   /// @throws RuntimeFault  the file fault.
   State state() const;
 
-  /// @throws RuntimeFault  when the file is none of a chain; the file fault.
+  /// @throws RuntimeFault  when the file isn't a chain's; the file fault.
   void RequireOwn() const;
 
   /// The last source line that the chain reached; 0 without an open chain.
   /// @throws RuntimeFault  invalid file format, naming the file and the line; file faults.
   std::int32_t Reached() const;
 
-  /// Makes the file of a chain whose only run is about to begin. An older one is given up.
+  /// Makes the file of a chain whose first run is about to begin. It replaces that of an older
+  /// chain.
   /// @throws RuntimeFault  the file fault; the file is then as it was.
   void Begin(const ChainIdentity& identity);
 
-  /// Merges what the last run left into the chain. Doing it again changes nothing. Lines are
-  /// rejected as the trace says, with the text that the rejected-lines file has for them (its nth
-  /// line belongs to the nth rejection of the trace), else with the chain's own copy, else with
-  /// that of the source. A file of the last run that doesn't exist counts as empty.
-  /// @param identity  of the chain from now on.
+  /// Merges what the last run left into the chain. Doing it again changes nothing. The trace says
+  /// which lines are rejected. The text of a rejected line comes from the rejected-lines file (its
+  /// nth line belongs to the nth rejection of the trace), else from the chain, else from the
+  /// source. A file of the last run that doesn't exist counts as empty.
+  /// @param identity  the chain's from now on.
   /// @throws RuntimeFault  for a damaged chain or trace, naming file and line; file faults. The
   /// chain is then as it was.
   void Advance(const std::string& trace, const std::string& rejected,
                const ChainIdentity& identity);
 
-  /// Notes how the run has ended. Where that can't be written it counts as not come to its end,
-  /// which is the careful answer.
+  /// Notes how the run has ended. When that can't be written, the run counts as one that didn't
+  /// come to its end, which is the careful answer.
   void Mark(ChainMark mark);
 
   /// The chain's rejected lines; null without a file. @throws RuntimeFault  as Reached.
   std::unique_ptr<ChainReader> Open() const;
 
-  /// Declares the chain to be over, whatever the last run has left; there is a file afterwards. An
-  /// existing chain needs no room on a full disk.
+  /// Declares the chain over, whatever the last run has left. The file exists afterwards. When it
+  /// existed before, a full disk is no obstacle.
   /// @throws RuntimeFault  the file fault.
   void Void();
 
@@ -72,7 +73,7 @@ class ResumeChain {
   void VoidInPlace();
 
   FileSystem& files_;
-  std::string path_;      // as found
+  std::string path_;      // as the file system locates it
   std::string new_path_;  // of the file that is to replace it
 };
 

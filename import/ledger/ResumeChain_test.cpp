@@ -26,7 +26,7 @@ class ChainOfResumes : public testing::Test {
     chain().Advance(folder_.path() + "T.TRC", folder_.path() + "T.LER", {.scenario = "S"});
   }
   ResumeChain chain() { return ResumeChain(files_, folder_.path() + "T.REP"); }
-  /// Its lines after the identity.
+  /// The lines of the chain's file after the identity.
   std::vector<std::string> Chain() {
     std::vector<std::string> lines;
     std::istringstream text(folder_.Read("T.REP"));
@@ -94,7 +94,7 @@ TEST_F(ChainOfResumes, IsTheSameWhenItIsAdvancedTwice) {
   EXPECT_THAT(once, ElementsAre("000000021", "2;again", "000000081", "8;h", "END 00000009"));
   Advance();
   EXPECT_EQ(Chain(), once);
-  // As a run leaves them that died after emptying one file or both.
+  // What a run leaves when it dies after emptying one file or both.
   Write("T.LER", {});
   Advance();
   EXPECT_EQ(Chain(), once);
@@ -191,7 +191,7 @@ TEST_F(ChainOfResumes, IsOverEvenWhereTheDiskHasNoRoomForAnotherFile) {
     EXPECT_EQ(chain().state(), ResumeChain::State::kVoid);
     EXPECT_FALSE(folder_.Exists("T.REP.NEW"));
   }
-  // Any other fault leaves it as it was.
+  // Any other fault leaves the chain as it was.
   Write("T.REP", {"REP 1", "000000020", "END 00000003"});
   files_.Fail(FileOperation::kWrite, 1, std::make_error_code(std::errc::io_error));
   EXPECT_THROW(chain().Void(), RuntimeFault);

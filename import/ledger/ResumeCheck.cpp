@@ -99,10 +99,10 @@ std::optional<ResumeObstacle> OtherTarget(const ChainIdentity& before, const Cha
   return std::nullopt;
 }
 
-/// Whether the rejected lines are as many as a run leaves that ended or was killed.
+/// Whether the last run, ended or killed, can have left so many rejected lines.
 bool RejectedLinesFit(const ChainFindings& chain) {
   if (chain.rejected_lines == chain.rejections) return true;
-  // The line in hand is kept before it is traced; a run that came to its end has none in hand.
+  // A rejected line is written before its trace. Only a run that was cut short leaves one untraced.
   if (chain.rejected_lines == chain.rejections + 1) return chain.mark == ChainMark::kNone;
   return chain.rejected_lines == 0 && chain.rejected_lines_are_in_chain;
 }

@@ -14,7 +14,7 @@ ResumeDecisions::ResumeDecisions(std::unique_ptr<ChainReader> chain, bool skip_m
     : chain_(std::move(chain)), skip_mark_(skip_mark), entry_(chain_->Next()) {}
 
 ResumeDecision ResumeDecisions::Decide(std::int32_t line_number, std::string_view& line) {
-  // Only now: the text that the last call gave was the entry's own.
+  // Not before: the text that the last call gave is valid until the next entry is read.
   if (entry_taken_) entry_ = chain_->Next();
   entry_taken_ = entry_ && entry_->line_number == line_number;
   if (!entry_taken_) {

@@ -14,7 +14,7 @@ bool HasSucceeded(const ModuleCommun& module) {
   return etat == static_cast<std::int32_t>(RunStatus::kSucceeded);
 }
 
-/// Whether it is the source that the chain has read, with nothing added to it since.
+/// Whether the source is the one that the chain has read, with nothing added since.
 bool IsSourceOf(FileSystem& files, const RunState& run, const ChainFindings& chain) {
   if (!chain.identity || FindObstacle(files, run, chain)) return false;
   return IdentityOf(files, run).source.size == chain.identity->source.size;
@@ -33,7 +33,7 @@ ResumeOutlook LookAtResume(ModuleCommun& module) {
   const bool traced = IsNotEmpty(files, outlook.chain.trace_path);
   outlook.succeeded = HasSucceeded(module);
   if (state == ResumeChain::State::kVoid || !(open || traced)) return outlook;
-  // It did every line and said so, and only died before it deleted its trace.
+  // The last run did every line and stored its success. It only died before it deleted its trace.
   if (outlook.succeeded && outlook.chain.mark == ChainMark::kRead &&
       outlook.chain.rejections == 0) {
     if (IsSourceOf(files, run, outlook.chain)) outlook.answer = ResumeAnswer::kDone;

@@ -16,14 +16,14 @@ enum class ResumeAnswer : std::uint8_t {
   kNothing,             // there is no line to go on from
   kDone,                // every line of this source is done: only the trace is still there
   kOptionOff,           // lines are traced, but the task's resume option is off
-  kNeedsTraceOption,    // lines are traced and none rejected: the trace option lets them count
+  kNeedsTraceOption,    // lines are traced and none rejected: the trace option is needed
   kNoSource,            // there is no data file
-  kEmptySource,         // it is empty
-  kModeImportsNothing,  // the task's mode
-  kObstacle,            // see there
+  kEmptySource,         // the data file is empty
+  kModeImportsNothing,  // the task's mode imports nothing
+  kObstacle,            // see ResumeOutlook::obstacle
 };
 
-/// The same with what it is known by, looked at without touching anything.
+/// The answer with the findings behind it. Looking changes nothing.
 struct ResumeOutlook {
   ResumeAnswer answer = ResumeAnswer::kNothing;
   ChainFindings chain;
@@ -32,7 +32,7 @@ struct ResumeOutlook {
   bool succeeded = false;  // the last run, by its status
 };
 
-/// @param module  whose run has the task's settings.
+/// @param module  its run has the task's settings.
 /// @throws RuntimeFault  for a damaged trace or chain; file faults.
 ResumeOutlook LookAtResume(ModuleCommun& module);
 

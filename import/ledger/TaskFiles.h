@@ -18,14 +18,14 @@ inline constexpr std::string_view kTraceCopyExtension = ".TRB";
 inline constexpr std::string_view kChainExtension = ".REP";
 inline constexpr std::string_view kSelectionExtension = ".SUP";
 
-/// A directory as names are appended to it: it ends with the path separator.
+/// The directory with the path separator at its end, so that names can be appended.
 std::string FolderOf(std::string directory);
 
 /// Path of the source file: the directory, the alias without its trailing blanks, and ".CSV" unless
 /// the task says that the alias is the complete file name.
 std::string DataFilePath(const OpenedTask& task);
 
-/// Path of a side file: the alias without its trailing blanks, wherever a run names one.
+/// Path of a side file: the directory, the alias without its trailing blanks, and the extension.
 std::string SideFilePath(const OpenedTask& task, std::string_view extension);
 
 }  // namespace imptable

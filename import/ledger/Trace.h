@@ -12,13 +12,13 @@
 
 namespace imptable {
 
-/// Digits of a line's number in the side files; a number that needs more takes them.
+/// A line's number has at least this many digits in the side files. A larger number takes more.
 inline constexpr std::size_t kLineNumberDigits = 8;
 
 /// Appends a number that isn't negative, zero-padded.
 void AppendLineNumber(std::int32_t number, std::string& out);
 
-/// @return false when the text is no such number, all of it.
+/// @return false unless the whole text is such a number.
 bool ReadLineNumber(std::string_view digits, std::int32_t& number);
 
 /// One line of the trace: what became of one line of the source file.
@@ -42,14 +42,14 @@ class TraceReader {
 
   /// @return nullopt at the end.
   /// @throws RuntimeFault  type mismatch, naming the file and the line, for a line that is no trace
-  /// line or whose number doesn't follow; file faults.
+  /// line or whose number isn't above the one before; file faults.
   std::optional<TraceLine> Next();
 
  private:
   std::unique_ptr<LineReader> lines_;
   std::string path_;
   std::int64_t number_ = 0;       // of the line in the trace
-  std::int32_t source_line_ = 0;  // that it is about
+  std::int32_t source_line_ = 0;  // that the trace line is about
 };
 
 }  // namespace imptable

@@ -1,4 +1,4 @@
-// Layouts by which no line of the source could give a value.
+// Layouts with which no line of the source can give a value.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-/// That the run ends before its first line, and why.
+/// Expects that the run ends before its first line and says why.
 void ExpectRefusal(ImportRun& run) {
   EXPECT_EQ(run.Go(), 3);
   EXPECT_THAT(run.Executed(), IsEmpty());

@@ -17,7 +17,8 @@ class InsertSteps final : public ModeSteps {
     if (!table().Load(true) || !Allocate(insert_) || !table().PrepareInsert(insert_.raw(), false)) {
       return false;
     }
-    // Some drivers prepare anything: without columns every line would be called badly formatted.
+    // Some drivers prepare any text. Without columns every line would then be called badly
+    // formatted.
     if (table().columns().empty()) {
       throw RuntimeFault(FaultNumber::kInvalidArgument,
                          "\"Table\" = \"" + module().run.table + '"');

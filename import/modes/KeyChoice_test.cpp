@@ -141,7 +141,7 @@ TEST_P(KeyChoice, SaysInEnglishThatThereIsNoKey) {
                                                "unique index: Abandoning process")));
 }
 
-/// A name that no column has is met when its parameter is bound.
+/// A key that isn't the name of a column is noticed when its parameter is bound.
 TEST_P(KeyChoice, FailsForANameThatNoColumnHasExactly) {
   struct Case {
     const char *setting, *name;

@@ -77,7 +77,7 @@ TEST_P(KeyedFaults, LeaveThePointerAloneOutsideThePointerMode) {
   EXPECT_EQ(run.component.pointer.reset, 0);
 }
 
-/// The counter is set back only when a reading loop starts.
+/// The line counter is set back only when a reading loop starts.
 TEST_P(KeyedFaults, BeforeTheFirstLineShowTheLineCountOfTheModeBefore) {
   KeyedRun run(Mode());
   run.Source({"1;a", "2;b", "3;c"});

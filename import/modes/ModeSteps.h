@@ -13,25 +13,25 @@
 
 namespace imptable {
 
-/// What one mode prepares before the first record and executes for each. Its statements live as
-/// long as it does.
+/// What one mode prepares before the first record and executes for each record. Its statements live
+/// as long as it does.
 class ModeSteps {
  public:
   ModeSteps(const ModeSteps&) = delete;
   ModeSteps& operator=(const ModeSteps&) = delete;
   virtual ~ModeSteps() = default;
 
-  /// Everything that is known before the first record: columns, statements, bindings, parser.
+  /// Prepares all that is known before the first record: columns, statements, bindings, parser.
   /// @return false when there is nothing to run; the reason has been reported.
   virtual bool Prepare() = 0;
 
-  // To be called after a Prepare that gave true.
+  // To be called after a Prepare that returned true.
 
-  /// Of the records, into the buffers that the statements send.
+  /// Reads records into the buffers that the statements send.
   RecordParser& parser() { return *parser_; }
 
   /// Executes the record in the buffers, unless one of its values isn't fit to be sent.
-  /// @param line  that the parser has read into them.
+  /// @param line  the line that the parser has read into the buffers.
   RecordResult ExecuteRecord(std::string_view line);
 
  protected:
@@ -41,7 +41,7 @@ class ModeSteps {
 
   virtual RecordResult Execute() = 0;
 
-  /// To be called once the statements are bound.
+  /// Sets the parser, once the statements are bound.
   void ReadWith(RecordParser parser);
 
   /// Allocates a statement of the mode. @return false after a diagnostic has been reported.
@@ -59,8 +59,8 @@ class ModeSteps {
   std::optional<SentValues> values_;
 };
 
-/// The native code of the duplicate that the task ignores; nullopt when it ignores none.
-/// @throws RuntimeFault  when it is no number.
+/// The native code of the duplicates that the task ignores; nullopt when it ignores none.
+/// @throws RuntimeFault  when the code is no number.
 std::optional<SQLINTEGER> IgnorableCode(const ImportSettings& settings);
 
 // One for each mode that imports something; module and session are borrowed.
@@ -71,7 +71,7 @@ std::unique_ptr<ModeSteps> MakeInsertSteps(ModuleCommun& module, OdbcSession& se
 /// Changes, for every line of the source, the rows of the target table that have the line's key.
 std::unique_ptr<ModeSteps> MakeUpdateSteps(ModuleCommun& module, OdbcSession& session);
 
-/// The same; inserts the line when that changed none.
+/// The same, but inserts the line when it changed no row.
 std::unique_ptr<ModeSteps> MakeUpdateInsertSteps(ModuleCommun& module, OdbcSession& session);
 
 /// Removes, for every line of the source, the rows of the target table that have the line's key.

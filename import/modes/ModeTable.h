@@ -22,14 +22,14 @@ enum class SuccessLine : std::uint8_t {
 /// A count that closes the report of an import.
 struct ClosingCount {
   Outcome outcome = Outcome::kInserted;
-  Message text = Message::kCopied;  // that follows the number
+  Message text = Message::kCopied;  // the text after the number
   bool leading_blank = false;       // in place of a plus sign
 };
 
 /// What one mode does its own way; the loop does the rest.
 struct Mode {
   ImportMode number = ImportMode::kInsert;
-  Message banner = Message::kInsertBanner;  // that opens its report
+  Message banner = Message::kInsertBanner;  // the first line of its report
   ClosingCount count = {};
   std::optional<ClosingCount> second_count = {};
   SuccessLine success = SuccessLine::kInformation;
@@ -37,7 +37,8 @@ struct Mode {
   /// A fault inside the mode counts as a failed deletion before the import.
   bool fault_fails_deletion = true;
 
-  /// The task's ignorable duplicate is heeded, so its code has to be a number.
+  /// The mode can ignore duplicates. The error code by which the task tells them has to be a
+  /// number.
   bool ignores_duplicates = false;
 
   std::unique_ptr<ModeSteps> (*make_steps)(ModuleCommun& module, OdbcSession& session) = nullptr;

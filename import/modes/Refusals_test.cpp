@@ -1,4 +1,4 @@
-// What a database refuses with a success: the driver has information, and nothing was done.
+// Refusals that end as a success with information: nothing was done.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

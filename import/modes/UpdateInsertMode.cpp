@@ -26,7 +26,7 @@ class UpdateInsertSteps final : public ModeSteps {
 
  private:
   RecordResult Execute() override {
-    // A line whose UPDATE fails is one error: no INSERT is tried, whatever the reason.
+    // A line whose UPDATE fails counts as one error. No INSERT is tried, whatever the reason.
     Execution update = ExecuteKeyed(session(), update_.raw());
     if (update.refused || update.changed()) {
       return ResultOfKeyed(std::move(update), Outcome::kModified);

@@ -7,8 +7,8 @@
 
 namespace imptable {
 
-/// The bytes from one delimiter to the place where the next one is looked for: its first character.
-/// So a delimiter of several characters may overlap with itself.
+/// How many bytes after the start of a delimiter the search for the next one begins: the length of
+/// the delimiter's first character. So delimiters of several characters may overlap.
 std::size_t DelimiterStep(std::string_view delimiter, bool utf8);
 
 /// Splits one delimited line into its fields; no text qualifier is recognised.
@@ -22,7 +22,7 @@ void SplitDelimited(std::string_view line, std::string_view delimiter, std::size
 
 /// Splits one fixed-width line.
 /// Units:   widths count characters of the code page, not bytes.
-/// Returns: one field a width; fields past the end of the line are empty.
+/// Returns: one field for each width; fields past the end of the line are empty.
 void SplitFixedWidth(std::string_view line, const std::vector<std::size_t>& widths, bool utf8,
                      std::vector<std::string_view>& fields);
 

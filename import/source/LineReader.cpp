@@ -51,7 +51,7 @@ void LineReader::Refill() {
 }
 
 std::size_t LineReader::FindCarriageReturn() {
-  // Looked for once a block in files that have none, instead of once a line.
+  // In a file that has no CR, this looks for one once a block instead of once a line.
   if (carriage_return_ < begin_ || begin_ == 0) {
     const void* const found = std::memchr(buffer_.data() + begin_, '\r', end_ - begin_);
     carriage_return_ =

@@ -16,7 +16,7 @@ namespace imptable {
 /// the rejected-lines file as it stands.
 inline constexpr std::size_t kMostLineBytes = std::size_t{256} << 20U;
 
-/// Of memory to begin with.
+/// The memory that a reader begins with.
 inline constexpr std::size_t kLineBlockBytes = std::size_t{256} << 10U;
 
 /// Reads a text file line by line. Lines end with CR LF, LF or CR; the last one needs no end.
@@ -32,7 +32,7 @@ class LineReader {
   /// @param line  the next line without its end; valid until the next call.
   /// @return false at the end of the file.
   /// @throws RuntimeFault  the file fault when reading fails; out of memory for a line of
-  /// kMostLineBytes or more, and for one that there is no memory for.
+  /// kMostLineBytes or more, and for a line that there is no memory for.
   bool Next(std::string_view& line);
 
   /// Bytes of the file that the lines so far have taken, line ends included.
@@ -61,13 +61,14 @@ class LineReader {
   std::uint64_t bytes_taken_ = 0;
 };
 
-/// Opens a file of lines that may be missing, which has no byte order mark.
+/// Opens a file of lines that may be missing. A byte order mark in it isn't skipped.
 /// @return null when there is no such file. @throws RuntimeFault  the file fault.
 std::unique_ptr<LineReader> OpenLinesIfAny(FileSystem& files, const std::string& path,
                                            std::size_t block_bytes = kLineBlockBytes);
 
-/// Whether a file of so many bytes has no line: nothing is in it, or a byte order mark alone.
-/// @param skip_mark  as LineReader has it. @throws RuntimeFault  the file fault.
+/// Whether a file has no line: it is empty, or a byte order mark is all it holds.
+/// @param size  the file's, in bytes. @param skip_mark  as for LineReader.
+/// @throws RuntimeFault  the file fault.
 bool HasNoLine(FileSystem& files, const std::string& path, std::uint64_t size, bool skip_mark);
 
 }  // namespace imptable

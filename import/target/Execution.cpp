@@ -17,7 +17,8 @@ bool InsertedNothing(SQLHSTMT statement) {
   return Succeeded(SQLRowCount(statement, &rows)) && rows == 0;
 }
 
-/// Counts the changed rows; a count that the database refuses is 0, with what it says about that.
+/// Counts the changed rows. When the database refuses to count, the count is 0 and its diagnostics
+/// are kept.
 void CountRows(OdbcSession& session, SQLHSTMT statement, Execution& execution) {
   if (SQLRowCount(statement, &execution.rows) == SQL_SUCCESS) return;
   execution.rows = 0;
@@ -41,7 +42,7 @@ Execution ExecuteInsert(OdbcSession& session, SQLHSTMT statement,
   const SQLRETURN code = session.Execute(statement);
   if (code == SQL_SUCCESS) return {};
   Execution execution;
-  // Now: the call for the count would lose them.
+  // Now, because the call for the row count would lose them.
   execution.diagnostics = session.TakeDiagnostics(statement, ignorable);
   if (code == SQL_SUCCESS_WITH_INFO && !InsertedNothing(statement)) return {};
   const std::vector<Diagnostic>& diagnostics = execution.diagnostics;

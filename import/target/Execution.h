@@ -13,23 +13,23 @@ namespace imptable {
 struct Execution {
   bool refused = false;
   bool duplicate_ignored = false;
-  SQLLEN rows = 0;  // of a keyed statement that wasn't refused, as SQLRowCount has them
+  SQLLEN rows = 0;  // from SQLRowCount; only for a keyed statement that wasn't refused
 
-  /// What it says about a refusal, or about a count that it refuses.
+  /// What the database says about a refusal, or about a row count that it can't give.
   std::vector<Diagnostic> diagnostics = {};
 
-  /// Whether at least one row was changed: -1 says nothing.
+  /// Whether at least one row was changed. The count -1 doesn't say.
   bool changed() const { return rows != 0 && rows != -1; }
 };
 
-/// Executes a prepared INSERT. A driver may call a refusal a success with information: then no row
-/// was inserted.
+/// Executes a prepared INSERT. A driver may report a refusal as a success with information: the
+/// INSERT counts as refused when it inserted no row.
 /// @param ignorable  the native code of the duplicate that the task ignores.
 Execution ExecuteInsert(OdbcSession& session, SQLHSTMT statement,
                         std::optional<SQLINTEGER> ignorable);
 
-/// Executes a prepared UPDATE or DELETE, for which no row is no failure. An information may be a
-/// refusal in the database's dialect.
+/// Executes a prepared UPDATE or DELETE, which may find no row without failing. In some dialects a
+/// success with information may be a refusal.
 Execution ExecuteKeyed(OdbcSession& session, SQLHSTMT statement);
 
 /// The record's result of an INSERT.

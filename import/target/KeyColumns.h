@@ -10,7 +10,8 @@ namespace imptable {
 
 /// Chooses the columns that identify a row: the table's primary key when "PrimKey" is set, else the
 /// pieces of "Cle/Index" between its commas, exactly as they stand.
-/// @return false after the abandon has been reported: no key, no support for it, or a failed query.
+/// @return false when there is no key, the driver can't list it, or the query failed. That has been
+/// reported.
 bool ChooseKeyColumns(ModuleCommun& module, OdbcSession& session, std::vector<std::string>& keys);
 
 /// name " = ?" for each key, joined by " AND ".

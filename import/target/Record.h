@@ -14,9 +14,9 @@ namespace imptable {
 
 /// What is wrong with a record before the database sees it.
 enum class Complaint : std::uint8_t {
-  kBadRecord,  // its fields can't be taken for values
+  kBadRecord,  // its fields can't be turned into values
   kHoldsNul,   // one of its texts would be cut at a NUL
-  kTooLong,    // the rest is about the value of one column
+  kTooLong,    // this and all below: about the value of one column
   kNoNumber,
   kNoBit,
   kNoDate,
@@ -34,7 +34,7 @@ struct RecordDiagnostic {
 
   Stage stage = Stage::kBeforeExecution;
   Complaint complaint = Complaint::kBadRecord;
-  std::string column = {};  // of the table; empty when it isn't about one
+  std::string column = {};  // of the table; empty when nothing is wrong with one column alone
   bool is_key = false;      // rows are looked for by that column
   std::string value = {};   // as it would be sent
   Diagnostic driver = {};

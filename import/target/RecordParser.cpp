@@ -27,7 +27,7 @@ ParseResult RecordParser::ParseRecord(std::string_view line) {
         field.field < fields_.size() ? fields_[field.field] : std::string_view();
     if (!FillColumn(field, value, empty)) return ParseResult::kFailed;
   }
-  // The values of several columns are joined by ",", so their record is never empty.
+  // A record of several columns is never empty: the "," that joins their values counts.
   return plan_.column_count == 1 && empty ? ParseResult::kEmpty : ParseResult::kRecord;
 }
 
@@ -68,7 +68,7 @@ bool RecordParser::FillColumn(const FieldPlan& field, std::string_view value, bo
   value = StoredPart(value, plan_);
   empty = value.empty();
   if (StoreValue(value, field.target, plan_, *field.buffer)) return true;
-  // A key's own complaint names its column.
+  // Don't fail on a key here: SentValues complains about it, with the name of its column.
   if (!field.is_key || field.target != FieldPlan::Target::kNumber) return false;
   field.buffer->SetUnreadableNumber(value, plan_.utf8);
   return true;

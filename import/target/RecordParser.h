@@ -21,7 +21,7 @@ class RecordParser {
  public:
   explicit RecordParser(RecordPlan plan);
 
-  /// A line costs no allocation, but for a value that is longer than any before it.
+  /// Allocates nothing, except for a value that is longer than any before it.
   ParseResult ParseRecord(std::string_view line);
 
   /// Whether one of the texts that the last record put into the buffers holds a NUL.

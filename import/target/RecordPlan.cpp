@@ -25,9 +25,9 @@ FieldPlan::Format FormatOf(const ColumnDefinition& column, bool explicit_separat
   return FieldPlan::Format::kAsIs;
 }
 
-/// The origin of every table column: by "Champs" in the order of its values when the task uses it
-/// and it exists, else file column n for table column n. Columns past the last value have none,
-/// which is null.
+/// The origin of every table column. When the task uses "Champs" and has values there, the nth
+/// value is for table column n, and columns past the last value get null. Else file column n is for
+/// table column n.
 std::vector<ColumnOrigin> OriginsOf(const RunState& run, std::size_t column_count) {
   std::vector<ColumnOrigin> origins;
   if (run.parameter_option == Flag::kOn) {
@@ -63,7 +63,7 @@ FieldPlan FieldPlanOf(const ColumnOrigin& origin, const std::vector<ColumnDefini
   return field;
 }
 
-/// Whether no line that is a record has this field, or any character in it.
+/// Whether this field is missing or empty in every line that is a record.
 bool HasNoCharacters(const RecordPlan& plan, std::size_t field) {
   if (plan.delimited) return field >= plan.column_count;
   return field >= plan.widths.size() || plan.widths[field] == 0;

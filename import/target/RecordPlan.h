@@ -47,14 +47,14 @@ struct RecordPlan {
   std::string decimal_separator;    // the user's
   std::vector<FieldPlan> fields;    // the table columns that file fields feed
 
-  /// A constant or variable that its column can't take: no line can be converted.
+  /// A column can't take its constant or variable, so no line can be converted.
   bool unconvertible = false;
 
   /// Per table column, whether no line can give it a value.
   std::vector<bool> always_null;
 
-  /// A record of one column is empty when its value is; this is that value when it is the same for
-  /// every line.
+  /// Whether the value that is the same for every line is empty. A record of one column is empty
+  /// when its value is.
   bool fixed_value_is_empty = true;
 };
 
@@ -66,7 +66,7 @@ struct RecordPlan {
 RecordPlan CompileRecordPlan(const ModuleCommun& module, const std::vector<TargetColumn>& columns,
                              std::vector<ParameterBuffer>& buffers);
 
-/// A value without its trailing blanks where these are null; empty for "Null", wherever it stands.
+/// The value without its trailing blanks when blanks are null; empty when it is "Null".
 std::string_view StoredPart(std::string_view value, const RecordPlan& plan);
 
 /// Stores one value into the field of the buffer that the column's SQL type uses; an empty value is

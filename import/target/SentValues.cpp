@@ -9,7 +9,7 @@
 namespace imptable {
 namespace {
 
-/// ODBC's numbers of types of numbers: never change.
+/// ODBC's codes of number types: never change.
 constexpr bool IsNumberType(std::int16_t sql_type) {
   switch (sql_type) {
     case SQL_NUMERIC:
@@ -27,7 +27,7 @@ constexpr bool IsNumberType(std::int16_t sql_type) {
   }
 }
 
-/// Whether a double is a whole number that isn't below zero and stands for no other.
+/// Whether a double is a whole number from 0 on that no other whole number is rounded to.
 bool IsWholeAndExact(double number) {
   constexpr double kMost = 9007199254740992.0;  // 2 to the power of 53
   return number >= 0 && number <= kMost && std::trunc(number) == number;

@@ -12,17 +12,18 @@
 
 namespace imptable {
 
-/// Looks at a line's values before they are sent. A database that can't read a key as its column's
-/// type may compare by a part of it, or by zero, and change the rows of another key; so would a key
-/// that is cut on its way. A driver that converts a value by itself may send another one.
+/// Checks a line's values before they are sent. A database that can't read a key as its column's
+/// type may compare a part of it, or zero, and change the rows of another key. A key that is cut on
+/// its way could do the same. A driver that converts a value by itself may send another value.
 class SentValues {
  public:
-  /// @param session, table  borrowed; must outlive the object. The table's columns are bound.
-  /// @param decimal_separator  the user's, which some databases take in a number.
+  /// @param session, table  borrowed; must outlive the object. The table's columns are bound
+  /// already.
+  /// @param decimal_separator  the user's; some databases accept it in a number.
   SentValues(const OdbcSession& session, const TargetTable& table, std::string decimal_separator);
 
-  /// @param parser  that has read the line into the table's buffers.
-  /// @return what is wrong with the first value that is none of its column; nullopt when all are
+  /// @param parser  has read the line into the table's buffers.
+  /// @return what is wrong with the first value that its column can't take; nullopt when all are
   /// fit to be sent.
   std::optional<RecordDiagnostic> Check(const RecordParser& parser, std::string_view line) const;
 
@@ -44,7 +45,7 @@ class SentValues {
   };
 
   Rule KeyRuleOf(const TableColumn& column) const;
-  /// @return nullopt for a column whose values go as they are.
+  /// @return nullopt for a column whose values aren't checked.
   std::optional<Rule> ValueRuleOf(const TableColumn& column) const;
   static Complaint ComplaintOf(Rule rule);
   bool Holds(Rule rule, const ParameterBuffer& buffer) const;

@@ -10,7 +10,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-/// A run by a key of this type, of a database of this name.
+/// A run with a key of this type, in a database of this name.
 class TypedRun : public KeyedRun {
  public:
   explicit TypedRun(const std::string& type, const std::string& dbms = {},

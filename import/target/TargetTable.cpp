@@ -6,14 +6,15 @@
 namespace imptable {
 namespace {
 
-/// @param column  that gets no value; empty: none does.
+/// @param column  the column that gets no value; empty when no column gets one.
 RuntimeFault NoValueFault(const std::string& column) {
   std::string names = "\"Champs\", \"NombreColonnes\"";
   if (!column.empty()) names += ", \"" + column + '"';
   return RuntimeFault(FaultNumber::kInvalidArgument, names, FaultRemedy::kGiveColumns);
 }
 
-/// No line of fixed width has fewer fields than the layout: each would be refused.
+/// A fixed-width line has as many fields as the layout. When these are too many, every line would
+/// be refused.
 RuntimeFault TooManyColumnsFault(std::size_t count) {
   return RuntimeFault(FaultNumber::kIndexOutOfRange,
                       "\"NombreColonnes\" = \"" + std::to_string(count) + '"');

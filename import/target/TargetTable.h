@@ -34,8 +34,8 @@ class TargetTable {
   /// Known once the columns are read.
   const TableName& name() const { return name_; }
 
-  /// Reads the columns. Those whose assignment in "Champs" ends with "Ignore" are left out; when
-  /// asked to, also those that the database versions itself.
+  /// Reads the columns. Columns whose assignment in "Champs" ends with "Ignore" are ignored. With
+  /// `with_special_columns`, so are those that the database sets itself whenever it changes a row.
   /// @return false after a diagnostic has been reported.
   bool Load(bool with_special_columns);
 
@@ -44,18 +44,19 @@ class TargetTable {
   /// Binds a parameter to the buffer of the column of this index.
   SQLRETURN Bind(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column);
 
-  /// The same for a parameter that rows are looked for by.
+  /// The same for a key: rows are looked for by this parameter.
   SQLRETURN BindKey(SQLHSTMT statement, SQLUSMALLINT number, std::size_t column);
 
   const ParameterBuffer& buffer(std::size_t column) const { return buffers_[column]; }
 
-  /// The parser of the run's lines, for all columns but those that are ignored and not bound.
+  /// The parser of the run's lines. It fills all columns except those that are ignored and not
+  /// bound.
   /// @throws RuntimeFault  when the column layout can't be understood, or no line can give any
   /// bound column a value.
   RecordParser MakeParser();
 
-  /// The same for lines that do nothing without a row of their key.
-  /// @throws RuntimeFault  as well when no line can give one of the keys a value.
+  /// The same for lines that do nothing when no row has their key.
+  /// @throws RuntimeFault  also when no line can give one of the keys a value.
   RecordParser MakeKeyedParser();
 
   /// "INSERT INTO " table " (" columns that aren't ignored ")" " VALUES (" "?, ?" ")".

@@ -3,7 +3,7 @@
 namespace imptable {
 namespace {
 
-/// Type name of columns that the database counts by itself.
+/// The type name of columns that the database fills with a counter.
 constexpr std::string_view kCounterType = "COUNTER";
 
 bool IsSet(const TargetColumn& column) {

@@ -17,11 +17,11 @@ class UpdateStatement {
 
   /// Allocates and prepares the statement and binds the columns of its SET list, then its keys.
   /// @return false after a diagnostic has been reported.
-  /// @throws RuntimeFault  index out of range for a key that no column has the name of.
+  /// @throws RuntimeFault  index out of range when no column has a key's name.
   bool Prepare(const std::vector<std::string>& keys);
 
   /// "UPDATE " table " SET " columns " WHERE " keys. The SET list leaves out the columns that are
-  /// ignored and those whose type the database counts by itself.
+  /// ignored and those that the database fills with a counter.
   std::string Text(const std::vector<std::string>& keys) const;
 
   SQLHSTMT raw() const { return statement_.raw(); }

@@ -9,7 +9,7 @@
 namespace imptable {
 namespace {
 
-/// Characters that the dates of every style lie within, and those of the longest time.
+/// The most characters that a date takes in any style, and those of its time.
 constexpr std::size_t kMostDateCharacters = 10;
 constexpr std::size_t kSecondsCharacters = 8;  // hh:mm:ss
 constexpr std::size_t kMinutesCharacters = 5;  // hh:mm
@@ -30,8 +30,8 @@ bool ReadPart(std::string_view text, std::size_t at, std::size_t count, unsigned
   return true;
 }
 
-/// Reads a year of two characters: they stand behind the century as they are, so that a blank
-/// before the digit makes it no number and one behind it a year of three digits.
+/// Reads a year of two characters by putting them behind the century. A blank before the digit
+/// makes them no number. A blank behind it makes a year of three digits.
 bool ReadShortYear(std::string_view text, std::size_t at, unsigned century, unsigned& year) {
   unsigned part = 0;
   if (!ReadPart(text, at, 2, part) || text[at - 1] == ' ') return false;
@@ -40,8 +40,8 @@ bool ReadShortYear(std::string_view text, std::size_t at, unsigned century, unsi
   return true;
 }
 
-/// The value with one byte a character: what is not ASCII becomes a byte that is no digit. Only its
-/// two ends matter, so its middle may be left out.
+/// The value with one byte for each character. A character that isn't ASCII becomes a byte that is
+/// no digit. Only the value's two ends are read, so a caller may leave out its middle.
 std::string OneByteImage(std::string_view value) {
   std::string image;
   for (std::size_t at = 0; at < value.size();) {

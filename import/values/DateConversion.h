@@ -18,8 +18,8 @@ namespace imptable {
 std::optional<SQL_TIMESTAMP_STRUCT> ReadDateValue(std::string_view value, const DateFormat& format,
                                                   int century, bool utf8);
 
-/// Reads yyyy-mm-dd, with or without a blank and hh:mm, hh:mm:ss or hh:mm:ss and a fraction of up
-/// to nine digits; blanks around it are ignored.
+/// Reads yyyy-mm-dd, alone or followed by a blank and hh:mm or hh:mm:ss. The seconds may have a
+/// fraction of up to nine digits. Blanks around the whole are ignored.
 /// @return nullopt for anything else.
 std::optional<SQL_TIMESTAMP_STRUCT> ReadIsoDate(std::string_view value);
 

@@ -42,7 +42,8 @@ class Scanner {
     return digits;
   }
 
-  /// A number of so many digits that is at most so large.
+  /// Takes digits. @return whether they are `fewest` to `most_digits`, and their number at most
+  /// `most`.
   bool TakeNumber(std::size_t fewest, std::size_t most_digits, int most) {
     const std::string_view digits = TakeDigits();
     if (digits.size() < fewest || digits.size() > most_digits) return false;
@@ -77,7 +78,7 @@ bool TakeFraction(Scanner& scanner) {
   return scanner.AtEnd();
 }
 
-/// hhmmss, from the right.
+/// Whether the digits, taken from the right, are hhmmss.
 bool IsPackedTime(std::string_view digits) {
   if (digits.size() > 7) return false;
   int number = 0;
@@ -86,7 +87,7 @@ bool IsPackedTime(std::string_view digits) {
          number / 10'000 <= kMostHours;
 }
 
-/// Whether a time of those hours is within a day, its end included.
+/// Whether a time with these hours lies within a day; 24:00 does.
 bool IsTimeOfDay(std::string_view hours, std::string_view text) {
   // A driver that reads two digits takes the third for the end of the text.
   if (hours.size() > 2) return false;

@@ -10,23 +10,23 @@ namespace imptable {
 
 /// How databases read a number in a text.
 struct NumberForm {
-  std::string_view separator;               // that may stand in the place of "."; may be empty
-  std::span<const std::string_view> words;  // that are numbers, in lower case, without a sign
+  std::string_view separator;               // accepted in the place of "."; may be empty
+  std::span<const std::string_view> words;  // read as numbers; in lower case, without a sign
 };
 
 /// Whether a text is a number to every database: white space around it, a sign before it, digits
 /// with or without a decimal point and an exponent; or one of the words.
 bool IsNumberText(std::string_view text, const NumberForm& form);
 
-/// Whether a number in such a text is 0 or 1.
+/// Whether a text is the number 0 or 1.
 bool IsBitText(std::string_view text);
 
 /// Whether a text is bytes in hexadecimal, two digits each.
 bool IsHexText(std::string_view text);
 
-/// Whether a text is a time of day, as hh:mm or hh:mm:ss, which a date of the form yyyy-mm-dd may
-/// precede.
-/// @param packed  whether hhmmss, a sign and spans of up to 838:59:59 will do as well.
+/// Whether a text is a time of day, hh:mm or hh:mm:ss. A date of the form yyyy-mm-dd may precede
+/// it.
+/// @param packed  whether hhmmss, a sign and spans of up to 838:59:59 are accepted, too.
 bool IsTimeText(std::string_view text, bool packed);
 
 /// Whether each part of a date is within its bounds; months and days may be 0.

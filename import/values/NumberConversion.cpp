@@ -10,8 +10,8 @@
 namespace imptable {
 namespace {
 
-/// No number that a double can be read from usefully has more. Fewer than make a double overflow,
-/// so that an exponent below zero can't.
+/// No useful number has more digits. So few digits can't overflow a double. With an exponent below
+/// zero a conversion can only fail on a number that is too small.
 constexpr std::size_t kMostDigits = 300;
 
 }  // namespace

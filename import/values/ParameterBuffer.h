@@ -20,8 +20,8 @@ struct ParameterBuffer {
   SQLLEN number_indicator = SQL_NULL_DATA;
   SQLLEN date_indicator = SQL_NULL_DATA;
   double number = 0;
-  SQL_TIMESTAMP_STRUCT date{};                       // its first members are those of a date alone
-  std::array<char, kParameterTextBytes + 1> text{};  // a NUL ends it: some drivers read on to one
+  SQL_TIMESTAMP_STRUCT date{};                       // begins with the members of a date alone
+  std::array<char, kParameterTextBytes + 1> text{};  // ends with a NUL: some drivers read up to it
   bool cut = false;                                  // the text was longer
   bool unreadable = false;  // the text is a value that the number can't take
 
@@ -50,7 +50,7 @@ struct ParameterBuffer {
     unreadable = false;
   }
 
-  /// The number is null; the text says what was to be read.
+  /// Sets the number to null and keeps the text that it can't be read from.
   void SetUnreadableNumber(std::string_view value, bool utf8) {
     SetText(value, utf8);
     number_indicator = SQL_NULL_DATA;

@@ -18,8 +18,8 @@
 
 namespace imptable {
 
-/// A component that the stand-alone services serve, on ports that a test sets up. Texts are
-/// UTF-8, French unless a test says otherwise; it is 04/03/2026 05:06:07.
+/// A component with the stand-alone host library, on a platform that a test sets up. Texts are
+/// UTF-8, and French unless a test says otherwise. The time is 04/03/2026 05:06:07.
 class HostedComponent {
  public:
   HostedComponent() { library.Attach(state.commun); }
