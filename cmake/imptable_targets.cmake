@@ -89,6 +89,18 @@ function(imptable_tests program)
   endif()
 endfunction()
 
+# The headers that nearly every file of the libraries includes, compiled once: for who builds the
+# command alone and for the first time. Otherwise ccache is faster, which can't share such objects
+# between clones.
+if(IMPTABLE_PRECOMPILE AND IMPTABLE_PRECOMPILE_LIBRARIES)
+  add_library(library_headers OBJECT "${CMAKE_SOURCE_DIR}/cmake/library_headers.cpp")
+  target_link_libraries(library_headers PRIVATE imptable_flags)
+  target_compile_options(library_headers PRIVATE -fpch-preprocess)
+  target_precompile_headers(library_headers PRIVATE
+    <algorithm> <array> <atomic> <cstdint> <functional> <map> <memory> <optional> <string>
+    <string_view> <system_error> <unordered_map> <utility> <variant> <vector>)
+endif()
+
 # imptable_sources(SOURCES TESTS folders...)
 #
 # The C++ files of folders, and the tests among them in a list of their own. Files for another
@@ -111,6 +123,10 @@ function(imptable_library name)
   if(ARG_SOURCES)
     add_library(${name} STATIC ${ARG_SOURCES})
     target_link_libraries(${name} PUBLIC imptable_flags ${ARG_DEPENDS})
+    if(TARGET library_headers)
+      target_compile_options(${name} PRIVATE -fpch-preprocess)
+      target_precompile_headers(${name} REUSE_FROM library_headers)
+    endif()
   else()
     add_library(${name} INTERFACE)
     target_link_libraries(${name} INTERFACE imptable_flags ${ARG_DEPENDS})
