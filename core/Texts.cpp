@@ -9,9 +9,9 @@ namespace imptable {
 namespace {
 
 constexpr auto kWordings = std::to_array<Wording>({
-#define TEXT(name, french, english) {french, english},
+#define COMPONENT_TEXT(name, french, english) {french, english},
 #include "resources/Texts.inc"
-#undef TEXT
+#undef COMPONENT_TEXT
 });
 
 }  // namespace

@@ -18,9 +18,9 @@ struct Wording {
 
 /// The component's own texts by their names.
 enum class ComponentText : std::uint8_t {
-#define TEXT(name, french, english) name,
+#define COMPONENT_TEXT(name, french, english) name,
 #include "resources/Texts.inc"
-#undef TEXT
+#undef COMPONENT_TEXT
 };
 
 /// The text in the system's code page, English when `language_offset` is 10000, else French.
