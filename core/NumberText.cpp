@@ -89,6 +89,14 @@ std::optional<std::int32_t> NumberFromText(std::string_view text) {
   return number;
 }
 
+std::optional<std::uint32_t> ReadCount(std::string_view text) {
+  text = WithoutBlanks(text);
+  std::uint32_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return number;
+}
+
 std::optional<std::int32_t> ReadWholeNumber(std::string_view text) {
   text = WithoutBlanks(text);
   return text.starts_with('-') ? std::nullopt : NumberFromText(text);

@@ -25,6 +25,10 @@ std::optional<NumberText> ParseNumberText(std::string_view text,
                                           std::string_view decimal_separator);
 
 /// Reads digits; blanks around them are ignored.
+/// @return nullopt for anything else and for a number that needs more than 32 bits.
+std::optional<std::uint32_t> ReadCount(std::string_view text);
+
+/// Reads digits; blanks around them are ignored.
 /// @return nullopt for anything else and for a number that doesn't fit.
 std::optional<std::int32_t> ReadWholeNumber(std::string_view text);
 

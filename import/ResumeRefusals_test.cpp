@@ -134,6 +134,28 @@ TEST(Resume, IsRefusedWithRejectedLinesAddedOrLeftOut) {
   }
 }
 
+/// As the command does: it has opened the task and found that it can be resumed.
+void FindThatItResumes(ImportRun& run) {
+  ModuleCommun& module = run.component.module();
+  module.opened_task = static_cast<const OpenedTask&>(module.run);
+  module.opened_task->resumes = true;
+}
+
+TEST(Resume, IsRefusedWithWhatHasChangedSinceTheCommandLooked) {
+  ImportRun run;
+  LeaveAChain(run);
+  FindThatItResumes(run);
+  run.Source({"9;x", "8;y", "7;z", "6;u"});
+  ExpectRefused(run, "CLIENTS.CSV");
+  run.Source({"1;a", "2;b;x", "3;c"});
+  FindThatItResumes(run);
+  run.folder.Write("CLIENTS.LER", "2;mended\n2;and again\n");
+  ExpectRefused(run, "CLIENTS.LER, 2; ");
+  FindThatItResumes(run);
+  std::filesystem::remove(run.folder.path() + "CLIENTS.LER");
+  ExpectRefused(run, "CLIENTS.LER, 0; ");
+}
+
 TEST(Resume, IsRefusedWithALineAddedAfterARunThatStoppedAtItsErrorLimit) {
   ImportRun run;
   run.Source({"1;a;x", "2;b;x", "3;c"});

@@ -140,7 +140,7 @@ void RunDriver::DecideResume() {
   try {
     ResumeChain(files, SideFilePath(run_, kChainExtension)).RequireOwn();
     run_.resume = request_.request == kResumeRequest && (run_.resumes || CanResume(files, run_));
-    if (!run_.resume || run_.resumes) return;
+    if (!run_.resume) return;
     const ChainFindings chain = FindChain(files, run_);
     if (const auto obstacle = FindObstacle(files, run_, chain)) throw FaultOf(*obstacle, chain);
   } catch (const RuntimeFault& fault) {

@@ -15,9 +15,9 @@ ColumnDefinition ParseColumnDefinition(const std::string& text, std::size_t numb
                                        bool fixed_width) {
   const ColumnEntry entry(text);
   const auto number_in = [&](std::string_view item) {
-    const auto whole = ReadWholeNumber(item);
+    const auto whole = ReadCount(item);
     if (!whole) FailOn(number, text);
-    return static_cast<std::size_t>(*whole);
+    return std::size_t{*whole};
   };
   ColumnDefinition column;
   column.type = entry.type().value_or(FileColumnType::kText);
@@ -63,14 +63,14 @@ ColumnOrigin ParseColumnOrigin(std::string_view value, std::string_view name) {
   if (!item.starts_with(kFieldOrigin)) {
     return {ColumnOrigin::Kind::kConstant, 0, std::string(item)};
   }
-  const auto number = ReadWholeNumber(item.substr(kFieldOrigin.size()));
+  const auto number = ReadCount(item.substr(kFieldOrigin.size()));
   const auto fault = [&](FaultNumber kind) {
     return RuntimeFault(kind,
                         "\"Champs\\" + std::string(name) + "\" = \"" + std::string(value) + '"');
   };
   if (!number) throw fault(FaultNumber::kTypeMismatch);
   if (*number == 0) throw fault(FaultNumber::kIndexOutOfRange);
-  return {ColumnOrigin::Kind::kField, static_cast<std::size_t>(*number) - 1, {}};
+  return {ColumnOrigin::Kind::kField, std::size_t{*number} - 1, {}};
 }
 
 }  // namespace imptable

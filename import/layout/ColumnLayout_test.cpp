@@ -135,5 +135,13 @@ TEST(ColumnLayout, NamesTheAssignmentThatItCannotRead) {
   EXPECT_EQ(OriginFault("CODE,(Col)0"), "9 \"Champs\\4\" = \"CODE,(Col)0\"");
 }
 
+TEST(ColumnLayout, TakesNumbersOfUpTo32Bits) {
+  const auto layout = ParseColumnLayout({"1,,4294967295", "5,2147483648,1"}, true);
+  EXPECT_EQ(layout.at(0).width, 4294967295U);
+  EXPECT_EQ(layout.at(1).decimals, 2147483648U);
+  EXPECT_EQ(ParseColumnOrigin("(Col)2147483648", "1").field, 2147483647U);
+  EXPECT_THROW(ParseColumnLayout({"1,,4294967296"}, true), RuntimeFault);
+}
+
 }  // namespace
 }  // namespace imptable
